@@ -1,0 +1,40 @@
+# What every target of this project has in common: the language, the warnings, the sanitizers.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+set(AMBREL_SANITIZER_SUPPRESSIONS ${CMAKE_CURRENT_LIST_DIR}/../Tests/Sanitizers)
+set(AMBREL_SANITIZER "" CACHE STRING "Sanitizers for the project's own targets, for example address,undefined")
+
+add_library(AmbrelOptions INTERFACE)
+target_compile_options(AmbrelOptions INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+if(AMBREL_SANITIZER)
+  target_compile_options(AmbrelOptions INTERFACE
+    -fsanitize=${AMBREL_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(AmbrelOptions INTERFACE -fsanitize=${AMBREL_SANITIZER})
+endif()
+
+# ambrel_add_test(NAME SOURCES file... [LIBRARIES target...] [LABELS label...])
+# A GoogleTest program whose cases are known to CTest one by one.
+# The programs with tests labelled "concurrency" are built by the target ConcurrencyTests.
+include(GoogleTest)
+add_custom_target(ConcurrencyTests)
+function(ambrel_add_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;LIBRARIES;LABELS")
+  add_executable(${name} ${test_SOURCES})
+  target_link_libraries(${name} PRIVATE AmbrelOptions GTest::gmock ${test_LIBRARIES})
+  if("concurrency" IN_LIST test_LABELS)
+    add_dependencies(ConcurrencyTests ${name})
+  endif()
+  # Discovered tests cannot carry a list of labels, but CTest selects labels by regular expression: one joined label does.
+  list(JOIN test_LABELS "+" label)
+  set(suppressions ${AMBREL_SANITIZER_SUPPRESSIONS}/thread.supp)
+  gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES
+    LABELS ${label}
+    ENVIRONMENT "TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${suppressions}")
+endfunction()

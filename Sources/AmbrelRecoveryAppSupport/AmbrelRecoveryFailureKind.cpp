@@ -1,0 +1,63 @@
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryFailureKind.h"
+
+#include <simdjson.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <string>
+#include <string_view>
+
+namespace {
+
+struct FailureText {
+    /// Lower case, as it stands anywhere in the engine's error text.
+    std::string_view text;
+    AmbrelRecoveryFailureKind withPassphrase;
+    AmbrelRecoveryFailureKind withRecoveryKey;
+
+    constexpr FailureText(std::string_view wanted, AmbrelRecoveryFailureKind kind) : FailureText(wanted, kind, kind) {}
+    constexpr FailureText(std::string_view wanted, AmbrelRecoveryFailureKind passphraseKind,
+                          AmbrelRecoveryFailureKind recoveryKeyKind)
+        : text(wanted), withPassphrase(passphraseKind), withRecoveryKey(recoveryKeyKind) {}
+};
+
+using enum AmbrelRecoveryFailureKind;
+
+/// Searched in this order: where a text holds two of them, the first decides.
+constexpr std::array failureTexts = {
+    FailureText("did not unlock", wrongPassphrase, wrongRecoveryKey),
+    FailureText("credential is invalid", wrongPassphrase, wrongRecoveryKey),
+    FailureText("invalid or unsupported", invalidPackage),
+    FailureText("package is unavailable", packageUnavailable),
+    FailureText("integrity verification failed", integrityFailure),
+    FailureText("destination already exists", destinationExists),
+    FailureText("destination is unavailable", destinationUnavailable),
+    FailureText("output could not be written", destinationUnavailable),
+};
+
+/// Every text searched for is ASCII, so only ASCII letters need to change.
+std::string lowerCased(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    });
+    return text;
+}
+
+} // namespace
+
+AmbrelRecoveryFailureKind classify(const AmbrelRecoveryProcessResult& result, AmbrelRecoveryAppFactor factor) {
+    if (result.exitCode == SIGTERM || result.exitCode == -SIGTERM) {
+        return cancelled;
+    }
+    if (!simdjson::validate_utf8(result.standardError)) {
+        return generic;
+    }
+    const std::string errorText = lowerCased(result.standardError);
+    for (const FailureText& failure : failureTexts) {
+        if (errorText.find(failure.text) != std::string::npos) {
+            return factor == AmbrelRecoveryAppFactor::recoveryKey ? failure.withRecoveryKey : failure.withPassphrase;
+        }
+    }
+    return generic;
+}

@@ -1,0 +1,111 @@
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
+
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+#include "AmbrelRecoveryAppSupport/CredentialPipe.h"
+#include "AmbrelRecoveryAppSupport/EngineProcess.h"
+#include "AmbrelRecoveryAppSupport/ExecutableFile.h"
+#include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
+
+#include <chrono>
+#include <utility>
+
+namespace {
+
+constexpr std::chrono::milliseconds waitSlice(100);
+constexpr const char* standardOutputName = "stdout";
+constexpr const char* standardErrorName = "stderr";
+
+double wallClockSeconds() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+[[noreturn]] void endAndThrow(EngineProcess& process, AmbrelRecoveryProcessError error) {
+    process.requestTermination();
+    process.waitForExit();
+    throw error;
+}
+
+/// Waits until the process has ended, at most `timeout` seconds of wall-clock time.
+void waitForExit(EngineProcess& process, double timeout) {
+    const double deadline = wallClockSeconds() + timeout;
+    while (!process.waitForExit(std::chrono::milliseconds(0))) {
+        if (wallClockSeconds() >= deadline) {
+            endAndThrow(process, AmbrelRecoveryProcessError::timedOut);
+        }
+        process.waitForExit(waitSlice);
+    }
+}
+
+} // namespace
+
+/// Holds the place of the one active process of a runner.
+class AmbrelRecoveryProcessRunner::Registration {
+public:
+    /// Throws AmbrelRecoveryProcessError::operationAlreadyRunning.
+    Registration(AmbrelRecoveryProcessRunner& runner, std::shared_ptr<EngineProcess> process)
+        : runner_(runner), process_(std::move(process)) {
+        const std::lock_guard lock(runner_.mutex_);
+        if (runner_.activeProcess_) {
+            throw AmbrelRecoveryProcessError::operationAlreadyRunning;
+        }
+        runner_.activeProcess_ = process_;
+    }
+
+    Registration(const Registration&) = delete;
+    Registration& operator=(const Registration&) = delete;
+
+    ~Registration() {
+        const std::lock_guard lock(runner_.mutex_);
+        if (runner_.activeProcess_ == process_) {
+            runner_.activeProcess_.reset();
+        }
+    }
+
+private:
+    AmbrelRecoveryProcessRunner& runner_;
+    const std::shared_ptr<EngineProcess> process_;
+};
+
+AmbrelRecoveryProcessRunner::AmbrelRecoveryProcessRunner(const std::filesystem::path& executableURL)
+    : executableURL_(std::filesystem::absolute(executableURL).lexically_normal()) {}
+
+AmbrelRecoveryProcessRunner::~AmbrelRecoveryProcessRunner() = default;
+
+AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<std::string>& arguments,
+                                                             std::optional<std::span<const std::byte>> credential,
+                                                             double timeout, const std::stop_token& stopToken) {
+    if (!isExecutableFile(executableURL_)) {
+        throw AmbrelRecoveryProcessError::executableUnavailable;
+    }
+    // The objects below are destroyed in reverse order on every way out: each acquisition's release is its destructor.
+    const PrivateOutputDirectory directory;
+    const UniqueDescriptor standardOutput = directory.createFile(standardOutputName);
+    const UniqueDescriptor standardError = directory.createFile(standardErrorName);
+    CredentialPipe pipe(credential);
+    const auto process = std::make_shared<EngineProcess>(EngineProcess::Configuration{
+        executableURL_, arguments, pipe.readEnd(), standardOutput.get(), standardError.get()});
+    // Only now, so that a refused run has touched nothing but a directory of its own.
+    const Registration registration(*this, process);
+
+    process->launch();
+    if (stopToken.stop_requested()) {
+        process->requestTermination();
+    }
+    if (!pipe.deliver()) {
+        endAndThrow(*process, AmbrelRecoveryProcessError::launchFailed);
+    }
+    waitForExit(*process, timeout);
+    return {process->terminationStatus(), directory.readFile(standardOutputName),
+            directory.readFile(standardErrorName)};
+}
+
+void AmbrelRecoveryProcessRunner::cancelCurrentOperation() {
+    std::shared_ptr<EngineProcess> process;
+    {
+        const std::lock_guard lock(mutex_);
+        process = activeProcess_;
+    }
+    if (process) {
+        process->requestTermination();
+    }
+}

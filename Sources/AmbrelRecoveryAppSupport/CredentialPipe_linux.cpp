@@ -1,0 +1,89 @@
+#include "AmbrelRecoveryAppSupport/CredentialPipe.h"
+
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <ctime>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+/// Keeps SIGPIPE away from the calling thread, and leaves its signal state as it was.
+class BrokenPipeSignalBlock {
+public:
+    BrokenPipeSignalBlock() {
+        sigemptyset(&brokenPipe_);
+        sigaddset(&brokenPipe_, SIGPIPE);
+        sigset_t pending;
+        sigpending(&pending);
+        wasPending_ = sigismember(&pending, SIGPIPE) == 1;
+        pthread_sigmask(SIG_BLOCK, &brokenPipe_, &previous_);
+    }
+
+    BrokenPipeSignalBlock(const BrokenPipeSignalBlock&) = delete;
+    BrokenPipeSignalBlock& operator=(const BrokenPipeSignalBlock&) = delete;
+
+    ~BrokenPipeSignalBlock() {
+        if (!wasPending_) {
+            const timespec atOnce{};
+            while (sigtimedwait(&brokenPipe_, nullptr, &atOnce) < 0 && errno == EINTR) {
+            }
+        }
+        pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
+    }
+
+private:
+    sigset_t brokenPipe_{};
+    sigset_t previous_{};
+    bool wasPending_ = false;
+};
+
+} // namespace
+
+CredentialPipe::CredentialPipe(std::optional<std::span<const std::byte>> credential) {
+    if (!credential) {
+        return;
+    }
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        throw AmbrelRecoveryProcessError::launchFailed;
+    }
+    readEnd_ = aboveStandardStreams(UniqueDescriptor(ends[0]));
+    writeEnd_ = aboveStandardStreams(UniqueDescriptor(ends[1]));
+    if (!readEnd_ || !writeEnd_) {
+        throw AmbrelRecoveryProcessError::launchFailed;
+    }
+    payload_ = SecretBytes(credential->size() + 1);
+    std::ranges::copy(*credential, payload_.bytes().begin());
+    payload_.bytes().back() = std::byte{'\n'};
+}
+
+bool CredentialPipe::deliver() {
+    if (!writeEnd_) {
+        return true;
+    }
+    // While this process could read too, a write to an engine that is gone would wait for ever.
+    readEnd_.close();
+    const bool written = writePayload();
+    payload_.wipe();
+    return writeEnd_.close() && written;
+}
+
+bool CredentialPipe::writePayload() {
+    const BrokenPipeSignalBlock block;
+    std::span<const std::byte> rest = payload_.bytes();
+    while (!rest.empty()) {
+        const ssize_t count = write(writeEnd_.get(), rest.data(), rest.size());
+        if (count >= 0) {
+            rest = rest.subspan(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}

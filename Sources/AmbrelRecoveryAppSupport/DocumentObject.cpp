@@ -1,0 +1,66 @@
+#include "AmbrelRecoveryAppSupport/DocumentObject.h"
+
+#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
+
+namespace {
+
+/// The value of a simdjson result that must hold a `Value`.
+template<typename Value, typename Result>
+Value required(Result result) {
+    Value value;
+    if (result.get(value) != simdjson::SUCCESS) {
+        throw DocumentDecodingError();
+    }
+    return value;
+}
+
+} // namespace
+
+void DocumentObject::parse(std::string_view json, const std::function<void(const DocumentObject&)>& decode) {
+    simdjson::dom::parser parser;
+    decode(DocumentObject(required<simdjson::dom::object>(parser.parse(json.data(), json.size()))));
+}
+
+std::string DocumentObject::string(std::string_view key) const {
+    return std::string(required<std::string_view>(object_.at_key(key)));
+}
+
+std::optional<std::string> DocumentObject::optionalString(std::string_view key) const {
+    simdjson::dom::element element;
+    if (object_.at_key(key).get(element) != simdjson::SUCCESS || element.is_null()) {
+        return std::nullopt;
+    }
+    return std::string(required<std::string_view>(element));
+}
+
+bool DocumentObject::boolean(std::string_view key) const {
+    return required<bool>(object_.at_key(key));
+}
+
+std::int64_t DocumentObject::signedInteger(std::string_view key) const {
+    return required<std::int64_t>(object_.at_key(key));
+}
+
+std::uint64_t DocumentObject::unsignedInteger(std::string_view key) const {
+    return required<std::uint64_t>(object_.at_key(key));
+}
+
+DocumentObject DocumentObject::object(std::string_view key) const {
+    return DocumentObject(required<simdjson::dom::object>(object_.at_key(key)));
+}
+
+std::vector<DocumentObject> DocumentObject::objects(std::string_view key) const {
+    std::vector<DocumentObject> objects;
+    for (const simdjson::dom::element element : required<simdjson::dom::array>(object_.at_key(key))) {
+        objects.push_back(DocumentObject(required<simdjson::dom::object>(element)));
+    }
+    return objects;
+}
+
+std::vector<std::string> DocumentObject::strings(std::string_view key) const {
+    std::vector<std::string> strings;
+    for (const simdjson::dom::element element : required<simdjson::dom::array>(object_.at_key(key))) {
+        strings.emplace_back(required<std::string_view>(element));
+    }
+    return strings;
+}

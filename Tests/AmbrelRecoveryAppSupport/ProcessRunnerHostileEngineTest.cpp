@@ -1,0 +1,154 @@
+// Engines that lay hands on their own outputs, or leave others behind.
+
+#include "ProcessRunnerTest.h"
+#include "Support/ChildProcess.h"
+#include "Support/MisbehavingEngine.h"
+#include "Support/TestFiles.h"
+
+#include <csignal>
+#include <functional>
+#include <thread>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ProcessRunnerHostileEngineTest : public ProcessRunnerTest {
+protected:
+    /// Runs the body as an ordinary user with a temporary directory and an engine that this user may use.
+    std::string outcomeAsOrdinaryUser(
+        const std::function<std::string(AmbrelRecoveryProcessRunner&, const fs::path& temporary)>& body) const {
+        const fs::path engine = directory_ / "engine";
+        const fs::path temporary = directory_ / "ordinary";
+        fs::copy_file(misbehavingEngine(), engine, fs::copy_options::overwrite_existing);
+        fs::permissions(engine, fs::perms(0755));
+        fs::create_directory(temporary);
+        fs::permissions(temporary, fs::perms(01777));
+        return ChildProcess::outcome([&] {
+            ChildProcess::dropPrivileges();
+            const ScopedEnvironment configured("TMPDIR", temporary.string());
+            AmbrelRecoveryProcessRunner runner(engine);
+            return body(runner, temporary);
+        });
+    }
+};
+
+std::string errorName(AmbrelRecoveryProcessRunner& runner, const std::vector<std::string>& arguments) {
+    const auto error = errorOf([&] { runner.run(arguments, std::nullopt, 120); });
+    return std::string(error ? nameOf(*error) : "none");
+}
+
+} // namespace
+
+TEST_F(ProcessRunnerHostileEngineTest, WithoutItsOutputFilesARunFails) {
+    EXPECT_EQ(errorOfRun({"remove-output-directory"}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"remove-output-file", "stdout"}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"remove-output-file", "stderr"}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"remove-output-directory"}, "credential"), Error::temporaryOutputUnavailable);
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileIsNotReadThroughALink) {
+    TestFiles::write(directory_ / "private", "of another file");
+    EXPECT_EQ(errorOfRun({"replace-output", "link", (directory_ / "private").string()}),
+              Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"replace-output", "link", "/dev/zero"}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(TestFiles::read(directory_ / "private"), "of another file");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatBecameADirectoryCannotBeRead) {
+    EXPECT_EQ(errorOfRun({"replace-output", "directory"}), Error::temporaryOutputUnavailable);
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatBecameAPipeBlocksNobody) {
+    EXPECT_EQ(run({"replace-output", "fifo"}).standardOutput, "");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatWasReplacedIsReadAsItIs) {
+    EXPECT_EQ(run({"replace-output", "file"}).standardOutput, "replaced");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatNoMemoryShouldHoldIsNotRead) {
+    constexpr long long gibibyte = 1LL << 30LL;
+    EXPECT_EQ(errorOfRun({"grow-output", std::to_string(gibibyte + 1)}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"grow-output", std::to_string(64 * gibibyte)}), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(run({"grow-output", "1000000"}).standardOutput, std::string(1000000, '\0'));
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, ClosedOutputsAreEmptyOnes) {
+    EXPECT_EQ(run({"close-outputs"}).standardOutput, "");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, WhatAnEngineAddsToItsDirectoryIsRemovedAndWhatItLinksToIsNot) {
+    fs::create_directory(directory_ / "photos");
+    TestFiles::write(directory_ / "photos" / "precious", "kept");
+    EXPECT_EQ(run({"litter-output-directory", (directory_ / "photos").string()}).exitCode, 0);
+    EXPECT_EQ(TestFiles::read(directory_ / "photos" / "precious"), "kept");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, LockedFilesAreRemovedAlsoForAnOrdinaryUser) {
+    const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
+        const std::string error = errorName(runner, {"lock-output-directory"});
+        const std::size_t left = TestFiles::names(temporary).size();
+        // So that the test's own directory can be removed.
+        for (const std::string& directory : privateDirectoriesIn(temporary)) {
+            chmod((temporary / directory).c_str(), 0700);
+        }
+        return error == "none" && left == 0 ? std::string()
+                                            : "error: " + error + ", entries left: " + std::to_string(left);
+    });
+    EXPECT_EQ(outcome, "");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, OutputFilesThatAnOrdinaryUserMayNoLongerReadFailTheRun) {
+    const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
+        return errorName(runner, {"hide-outputs"}) + ", left: " + std::to_string(TestFiles::names(temporary).size());
+    });
+    EXPECT_EQ(outcome, "temporaryOutputUnavailable, left: 0");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, ATemporaryDirectoryThatAnOrdinaryUserMayNotChangeFailsTheRun) {
+    const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
+        const fs::path locked = temporary / "locked";
+        mkdir(locked.c_str(), 0500);
+        const ScopedEnvironment configured("TMPDIR", locked.string());
+        return errorName(runner, {"exit", "0"});
+    });
+    EXPECT_EQ(outcome, "temporaryOutputUnavailable");
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnEngineThatAnOrdinaryUserMayNotExecuteIsUnavailable) {
+    const std::string outcome = outcomeAsOrdinaryUser([](auto&, const fs::path& temporary) {
+        TestFiles::write(temporary / "engine", "#!/bin/sh\n", 0644);
+        AmbrelRecoveryProcessRunner unavailable(temporary / "engine");
+        return errorName(unavailable, {});
+    });
+    EXPECT_EQ(outcome, "executableUnavailable");
+}
+
+using ProcessRunnerGrandchildTest = ConversingProcessRunnerTest;
+
+TEST_F(ProcessRunnerGrandchildTest, TheRunEndsWithTheEngineAndNotWithWhatItLeavesRunning) {
+    const Result result = run({"leave-grandchild", "3"});
+    EXPECT_EQ(result.exitCode, 3);
+    EXPECT_EQ(result.standardOutput, "from the engine\n");
+    openGate();
+    awaitLog("grandchild finished");
+}
+
+TEST_F(ProcessRunnerGrandchildTest, AnEngineThatIsStoppedHasNotEnded) {
+    std::thread continuing([this] {
+        const pid_t engine = awaitStart();
+        siginfo_t information{};
+        waitid(P_PID, static_cast<id_t>(engine), &information, WSTOPPED | WNOWAIT);
+        EXPECT_EQ(information.si_code, CLD_STOPPED);
+        // Asked to end, it does so once it may run again.
+        cancel();
+        kill(engine, SIGCONT);
+    });
+    EXPECT_EQ(runCancellable({"stop"}).exitCode, SIGTERM);
+    continuing.join();
+}

@@ -1,0 +1,60 @@
+#include "Engine.h"
+#include "Misbehaviour.h"
+#include "Text.h"
+
+#include <string>
+
+#include <unistd.h>
+
+namespace {
+
+void printInput(const std::string& input) {
+    writeAll(STDOUT_FILENO, "input " + std::to_string(input.size()) + " " + hexadecimal(input) + "\n");
+}
+
+int echoInput(Engine& engine) {
+    printInput(engine.input());
+    return 0;
+}
+
+int echoInputSlowly(Engine&) {
+    printInput(readToEnd(STDIN_FILENO, 1));
+    return 0;
+}
+
+int readPart(Engine& engine) {
+    std::string part(static_cast<std::size_t>(engine.numericParameter(0, 1)), '\0');
+    for (std::size_t count = 0; count < part.size();) {
+        const ssize_t more = read(STDIN_FILENO, part.data() + count, part.size() - count);
+        if (more <= 0) {
+            return 1;
+        }
+        count += static_cast<std::size_t>(more);
+    }
+    return 0;
+}
+
+int closeInput(Engine& engine) {
+    close(STDIN_FILENO);
+    engine.waitForSignal();
+}
+
+int closeInputAndExit(Engine& engine) {
+    close(STDIN_FILENO);
+    return static_cast<int>(engine.numericParameter(0, 0));
+}
+
+} // namespace
+
+std::vector<Misbehaviour> inputMisbehaviours() {
+    return {
+        {"echo-input", "prints the length of its standard input and its bytes in hexadecimal digits", echoInput},
+        {"echo-input-slowly", "the same, read one byte at a time", echoInputSlowly, Misbehaviour::Input::untouched},
+        {"read-part", "COUNT: reads so many bytes of its standard input and exits with status 0", readPart,
+         Misbehaviour::Input::untouched},
+        {"close-input", "closes its standard input at once and waits for a signal", closeInput,
+         Misbehaviour::Input::untouched},
+        {"close-input-and-exit", "STATUS: closes its standard input at once and exits", closeInputAndExit,
+         Misbehaviour::Input::untouched},
+    };
+}

@@ -1,0 +1,159 @@
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelLocalization/FormatterCache.h"
+#include "AmbrelLocalization/IcuText.h"
+#include "AmbrelLocalization/SystemLocale.h"
+#include "AmbrelLocalization/SystemTimeZone.h"
+
+#include <unicode/dtptngen.h>
+#include <unicode/smpdtfmt.h>
+#include <unicode/timezone.h>
+
+#include <string>
+
+namespace AmbrelStrings {
+
+namespace {
+
+using Style = AmbrelDateFormatStyle;
+
+/// The fields of a style, in the letters of CLDR; the language gives them their order and their separators.
+std::string skeleton(const Style& style) {
+    const bool isEmpty = style.date == Style::Date::none && style.time == Style::Time::none;
+    std::string result;
+    switch (isEmpty ? Style::Date::numeric : style.date) {
+    case Style::Date::none:
+        break;
+    case Style::Date::numeric:
+        result = "yMd";
+        break;
+    case Style::Date::abbreviated:
+        result = "yMMMd";
+        break;
+    case Style::Date::longForm:
+        result = "yMMMMd";
+        break;
+    case Style::Date::complete:
+        result = "yMMMMEEEEd";
+        break;
+    }
+    switch (isEmpty ? Style::Time::shortened : style.time) {
+    case Style::Time::none:
+        break;
+    case Style::Time::shortened:
+        result += "jm";
+        break;
+    case Style::Time::standard:
+        result += "jms";
+        break;
+    case Style::Time::complete:
+        result += "jmsz";
+        break;
+    }
+    return result;
+}
+
+UDisplayContext displayContext(Style::CapitalizationContext context) {
+    switch (context) {
+    case Style::CapitalizationContext::unknown:
+        break;
+    case Style::CapitalizationContext::standalone:
+        return UDISPCTX_CAPITALIZATION_FOR_STANDALONE;
+    case Style::CapitalizationContext::listItem:
+        return UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU;
+    case Style::CapitalizationContext::beginningOfSentence:
+        return UDISPCTX_CAPITALIZATION_FOR_BEGINNING_OF_SENTENCE;
+    case Style::CapitalizationContext::middle:
+        return UDISPCTX_CAPITALIZATION_FOR_MIDDLE_OF_SENTENCE;
+    }
+    return UDISPCTX_CAPITALIZATION_NONE;
+}
+
+constexpr std::size_t longestUsualDescription = 80;
+
+/// What a date formatter is made of; the system's calendar and time zone are already put in.
+struct Recipe {
+    std::string skeleton;
+    std::string calendar;
+    /// The zone's name, or the revision of the system's.
+    std::string zoneName;
+    std::shared_ptr<const icu::TimeZone> zone;
+    UDisplayContext context = UDISPCTX_CAPITALIZATION_NONE;
+
+    explicit Recipe(const Style& style)
+        : skeleton(AmbrelStrings::skeleton(style)),
+          calendar(style.calendar ? style.calendar->toStdString() : SystemLocale::calendar()),
+          context(displayContext(style.capitalizationContext)) {
+        if (style.timeZone) {
+            zoneName = style.timeZone->toStdString();
+            zone.reset(icu::TimeZone::createTimeZone(IcuText::view(*style.timeZone)));
+        } else {
+            SystemTimeZone system = SystemTimeZone::current();
+            zoneName = '#' + std::to_string(system.revision);
+            zone = std::move(system.zone);
+        }
+    }
+
+    /// What tells this recipe, for this locale, from every other one.
+    std::string description(const icu::Locale& locale) const {
+        std::string result;
+        result.reserve(longestUsualDescription);
+        result.append(locale.getName()).append("|");
+        result.append(skeleton).append("|");
+        result.append(calendar).append("|");
+        result.append(zoneName).append("|");
+        return result.append(std::to_string(context));
+    }
+};
+
+/// ICU puts a narrow no-break space before AM and PM in some languages; it is shown as the plain space that readers and
+/// programs expect there.
+icu::UnicodeString withPlainSpaces(icu::UnicodeString pattern) {
+    pattern.findAndReplace(u"\u202Fa", u" a");
+    return pattern;
+}
+
+std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, icu::Locale locale) {
+    UErrorCode status = U_ZERO_ERROR;
+    locale.setKeywordValue("calendar", recipe.calendar.c_str(), status);
+    // A name that is no calendar leaves the locale's own.
+    status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+        icu::DateTimePatternGenerator::createInstance(locale, status));
+    if (U_FAILURE(status) || !generator) {
+        return nullptr;
+    }
+    const icu::UnicodeString pattern = generator->getBestPattern(icu::UnicodeString::fromUTF8(recipe.skeleton), status);
+    auto formatter = std::make_unique<icu::SimpleDateFormat>(withPlainSpaces(pattern), locale, status);
+    if (U_FAILURE(status)) {
+        return nullptr;
+    }
+    formatter->setTimeZone(*recipe.zone);
+    formatter->setContext(recipe.context, status);
+    return formatter;
+}
+
+std::shared_ptr<const icu::SimpleDateFormat> dateFormatter(const Style& style, const icu::Locale& locale) {
+    static FormatterCache<icu::SimpleDateFormat> cache;
+    const Recipe recipe(style);
+    return cache.formatter(recipe.description(locale), [&] { return newFormatter(recipe, locale); });
+}
+
+} // namespace
+
+QString formattedDate(std::chrono::sys_time<std::chrono::milliseconds> date, const AmbrelDateFormatStyle& style,
+                      const icu::Locale& locale) {
+    const auto milliseconds = static_cast<double>(date.time_since_epoch().count());
+    icu::UnicodeString text;
+    if (const auto formatter = dateFormatter(style, locale)) {
+        // The overload of const formatters works on a copy of the calendar, so threads may share the formatter.
+        formatter->format(milliseconds, text);
+    }
+    return text.isEmpty() ? QString::number(date.time_since_epoch().count()) : IcuText::toQString(text);
+}
+
+QString formattedDateTime(std::chrono::sys_time<std::chrono::milliseconds> date, const icu::Locale& locale) {
+    const AmbrelDateFormatStyle style{.date = Style::Date::abbreviated, .time = Style::Time::shortened};
+    return formattedDate(date, style, locale);
+}
+
+} // namespace AmbrelStrings

@@ -1,0 +1,81 @@
+#include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelLocalization/AmbrelUserDefaults.h"
+
+#include <string_view>
+
+namespace AmbrelStrings {
+
+namespace {
+
+icu::Locale parsedTag(const QString& tag) {
+    // A tag is ASCII and short; anything else is no language and is kept away from the parser.
+    constexpr qsizetype longestTag = 100;
+    UErrorCode status = U_ZERO_ERROR;
+    if (tag.size() > longestTag) {
+        return icu::Locale::getRoot();
+    }
+    QString hyphenated = tag;
+    hyphenated.replace(u'_', u'-');
+    const icu::Locale locale = icu::Locale::forLanguageTag(hyphenated.toStdString(), status);
+    return U_SUCCESS(status) && !locale.isBogus() ? locale : icu::Locale::getRoot();
+}
+
+QString chineseLocaleIdentifier(const icu::Locale& locale) {
+    const std::string_view script = locale.getScript();
+    const std::string_view region = locale.getCountry();
+    // The region counts even where the script says Simplified: zh-Hans-HK is served with Traditional Chinese.
+    const bool isTraditional = script == "Hant" || region == "HK" || region == "MO" || region == "TW";
+    return isTraditional ? QStringLiteral("zh-Hant") : QStringLiteral("zh-Hans");
+}
+
+} // namespace
+
+QString sourceLocaleIdentifier() {
+    return QStringLiteral("en");
+}
+
+const QStringList& launchLocaleIdentifiers() {
+    static const QStringList identifiers = [] {
+        QStringList list;
+        for (const AmbrelInterfaceLanguage language : AmbrelInterfaceLanguage::selectableLanguages()) {
+            list.append(language.rawValue());
+        }
+        return list;
+    }();
+    return identifiers;
+}
+
+const QStringList& completeLocaleIdentifiers() {
+    return launchLocaleIdentifiers();
+}
+
+const QStringList& humanReviewedLocaleIdentifiers() {
+    static const QStringList identifiers = {sourceLocaleIdentifier()};
+    return identifiers;
+}
+
+AmbrelInterfaceLanguage currentInterfaceLanguage() {
+    return AmbrelInterfaceLanguagePreferenceStore(AmbrelUserDefaults::standard(),
+                                                  AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey())
+        .load();
+}
+
+QString resolvedSystemLocaleIdentifier(const QStringList& preferredLanguages) {
+    for (const QString& tag : preferredLanguages) {
+        const icu::Locale locale = parsedTag(tag);
+        QString code = QString::fromLatin1(locale.getLanguage());
+        if (code == QStringLiteral("zh")) {
+            return chineseLocaleIdentifier(locale);
+        }
+        if (code == QStringLiteral("pt")) {
+            return QStringLiteral("pt-BR");
+        }
+        if (launchLocaleIdentifiers().contains(code)) {
+            return code;
+        }
+    }
+    return sourceLocaleIdentifier();
+}
+
+} // namespace AmbrelStrings

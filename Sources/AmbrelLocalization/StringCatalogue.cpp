@@ -1,0 +1,84 @@
+#include "AmbrelLocalization/StringCatalogue.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelLocalization/AmbrelUserDefaults.h"
+#include "AmbrelLocalization/SystemLocale.h"
+#include "AmbrelLocalization/resource_bundle_accessor.h"
+
+#include <system_error>
+#include <utility>
+
+namespace {
+
+const StringTableSet& moduleTables() {
+    static const StringTableSet tables(ResourceBundleAccessor::moduleBundle());
+    return tables;
+}
+
+} // namespace
+
+const StringCatalogue& StringCatalogue::ofProcess() {
+    static const StringCatalogue catalogue(
+        ApplicationBundle::mainBundle(),
+        AmbrelInterfaceLanguagePreferenceStore(AmbrelUserDefaults::standard(),
+                                               AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey()));
+    return catalogue;
+}
+
+StringCatalogue::StringCatalogue(const ApplicationBundle& application,
+                                 AmbrelInterfaceLanguagePreferenceStore preferences)
+    : preferences_(std::move(preferences)) {
+    if (const auto resources = application.resourcePath()) {
+        bundlePath_ = *resources / ResourceBundleAccessor::bundleName;
+        tables_ = std::make_unique<StringTableSet>(bundlePath_);
+    }
+}
+
+QString StringCatalogue::text(std::string_view key, const std::optional<QString>& localeIdentifier) const {
+    const std::optional<AmbrelInterfaceLanguage> wanted = language(localeIdentifier);
+    if (wanted) {
+        if (const auto text = textInTable(*wanted, key)) {
+            return *text;
+        }
+    }
+    if (wanted != AmbrelInterfaceLanguage::english) {
+        if (const auto text = textInTable(AmbrelInterfaceLanguage::english, key)) {
+            return *text;
+        }
+    }
+    return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
+}
+
+std::optional<AmbrelInterfaceLanguage> StringCatalogue::language(const std::optional<QString>& localeIdentifier) const {
+    std::optional<AmbrelInterfaceLanguage> language =
+        localeIdentifier ? AmbrelInterfaceLanguage::fromRawValue(*localeIdentifier) : preferences_.load();
+    if (language == AmbrelInterfaceLanguage::system) {
+        // As an identifier "system" names no table; as a stored choice it leaves the choice to the system.
+        return localeIdentifier ? std::nullopt : systemLanguage();
+    }
+    return language;
+}
+
+std::optional<AmbrelInterfaceLanguage> StringCatalogue::systemLanguage() {
+    return AmbrelInterfaceLanguage::fromRawValue(
+        AmbrelStrings::resolvedSystemLocaleIdentifier(SystemLocale::preferredLanguages()));
+}
+
+std::optional<QString> StringCatalogue::textInTable(AmbrelInterfaceLanguage language, std::string_view key) const {
+    const std::shared_ptr<const StringTable> found = table(language);
+    return found ? found->text(key) : std::nullopt;
+}
+
+std::shared_ptr<const StringTable> StringCatalogue::table(AmbrelInterfaceLanguage language) const {
+    if (tables_) {
+        // A table that is there proves that its bundle is, so the bundle is looked for only after a miss.
+        if (auto found = tables_->table(language)) {
+            return found;
+        }
+        std::error_code error;
+        if (std::filesystem::is_directory(bundlePath_, error)) {
+            return nullptr;
+        }
+    }
+    return moduleTables().table(language);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
+#include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
+#include "AmbrelLocalization/StringTableSet.h"
+#include "AmbrelPlatform/ApplicationBundle.h"
+
+#include <QString>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+/// The lookup of texts by key: a language, its table, English where the table has no such key, and at last the key.
+///
+/// Nothing about the choice of a language is remembered between lookups, so a change by another process counts at
+/// once; while nothing changed a lookup costs two `stat` calls. May be used on any thread; nothing throws.
+class StringCatalogue {
+public:
+    /// The running program's catalogue, on its bundle and the standard user defaults.
+    static const StringCatalogue& ofProcess();
+
+    /// A catalogue on the resources of `application`, with the stored language in `preferences`.
+    StringCatalogue(const ApplicationBundle& application, AmbrelInterfaceLanguagePreferenceStore preferences);
+
+    /// The text under `key` for `localeIdentifier`, taken unchanged: one that names no language of the catalogue gives
+    /// English. Without one, the stored language decides, else the system's preferred languages.
+    QString text(std::string_view key, const std::optional<QString>& localeIdentifier = std::nullopt) const;
+
+private:
+    std::optional<AmbrelInterfaceLanguage> language(const std::optional<QString>& localeIdentifier) const;
+    static std::optional<AmbrelInterfaceLanguage> systemLanguage();
+    std::optional<QString> textInTable(AmbrelInterfaceLanguage language, std::string_view key) const;
+    std::shared_ptr<const StringTable> table(AmbrelInterfaceLanguage language) const;
+
+    AmbrelInterfaceLanguagePreferenceStore preferences_;
+    std::filesystem::path bundlePath_;
+    std::unique_ptr<const StringTableSet> tables_;
+};

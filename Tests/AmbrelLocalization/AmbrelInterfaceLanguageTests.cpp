@@ -1,0 +1,118 @@
+#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
+
+#include "TestSupport.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+#include <unordered_set>
+
+namespace {
+
+using Language = AmbrelInterfaceLanguage;
+
+struct Row {
+    Language language;
+    const char* rawValue;
+    const char* autonym;
+};
+
+const std::vector<Row>& rows() {
+    static const std::vector<Row> table = {
+        {Language::system, "system", "System"},
+        {Language::english, "en", "English"},
+        {Language::spanish, "es", "Español"},
+        {Language::brazilianPortuguese, "pt-BR", "Português (Brasil)"},
+        {Language::german, "de", "Deutsch"},
+        {Language::french, "fr", "Français"},
+        {Language::italian, "it", "Italiano"},
+        {Language::japanese, "ja", "日本語"},
+        {Language::korean, "ko", "한국어"},
+        {Language::russian, "ru", "Русский"},
+        {Language::polish, "pl", "Polski"},
+        {Language::turkish, "tr", "Türkçe"},
+        {Language::arabic, "ar", "العربية"},
+        {Language::simplifiedChinese, "zh-Hans", "简体中文"},
+        {Language::traditionalChinese, "zh-Hant", "繁體中文"},
+    };
+    return table;
+}
+
+TEST(AmbrelInterfaceLanguage, hasItsTextsInDeclarationOrder) {
+    const auto cases = Language::allCases();
+    ASSERT_EQ(cases.size(), rows().size());
+    for (std::size_t index = 0; index < cases.size(); ++index) {
+        const Row& row = rows()[index];
+        EXPECT_EQ(cases[index], row.language);
+        EXPECT_EQ(cases[index].rawValue(), QString::fromUtf8(row.rawValue));
+        EXPECT_EQ(cases[index].id(), cases[index].rawValue());
+        EXPECT_EQ(cases[index].autonym(), QString::fromUtf8(row.autonym));
+    }
+}
+
+TEST(AmbrelInterfaceLanguage, hasALocaleIdentifierUnlessItIsTheSystems) {
+    EXPECT_EQ(Language::system.localeIdentifier(), std::nullopt);
+    for (const Language language : Language::selectableLanguages()) {
+        EXPECT_EQ(language.localeIdentifier(), language.rawValue());
+    }
+}
+
+TEST(AmbrelInterfaceLanguage, offersFourteenLanguagesStartingWithEnglish) {
+    const auto selectable = Language::selectableLanguages();
+    EXPECT_EQ(selectable.size(), 14U);
+    EXPECT_EQ(selectable.front(), Language::english);
+    EXPECT_THAT(selectable, testing::Not(testing::Contains(Language::system)));
+    EXPECT_EQ(selectable.data(), Language::selectableLanguages().data()) << "made once and shared";
+}
+
+TEST(AmbrelInterfaceLanguage, isRightToLeftInArabicOnly) {
+    for (const Language language : Language::allCases()) {
+        EXPECT_EQ(language.isRightToLeft(), language == Language::arabic) << language.id().toStdString();
+    }
+}
+
+TEST(AmbrelInterfaceLanguage, isFoundByItsExactRawValue) {
+    for (const Language language : Language::allCases()) {
+        EXPECT_EQ(Language::fromRawValue(language.rawValue()), language);
+    }
+    for (const char* other : {"", "EN", "pt", "pt_BR", "pt-br", "zh", "zh_Hant", "zh-hant", " en", "en ", "System"}) {
+        EXPECT_EQ(Language::fromRawValue(QString::fromUtf8(other)), std::nullopt) << other;
+    }
+}
+
+TEST(AmbrelInterfaceLanguage, isTheSystemsWhereNothingValidIsStored) {
+    EXPECT_EQ(Language::fromStoredValue(std::nullopt), Language::system);
+    EXPECT_EQ(Language::fromStoredValue(QString()), Language::system);
+    EXPECT_EQ(Language::fromStoredValue(QStringLiteral("EN")), Language::system);
+    EXPECT_EQ(Language::fromStoredValue(QStringLiteral("zh_Hant")), Language::system);
+    EXPECT_EQ(Language::fromStoredValue(QStringLiteral("system")), Language::system);
+    EXPECT_EQ(Language::fromStoredValue(QStringLiteral("zh-Hant")), Language::traditionalChinese);
+}
+
+TEST(AmbrelInterfaceLanguage, hasTheLocaleOfItsIdentifier) {
+    EXPECT_STREQ(Language::brazilianPortuguese.locale().getName(), "pt_BR");
+    EXPECT_STREQ(Language::traditionalChinese.locale().getName(), "zh_Hant");
+    EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
+}
+
+TEST(AmbrelInterfaceLanguage, followsTheSystemsLocaleWhileItIsTheSystems) {
+    ScopedLocaleVariables variables;
+    variables.set("LANG", "nl_NL.UTF-8");
+    EXPECT_STREQ(Language::system.locale().getName(), "nl_NL");
+    variables.set("LANG", "fr_CA.UTF-8");
+    EXPECT_STREQ(Language::system.locale().getName(), "fr_CA");
+}
+
+TEST(AmbrelInterfaceLanguage, comparesAndHashesByItsIdentifier) {
+    std::set<QString> identifiers;
+    std::unordered_set<Language> languages;
+    for (const Language language : Language::allCases()) {
+        identifiers.insert(language.id());
+        languages.insert(language);
+        languages.insert(*Language::fromRawValue(language.id()));
+    }
+    EXPECT_EQ(identifiers.size(), 15U);
+    EXPECT_EQ(languages.size(), 15U);
+}
+
+} // namespace

@@ -1,0 +1,25 @@
+#include "CatalogueTable.h"
+
+#include <simdjson.h>
+
+CatalogueTable CatalogueTable::read(const std::filesystem::path& path) {
+    CatalogueTable table;
+    simdjson::dom::parser parser;
+    simdjson::dom::object object;
+    if (const auto error = parser.load(path.string()).get(object)) {
+        table.faults.push_back(path.string() + ": " + simdjson::error_message(error));
+        return table;
+    }
+    for (const auto& [key, value] : object) {
+        std::string_view text;
+        if (value.get(text) != simdjson::SUCCESS) {
+            table.faults.push_back(std::string(key) + " is no text");
+            continue;
+        }
+        const auto utf16 = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        if (!table.texts.emplace(key, utf16).second) {
+            table.faults.push_back(std::string(key) + " stands twice");
+        }
+    }
+    return table;
+}

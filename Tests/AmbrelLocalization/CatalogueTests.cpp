@@ -1,0 +1,268 @@
+// Checks the product's string tables as their translators wrote them.
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelLocalization/IcuText.h"
+#include "AmbrelLocalization/PrintfStyleFormat.h"
+#include "CatalogueTable.h"
+#include "UntranslatedTexts.h"
+
+#include <gtest/gtest.h>
+#include <unicode/ucnv.h>
+#include <unicode/uscript.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using PrintfStyleFormat::Kind;
+
+std::filesystem::path tablePath(const std::string& locale) {
+    return std::filesystem::path(AMBREL_STRING_TABLES) / (locale + ".lproj") / "Localizable.json";
+}
+
+const CatalogueTable& table(const std::string& locale) {
+    static std::map<std::string, CatalogueTable> tables;
+    const auto found = tables.find(locale);
+    return found != tables.end() ? found->second
+                                 : tables.emplace(locale, CatalogueTable::read(tablePath(locale))).first->second;
+}
+
+std::optional<QString> text(const std::string& locale, const std::string& key) {
+    const auto found = table(locale).texts.find(key);
+    return found == table(locale).texts.end() ? std::nullopt : std::optional(found->second);
+}
+
+const UntranslatedTexts& untranslatedTexts() {
+    static const UntranslatedTexts texts = UntranslatedTexts::read(AMBREL_UNTRANSLATED_TEXTS);
+    return texts;
+}
+
+std::vector<std::string> locales() {
+    std::vector<std::string> result;
+    for (const QString& identifier : AmbrelStrings::completeLocaleIdentifiers()) {
+        result.push_back(identifier.toStdString());
+    }
+    return result;
+}
+
+using PlaceholderUse = std::multiset<std::pair<std::size_t, Kind>>;
+
+/// Which values a text takes, and as what; percent signs are no values.
+PlaceholderUse placeholderUse(const QString& text) {
+    PlaceholderUse result;
+    for (const auto& placeholder : PrintfStyleFormat::placeholders(text)) {
+        if (placeholder.kind != Kind::percentSign) {
+            result.emplace(placeholder.value, placeholder.kind);
+        }
+    }
+    return result;
+}
+
+/// The text without its placeholders.
+QString withoutPlaceholders(const QString& text) {
+    QString result = text;
+    auto placeholders = PrintfStyleFormat::placeholders(text);
+    std::ranges::reverse(placeholders);
+    for (const auto& placeholder : placeholders) {
+        result.remove(placeholder.start, placeholder.length);
+    }
+    return result;
+}
+
+/// The scripts of a text's letters, without those that belong to every script.
+std::set<UScriptCode> scripts(const QString& text) {
+    std::set<UScriptCode> result;
+    for (const char32_t codePoint : withoutPlaceholders(text).toStdU32String()) {
+        UErrorCode status = U_ZERO_ERROR;
+        const UScriptCode script = uscript_getScript(static_cast<UChar32>(codePoint), &status);
+        if (script != USCRIPT_COMMON && script != USCRIPT_INHERITED) {
+            result.insert(script);
+        }
+    }
+    return result;
+}
+
+/// The scripts that a language is written in, besides the Latin one of names.
+std::set<UScriptCode> scriptsOfLocale(const std::string& locale) {
+    if (locale == "ja") {
+        return {USCRIPT_HAN, USCRIPT_HIRAGANA, USCRIPT_KATAKANA};
+    }
+    if (locale == "ko") {
+        return {USCRIPT_HANGUL};
+    }
+    if (locale == "ru") {
+        return {USCRIPT_CYRILLIC};
+    }
+    if (locale == "ar") {
+        return {USCRIPT_ARABIC};
+    }
+    if (locale.starts_with("zh")) {
+        return {USCRIPT_HAN};
+    }
+    return {USCRIPT_LATIN};
+}
+
+/// The Chinese characters of `text` that the national character set `encoding` does not have.
+QString charactersOutside(const char* encoding, const QString& text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding, &status), ucnv_close);
+    ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    EXPECT_TRUE(U_SUCCESS(status)) << encoding;
+    QString result;
+    for (const char32_t codePoint : text.toStdU32String()) {
+        UErrorCode conversion = U_ZERO_ERROR;
+        if (uscript_getScript(static_cast<UChar32>(codePoint), &conversion) != USCRIPT_HAN) {
+            continue;
+        }
+        const QString character = QString::fromUcs4(&codePoint, 1);
+        char bytes[8];
+        ucnv_fromUChars(converter.get(), bytes, sizeof bytes, QStringView(character).utf16(),
+                        static_cast<std::int32_t>(character.size()), &conversion);
+        if (U_FAILURE(conversion)) {
+            result += character;
+        }
+    }
+    return result;
+}
+
+TEST(Catalogue, hasATableForEveryLanguageAndForNoOther) {
+    std::set<std::string> folders;
+    for (const auto& entry : std::filesystem::directory_iterator(AMBREL_STRING_TABLES)) {
+        folders.insert(entry.path().filename().string());
+    }
+    std::set<std::string> expected;
+    for (const std::string& locale : locales()) {
+        expected.insert(locale + ".lproj");
+        EXPECT_TRUE(std::filesystem::is_regular_file(tablePath(locale))) << "no table for " << locale;
+    }
+    EXPECT_EQ(folders, expected);
+}
+
+TEST(Catalogue, listsOnlyTextsThatExistAndAreUntranslated) {
+    for (const UntranslatedTexts::Group& group : untranslatedTexts().groups) {
+        EXPECT_FALSE(group.reason.empty());
+        for (const std::string& key : group.keys) {
+            EXPECT_TRUE(table("en").texts.contains(key)) << key;
+            for (const std::string& locale : group.locales) {
+                EXPECT_EQ(text(locale, key), text("en", key))
+                    << key << " is translated in " << locale << " and must not be listed";
+            }
+        }
+    }
+}
+
+/// The tests of one table, those of the translations compared to English.
+class Table : public testing::TestWithParam<std::string> {
+protected:
+    const std::string& locale() const { return GetParam(); }
+    const std::map<std::string, QString>& texts() const { return table(locale()).texts; }
+    const std::map<std::string, QString>& english() const { return table("en").texts; }
+};
+
+TEST_P(Table, isOneFlatJsonObjectOfTexts) {
+    EXPECT_TRUE(table(locale()).faults.empty());
+    for (const std::string& fault : table(locale()).faults) {
+        ADD_FAILURE() << fault;
+    }
+}
+
+TEST_P(Table, hasEveryKeyAndNoOther) {
+    std::set<std::string> expected;
+    std::set<std::string> missing;
+    for (const LocalizedStringResource& resource : AmbrelStrings::interfaceResources()) {
+        const std::string& key = *expected.emplace(resource.key()).first;
+        if (!texts().contains(key)) {
+            missing.insert(key);
+        }
+    }
+    EXPECT_EQ(missing, std::set<std::string>());
+    for (const auto& [key, value] : texts()) {
+        EXPECT_TRUE(expected.contains(key)) << "too many: " << key;
+    }
+}
+
+TEST_P(Table, hasNoTextThatIsEmptyPaddedOrItsKey) {
+    for (const auto& [key, text] : texts()) {
+        EXPECT_FALSE(text.isEmpty()) << key;
+        EXPECT_EQ(text, text.trimmed()) << key;
+        EXPECT_NE(text, QString::fromStdString(key)) << key;
+        EXPECT_FALSE(text.contains(QChar::ReplacementCharacter)) << key;
+    }
+}
+
+TEST_P(Table, hasThePlaceholdersOfEnglish) {
+    for (const auto& [key, text] : texts()) {
+        const auto source = english().find(key);
+        if (source == english().end()) {
+            continue;
+        }
+        EXPECT_EQ(placeholderUse(text), placeholderUse(source->second)) << key << ": " << text.toStdString();
+        if (!placeholderUse(text).empty()) {
+            EXPECT_FALSE(withoutPlaceholders(text).contains(u'%')) << key << ": " << text.toStdString();
+        }
+    }
+}
+
+TEST_P(Table, isWrittenInTheScriptOfItsLanguage) {
+    const std::set<UScriptCode> own = scriptsOfLocale(locale());
+    for (const auto& [key, text] : texts()) {
+        const std::set<UScriptCode> used = scripts(text);
+        for (const UScriptCode script : used) {
+            EXPECT_TRUE(script == USCRIPT_LATIN || own.contains(script))
+                << key << " has letters of the script " << uscript_getName(script) << ": " << text.toStdString();
+        }
+        const bool hasOwn = std::ranges::any_of(used, [&own](UScriptCode script) { return own.contains(script); });
+        EXPECT_TRUE(hasOwn || used.empty() || untranslatedTexts().contains(locale(), key))
+            << key << " has no letter of its language: " << text.toStdString();
+    }
+}
+
+TEST_P(Table, keepsSimplifiedAndTraditionalChineseApart) {
+    const std::map<std::string, const char*> characterSets = {{"zh-Hans", "GB2312"}, {"zh-Hant", "Big5"}};
+    const auto characterSet = characterSets.find(locale());
+    if (characterSet == characterSets.end()) {
+        // Japanese has both forms, and the other languages have neither.
+        const bool hasHan =
+            std::ranges::any_of(texts(), [](const auto& entry) { return scripts(entry.second).contains(USCRIPT_HAN); });
+        EXPECT_EQ(hasHan, locale() == "ja" && !texts().empty());
+        return;
+    }
+    for (const auto& [key, text] : texts()) {
+        EXPECT_TRUE(charactersOutside(characterSet->second, text).isEmpty())
+            << key << " has " << charactersOutside(characterSet->second, text).toStdString() << " in "
+            << text.toStdString();
+    }
+}
+
+TEST_P(Table, isTranslatedOrListedWithAReason) {
+    if (locale() == "en") {
+        return;
+    }
+    for (const auto& [key, text] : texts()) {
+        const auto source = english().find(key);
+        EXPECT_TRUE(source == english().end() || text != source->second || untranslatedTexts().contains(locale(), key))
+            << key << " is the English text: " << text.toStdString();
+    }
+}
+
+TEST_P(Table, isSetInTypographicSigns) {
+    for (const auto& [key, text] : texts()) {
+        for (const char* sign : {"'", "\"", "...", "  ", " - "}) {
+            EXPECT_FALSE(text.contains(QLatin1String(sign))) << key << " has " << sign << ": " << text.toStdString();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, Table, testing::ValuesIn(locales()), [](const auto& parameter) {
+    std::string name = parameter.param;
+    std::erase(name, '-');
+    return name;
+});
+
+} // namespace

@@ -1,0 +1,54 @@
+#include "Common/StopRequest.h"
+
+#include "Common/Stopped.h"
+
+#include <atomic>
+
+#include <unistd.h>
+
+namespace {
+
+std::atomic<int> requestedSignal = 0;
+static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may only touch lock-free atomics");
+
+extern "C" void rememberSignal(int signal) {
+    requestedSignal = signal;
+}
+
+} // namespace
+
+StopRequest::StopRequest() {
+    for (std::size_t index = 0; index < signals.size(); ++index) {
+        ::sigaction(signals[index], nullptr, &previous_[index]);
+        if (previous_[index].sa_handler == SIG_IGN) {
+            continue;
+        }
+        struct sigaction action = {};
+        action.sa_handler = rememberSignal;
+        // Without SA_RESTART, so that a write to somebody who does not read comes back.
+        ::sigemptyset(&action.sa_mask);
+        ::sigaction(signals[index], &action, nullptr);
+    }
+}
+
+StopRequest::~StopRequest() {
+    for (std::size_t index = 0; index < signals.size(); ++index) {
+        ::sigaction(signals[index], &previous_[index], nullptr);
+    }
+}
+
+void StopRequest::throwIfRequested() {
+    if (const int signal = requestedSignal; signal != 0) {
+        throw Stopped{signal};
+    }
+}
+
+void StopRequest::endBySignal(int signal) {
+    std::signal(signal, SIG_DFL);
+    sigset_t set;
+    ::sigemptyset(&set);
+    ::sigaddset(&set, signal);
+    ::sigprocmask(SIG_UNBLOCK, &set, nullptr);
+    std::raise(signal);
+    ::_exit(128 + signal);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <utility>
+
+#include <unistd.h>
+
+/// Owns one open file descriptor and closes it. Move-only; empty when it holds -1.
+class UniqueDescriptor {
+public:
+    UniqueDescriptor() noexcept = default;
+    explicit UniqueDescriptor(int descriptor) noexcept : descriptor_(descriptor) {}
+    UniqueDescriptor(UniqueDescriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    UniqueDescriptor& operator=(UniqueDescriptor&& other) noexcept {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
+    UniqueDescriptor(const UniqueDescriptor&) = delete;
+    UniqueDescriptor& operator=(const UniqueDescriptor&) = delete;
+    ~UniqueDescriptor() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+    }
+
+    int get() const noexcept { return descriptor_; }
+    explicit operator bool() const noexcept { return descriptor_ >= 0; }
+    /// Hands the descriptor over; the caller closes it.
+    [[nodiscard]] int release() noexcept { return std::exchange(descriptor_, -1); }
+
+private:
+    int descriptor_ = -1;
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Common/SecretBytes.h"
+#include "Format/Factor.h"
+
+/// What the user typed, and which of the two secrets it is meant to be.
+struct Credential {
+    Factor factor = Factor::backupPassphrase;
+    SecretBytes typed;
+};

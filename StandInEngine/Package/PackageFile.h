@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Common/UniqueDescriptor.h"
+
+#include <cstdint>
+
+/// The outcome of opening a file inside a package.
+struct PackageFile {
+    enum class State {
+        opened,
+        missing,
+        /// A link, a folder, a device or anything else that a package does not hold.
+        irregular,
+        unreadable,
+    };
+
+    State state = State::missing;
+    /// Open for reading when the state is `opened`.
+    UniqueDescriptor descriptor;
+    std::uint64_t byteCount = 0;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "SamplePictures/Bitmap.h"
+
+#include <cstdint>
+
+/// Draws landscapes: a sky with a sun, three ranges of hills, and the grain of a camera.
+namespace Landscape {
+
+/// The same `seed` and size give the same picture.
+Bitmap draw(unsigned width, unsigned height, std::uint32_t seed);
+
+} // namespace Landscape

@@ -1,0 +1,16 @@
+#pragma once
+
+/// The library's algorithms against published test vectors. Each gives whether all of its vectors fit.
+namespace CryptographyCheck {
+
+/// Argon2id version 1.3, against two vectors of its reference implementation.
+bool argon2id();
+
+/// XChaCha20-Poly1305 with 24-byte nonces, against the vector of draft-irtf-cfrg-xchacha, A.3.1; a changed
+/// ciphertext must be refused.
+bool xchacha20Poly1305();
+
+/// BLAKE2b without a key against RFC 7693, appendix A, and with a key against the BLAKE2 authors' known answers.
+bool blake2b();
+
+} // namespace CryptographyCheck

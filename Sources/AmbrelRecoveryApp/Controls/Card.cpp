@@ -1,0 +1,16 @@
+#include "AmbrelRecoveryApp/Controls/Card.h"
+
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QPainter>
+
+Card::Card(QWidget* parent) : Card(RecoveryPalette::card(), RecoveryPalette::line(), parent) {}
+
+Card::Card(const QColor& fill, const QColor& border, QWidget* parent) : QWidget(parent), fill_(fill), border_(border) {}
+
+void Card::paintEvent(QPaintEvent* /*event*/) {
+    constexpr qreal cornerRadius = 18;
+    QPainter painter(this);
+    RoundedPanel::paint(painter, rect(), cornerRadius, fill_, border_);
+}

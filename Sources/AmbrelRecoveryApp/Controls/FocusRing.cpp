@@ -1,0 +1,16 @@
+#include "AmbrelRecoveryApp/Controls/FocusRing.h"
+
+#include <QPainter>
+#include <QWidget>
+
+bool FocusRing::isShown(const QWidget& control) {
+    return control.hasFocus() && control.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void FocusRing::paint(QPainter& painter, const QRectF& rect, qreal radius, const QColor& color) {
+    constexpr qreal thickness = 2;
+    constexpr qreal inset = thickness / 2;
+    painter.setPen(QPen(color, thickness));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+class QWidget;
+
+/// The ring around the control that the keyboard acts on.
+namespace FocusRing {
+
+/// Whether `control` shows the ring: it has the focus, and the user moves the focus by keyboard.
+bool isShown(const QWidget& control);
+
+/// Draws the ring just inside `rect`, with the corners of a shape of `radius`.
+void paint(QPainter& painter, const QRectF& rect, qreal radius, const QColor& color);
+
+} // namespace FocusRing

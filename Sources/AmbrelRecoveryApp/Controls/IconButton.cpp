@@ -1,0 +1,48 @@
+#include "AmbrelRecoveryApp/Controls/IconButton.h"
+
+#include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+/// More than the symbol, so that it is easy to hit.
+constexpr int buttonSize = 28;
+constexpr int symbolSize = 16;
+
+} // namespace
+
+IconButton::IconButton(RecoverySymbol symbol, QWidget* parent) : QAbstractButton(parent), symbol_(symbol) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // The tooltip takes the style of the widget that it explains.
+    setStyleSheet(
+        QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
+            .arg(RecoveryPalette::primary().name(), RecoveryPalette::alert().name(), RecoveryPalette::muted().name()));
+}
+
+void IconButton::setLabel(const QString& label) {
+    setAccessibleName(label);
+    setToolTip(label);
+}
+
+QSize IconButton::sizeHint() const {
+    return {buttonSize, buttonSize};
+}
+
+void IconButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // At the trailing edge, in line with what stands above and below.
+    const QRect place(width() - symbolSize, (height() - symbolSize) / 2, symbolSize, symbolSize);
+    const QRect symbolRect = QStyle::visualRect(layoutDirection(), rect(), place);
+    const bool isLit = isDown() || underMouse();
+    SymbolPainter::paint(painter, symbol_, symbolRect, isLit ? RecoveryPalette::primary() : RecoveryPalette::muted());
+    if (FocusRing::isShown(*this)) {
+        FocusRing::paint(painter, QStyle::visualRect(layoutDirection(), rect(), place.adjusted(-8, -6, 0, 6)), 8,
+                         RecoveryPalette::copper());
+    }
+}

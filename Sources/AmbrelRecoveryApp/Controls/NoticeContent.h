@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// What a notice says.
+struct NoticeContent {
+    QString title;
+    QString body;
+
+    bool operator==(const NoticeContent&) const = default;
+};

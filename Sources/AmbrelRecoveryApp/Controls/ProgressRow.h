@@ -1,0 +1,29 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Controls/ProgressRowContent.h"
+
+#include <QWidget>
+
+class IconButton;
+class ProgressIndicator;
+class TextLabel;
+
+/// A running operation: how far it is, what it does, and the button that cancels it.
+class ProgressRow final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ProgressRow(QWidget* parent = nullptr);
+
+    void apply(const ProgressRowContent& content);
+    QWidget* cancelButton() const;
+
+signals:
+    void cancelled();
+
+private:
+    ProgressIndicator* const indicator_;
+    TextLabel* const percent_;
+    TextLabel* const title_;
+    IconButton* const cancel_;
+};

@@ -1,0 +1,249 @@
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cstring>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr int fieldHeight = 42;
+constexpr int fontSize = 15;
+constexpr qreal maskTracking = 3.6;
+constexpr int horizontalPadding = 14;
+constexpr qreal cornerRadius = 11;
+
+QString maskOf(int count) {
+    return QString(count, QChar(0x2022));
+}
+
+QStringView unitsIn(const SecretBytes& secret) {
+    return {reinterpret_cast<const char16_t*>(secret.bytes().data()),
+            static_cast<qsizetype>(secret.size() / sizeof(char16_t))};
+}
+
+void copyUnits(SecretBytes& to, qsizetype offset, QStringView from) {
+    if (!from.isEmpty()) {
+        std::memcpy(to.bytes().data() + static_cast<std::size_t>(offset) * sizeof(char16_t), from.utf16(),
+                    static_cast<std::size_t>(from.size()) * sizeof(char16_t));
+    }
+}
+
+qsizetype lengthOfCharacter(QStringView units, qsizetype offset) {
+    const bool isPair =
+        units[offset].isHighSurrogate() && offset + 1 < units.size() && units[offset + 1].isLowSurrogate();
+    return isPair ? 2 : 1;
+}
+
+int characterCount(QStringView units) {
+    int count = 0;
+    for (qsizetype offset = 0; offset < units.size(); offset += lengthOfCharacter(units, offset)) {
+        ++count;
+    }
+    return count;
+}
+
+bool isLineBreak(QChar character) {
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
+}
+
+/// The text without the line breaks around it and with a space for each one in it: a copied line brings its end along,
+/// and a copied list of words has one word a line.
+SecretBytes onOneLine(QStringView text) {
+    while (!text.isEmpty() && isLineBreak(text.back())) {
+        text.chop(1);
+    }
+    while (!text.isEmpty() && isLineBreak(text.front())) {
+        text = text.sliced(1);
+    }
+    SecretBytes line(static_cast<std::size_t>(text.size()) * sizeof(char16_t));
+    qsizetype length = 0;
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        const bool isFirstOfTwo = text[index] == u'\r' && text[index + 1] == u'\n';
+        if (!isFirstOfTwo) {
+            const QChar character = isLineBreak(text[index]) ? QChar(u' ') : text[index];
+            copyUnits(line, length++, QStringView(&character, 1));
+        }
+    }
+    return SecretBytes::copyOf(std::as_const(line).bytes().first(static_cast<std::size_t>(length) * sizeof(char16_t)));
+}
+
+/// Whether the event types a text, by the rules of Qt's own text controls.
+bool isTyping(const QKeyEvent& event) {
+    const QString text = event.text();
+    if (text.isEmpty()) {
+        return false;
+    }
+    const QChar first = text.front();
+    if (first.category() == QChar::Other_Format) {
+        return true;
+    }
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::ControlModifier || modifiers == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        return false;
+    }
+    return first.isPrint() || first.category() == QChar::Other_PrivateUse || first.isHighSurrogate();
+}
+
+bool wouldTakeSecretOut(const QKeyEvent& event) {
+    return event.matches(QKeySequence::Copy) || event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Undo) ||
+           event.matches(QKeySequence::Redo);
+}
+
+} // namespace
+
+SecureField::SecureField(QWidget* parent) : QLineEdit(parent) {
+    setEchoMode(QLineEdit::Password);
+    setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+    setMaxLength(std::numeric_limits<int>::max());
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(false);
+    setDragEnabled(false);
+    setFont(recoveryFont(fontSize, QFont::Normal));
+    setFixedHeight(fieldHeight);
+    // The panel is painted here; the style sheet takes the desktop's own one away and chooses the mask's character.
+    setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 %1px; "
+                                 "lineedit-password-character: 8226; lineedit-password-mask-delay: 0; }")
+                      .arg(horizontalPadding - 2));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, RecoveryPalette::primary());
+    colors.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
+    colors.setColor(QPalette::Highlight, RecoveryPalette::copper());
+    colors.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
+    setPalette(colors);
+    connect(this, &QLineEdit::textChanged, this, &SecureField::followMask);
+    connect(this, &QLineEdit::textChanged, this, &SecureField::spaceMask);
+}
+
+void SecureField::setPrompt(const QString& prompt) {
+    setPlaceholderText(prompt);
+    setAccessibleName(prompt);
+}
+
+QStringView SecureField::secret() const {
+    return unitsIn(units_);
+}
+
+void SecureField::setSecret(QStringView secret) {
+    replaceUnits(0, this->secret().size(), secret);
+    isShowingMask_ = true;
+    setText(maskOf(characterCount(this->secret())));
+    isShowingMask_ = false;
+}
+
+void SecureField::replaceSecret(int start, int end, QStringView text) {
+    replaceUnits(unitOffset(start), unitOffset(end), text);
+    isShowingMask_ = true;
+    if (end > start) {
+        setSelection(start, end - start);
+    } else {
+        deselect();
+        setCursorPosition(start);
+    }
+    insert(maskOf(characterCount(text)));
+    isShowingMask_ = false;
+    emit secretEdited();
+}
+
+void SecureField::type(QStringView text) {
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    replaceSecret(start, hasSelectedText() ? selectionEnd() : start, text);
+}
+
+void SecureField::paste(QClipboard::Mode mode) {
+    QString text = QGuiApplication::clipboard()->text(mode);
+    const SecretBytes line = onOneLine(text);
+    text.fill(QChar());
+    if (!line.empty()) {
+        type(unitsIn(line));
+    }
+}
+
+void SecureField::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) {
+        paste(QClipboard::Clipboard);
+    } else if (isTyping(*event)) {
+        type(event->text());
+    } else if (!wouldTakeSecretOut(*event)) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+void SecureField::inputMethodEvent(QInputMethodEvent* event) {
+    const int start = cursorPosition() + event->replacementStart();
+    if (event->replacementLength() > 0 && start >= 0) {
+        setSelection(start, event->replacementLength());
+    }
+    // What is still being composed is not shown: it would be the secret in clear.
+    if (!event->commitString().isEmpty()) {
+        type(event->commitString());
+    }
+    event->accept();
+}
+
+void SecureField::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
+        deselect();
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        paste(QClipboard::Selection);
+        event->accept();
+        return;
+    }
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void SecureField::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        RoundedPanel::paint(painter, rect(), cornerRadius, RecoveryPalette::input(),
+                            hasFocus() ? RecoveryPalette::copper() : RecoveryPalette::line());
+    }
+    QLineEdit::paintEvent(event);
+}
+
+/// Takes from the secret what the line edit deleted from the mask: it deletes on its own, and always after its cursor.
+void SecureField::followMask() {
+    if (isShowingMask_) {
+        return;
+    }
+    const int deleted = characterCount(secret()) - static_cast<int>(text().size());
+    replaceUnits(unitOffset(cursorPosition()), unitOffset(cursorPosition() + deleted), {});
+    emit secretEdited();
+}
+
+/// Bullets stand further apart than letters, so that they can be counted.
+void SecureField::spaceMask() {
+    setFont(recoveryFont(fontSize, QFont::Normal, text().isEmpty() ? 0 : maskTracking));
+}
+
+/// Where the character at this place begins among the secret's units. The mask has one bullet for a character, also for
+/// one of two units.
+qsizetype SecureField::unitOffset(int character) const {
+    const QStringView units = secret();
+    qsizetype offset = 0;
+    for (int index = 0; index < character && offset < units.size(); ++index) {
+        offset += lengthOfCharacter(units, offset);
+    }
+    return offset;
+}
+
+void SecureField::replaceUnits(qsizetype start, qsizetype end, QStringView text) {
+    const QStringView old = secret();
+    SecretBytes units(static_cast<std::size_t>(start + text.size() + old.size() - end) * sizeof(char16_t));
+    copyUnits(units, 0, old.first(start));
+    copyUnits(units, start, text);
+    copyUnits(units, start + text.size(), old.sliced(end));
+    units_ = std::move(units);
+}

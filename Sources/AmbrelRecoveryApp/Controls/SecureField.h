@@ -1,0 +1,57 @@
+#pragma once
+
+#include "AmbrelRecoveryAppSupport/SecretBytes.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+
+/// A field for a secret. What is typed is held in memory that is wiped; the line edit under it only ever holds a mask
+/// of as many bullets, so that the secret is in none of its buffers, undo histories or messages to assistive
+/// technology. It can be pasted into, but neither copied nor cut nor dragged from, and input methods are told not to
+/// learn from it.
+class SecureField final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit SecureField(QWidget* parent = nullptr);
+
+    /// The text shown while the field is empty, which is the accessible name too.
+    void setPrompt(const QString& prompt);
+
+    /// The secret. Valid until it changes.
+    QStringView secret() const;
+
+    /// Replaces the whole secret, wiping the old one. Emits nothing.
+    void setSecret(QStringView secret);
+
+    /// Puts `text` in the place of the characters from `start` up to `end`, as if it were typed.
+    void replaceSecret(int start, int end, QStringView text);
+
+signals:
+    /// The user changed the secret.
+    void secretEdited();
+
+protected:
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    // These would put text past the secret into the line edit.
+    using QLineEdit::insert;
+    using QLineEdit::paste;
+    using QLineEdit::setText;
+
+    void type(QStringView text);
+    void paste(QClipboard::Mode mode);
+    void followMask();
+    void spaceMask();
+    qsizetype unitOffset(int character) const;
+    void replaceUnits(qsizetype start, qsizetype end, QStringView text);
+
+    /// UTF-16.
+    SecretBytes units_;
+    /// While the mask follows the secret and not the other way round.
+    bool isShowingMask_ = false;
+};

@@ -1,0 +1,64 @@
+#include "AmbrelRecoveryApp/Controls/SegmentButton.h"
+
+#include "AmbrelRecoveryApp/Controls/CenteredText.h"
+#include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int segmentHeight = 28;
+constexpr int horizontalPadding = 12;
+constexpr qreal cornerRadius = 8;
+
+QFont labelFont(bool isChosen) {
+    return recoveryFont(13, isChosen ? QFont::DemiBold : QFont::Normal);
+}
+
+} // namespace
+
+SegmentButton::SegmentButton(QWidget* parent) : QRadioButton(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void SegmentButton::setLabel(const QString& label) {
+    if (label_ == label) {
+        return;
+    }
+    label_ = label;
+    // An ampersand would underline the next letter.
+    setText(QString(label).replace(u'&', QStringLiteral("&&")));
+    setAccessibleName(label);
+    updateGeometry();
+}
+
+QSize SegmentButton::sizeHint() const {
+    const QFontMetricsF metrics(labelFont(true));
+    return {2 * horizontalPadding + static_cast<int>(std::ceil(metrics.horizontalAdvance(label_))),
+            std::max(segmentHeight, static_cast<int>(std::ceil(metrics.height())) + 8)};
+}
+
+bool SegmentButton::hitButton(const QPoint& position) const {
+    return rect().contains(position);
+}
+
+void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isChecked()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(RecoveryPalette::highlight());
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    painter.setPen(isChecked() ? RecoveryPalette::primary() : RecoveryPalette::secondary());
+    painter.setFont(labelFont(isChecked()));
+    CenteredText::paint(painter, rect(), label_);
+    if (FocusRing::isShown(*this)) {
+        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
+    }
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QRadioButton>
+
+/// One segment of a segmented picker: a radio button without its mark.
+class SegmentButton final : public QRadioButton {
+    Q_OBJECT
+
+public:
+    explicit SegmentButton(QWidget* parent = nullptr);
+
+    /// The visible text, which is the accessible name too.
+    void setLabel(const QString& label);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool hitButton(const QPoint& position) const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString label_;
+};

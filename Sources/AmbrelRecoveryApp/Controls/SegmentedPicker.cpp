@@ -1,0 +1,51 @@
+#include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
+
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/Controls/SegmentButton.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int inset = 4;
+constexpr qreal cornerRadius = 11;
+
+} // namespace
+
+SegmentedPicker::SegmentedPicker(int count, QWidget* parent) : QWidget(parent) {
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(inset, inset, inset, inset);
+    layout->setSpacing(0);
+    for (int index = 0; index < count; ++index) {
+        auto* const segment = new SegmentButton(this);
+        layout->addWidget(segment, 1);
+        segments_.push_back(segment);
+        connect(segment, &SegmentButton::toggled, this, [this, index](bool isChosen) {
+            if (isChosen) {
+                emit chosen(index);
+            }
+        });
+    }
+    const QSignalBlocker blocker(segments_.front());
+    segments_.front()->setChecked(true);
+}
+
+void SegmentedPicker::apply(const QStringList& labels, int index) {
+    Q_ASSERT(labels.size() == static_cast<qsizetype>(segments_.size()));
+    for (std::size_t position = 0; position < segments_.size(); ++position) {
+        SegmentButton* const segment = segments_[position];
+        const QSignalBlocker blocker(segment);
+        segment->setLabel(labels.at(static_cast<qsizetype>(position)));
+        if (static_cast<int>(position) == index) {
+            segment->setChecked(true);
+        }
+    }
+}
+
+void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    RoundedPanel::paint(painter, rect(), cornerRadius, RecoveryPalette::input(), RecoveryPalette::line());
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+class SegmentButton;
+
+/// A choice of one among a few, side by side. Each segment is a radio button; the arrow keys move the choice.
+class SegmentedPicker final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// A picker of `count` segments, the first of them chosen.
+    explicit SegmentedPicker(int count, QWidget* parent = nullptr);
+
+    /// Shows `labels`, one for each segment, and chooses the segment at `index`. Emits nothing.
+    void apply(const QStringList& labels, int index);
+
+signals:
+    /// The user chose the segment at `index`.
+    void chosen(int index);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::vector<SegmentButton*> segments_;
+};

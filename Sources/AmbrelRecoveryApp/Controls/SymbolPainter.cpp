@@ -1,0 +1,86 @@
+#include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+#include <cmath>
+
+// Not in a namespace: the macro declares a function of the resource compiler's.
+static void loadSymbols() {
+    Q_INIT_RESOURCE(Symbols);
+}
+
+namespace {
+
+QString fileName(RecoverySymbol symbol) {
+    switch (symbol) {
+    case RecoverySymbol::checkmark:
+        return QStringLiteral("checkmark");
+    case RecoverySymbol::checkmarkCircle:
+        return QStringLiteral("checkmark.circle");
+    case RecoverySymbol::checkmarkCircleFill:
+        return QStringLiteral("checkmark.circle.fill");
+    case RecoverySymbol::checkmarkShield:
+        return QStringLiteral("checkmark.shield");
+    case RecoverySymbol::circle:
+        return QStringLiteral("circle");
+    case RecoverySymbol::exclamationmarkTriangleFill:
+        return QStringLiteral("exclamationmark.triangle.fill");
+    case RecoverySymbol::folder:
+        return QStringLiteral("folder");
+    case RecoverySymbol::personCropCircleBadgeXmark:
+        return QStringLiteral("person.crop.circle.badge.xmark");
+    case RecoverySymbol::photoStackFill:
+        return QStringLiteral("photo.stack.fill");
+    case RecoverySymbol::shippingboxFill:
+        return QStringLiteral("shippingbox.fill");
+    case RecoverySymbol::squareAndArrowDown:
+        return QStringLiteral("square.and.arrow.down");
+    case RecoverySymbol::xmark:
+        return QStringLiteral("xmark");
+    }
+    Q_UNREACHABLE();
+}
+
+QPixmap draw(const QString& name, const QSize& deviceSize, const QColor& color) {
+    loadSymbols();
+    QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    Q_ASSERT(isOpen);
+    QSvgRenderer renderer(file.readAll().replace("currentColor", color.name().toLatin1()));
+    QPixmap pixmap(deviceSize);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setOpacity(color.alphaF());
+    renderer.render(&painter);
+    return pixmap;
+}
+
+/// To whole device pixels, so that the pixmap is not resampled.
+QPointF alignedToPixels(const QPointF& point, const QPainter& painter) {
+    const QTransform transform = painter.deviceTransform();
+    const QPointF device = transform.map(point);
+    return transform.inverted().map(QPointF(std::round(device.x()), std::round(device.y())));
+}
+
+} // namespace
+
+void SymbolPainter::paint(QPainter& painter, RecoverySymbol symbol, const QRectF& rect, const QColor& color) {
+    const qreal scale = painter.device()->devicePixelRatioF();
+    const QSize deviceSize = (rect.size() * scale).toSize();
+    const QString name = fileName(symbol);
+    const QString key = QStringLiteral("%1 %2 %3x%4")
+                            .arg(name, color.name(QColor::HexArgb))
+                            .arg(deviceSize.width())
+                            .arg(deviceSize.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = draw(name, deviceSize, color);
+        QPixmapCache::insert(key, pixmap);
+    }
+    pixmap.setDevicePixelRatio(scale);
+    painter.drawPixmap(alignedToPixels(rect.topLeft(), painter), pixmap);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
+
+#include <QColor>
+#include <QWidget>
+
+/// Shows one symbol. It says nothing that a text beside it does not say, so it has no accessible name.
+class SymbolView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `size` is the width and the height, in device-independent pixels.
+    SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent = nullptr);
+
+    void setColor(const QColor& color);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const RecoverySymbol symbol_;
+    const int size_;
+    QColor color_;
+};

@@ -1,0 +1,100 @@
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Wide enough for any text on one line.
+constexpr qreal unlimitedWidth = 1e6;
+
+/// Breaks the text of `layout` into lines of `width` with at least `linePitch` between them. Gives the height.
+qreal breakIntoLines(QTextLayout& layout, qreal width, qreal linePitch) {
+    qreal height = 0;
+    layout.beginLayout();
+    while (true) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) {
+            break;
+        }
+        line.setLineWidth(width);
+        const qreal pitch = std::max(linePitch, line.height());
+        line.setPosition({0, height + (pitch - line.height()) / 2});
+        height += pitch;
+    }
+    layout.endLayout();
+    return height;
+}
+
+/// The direction of a paragraph of the interface. A text without any letter from right to left is not in the language
+/// of an interface that runs so: it stands in for one that is missing.
+Qt::LayoutDirection paragraphDirection(const QString& text, Qt::LayoutDirection interfaceDirection) {
+    const bool hasRightToLeft = std::ranges::any_of(text, [](QChar character) {
+        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+    });
+    return hasRightToLeft ? interfaceDirection : Qt::LeftToRight;
+}
+
+QTextOption wrapping(Qt::LayoutDirection direction) {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(direction);
+    return option;
+}
+
+} // namespace
+
+TextLabel::TextLabel(const QFont& font, const QColor& color, QWidget* parent, int linePitch)
+    : QLabel(parent), linePitch_(linePitch), color_(color) {
+    setTextFormat(Qt::PlainText);
+    setFont(font);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void TextLabel::setColor(const QColor& color) {
+    if (color_ != color) {
+        color_ = color;
+        update();
+    }
+}
+
+void TextLabel::setDirection(Direction direction) {
+    direction_ = direction;
+}
+
+int TextLabel::heightForWidth(int width) const {
+    QTextLayout layout(text(), font());
+    layout.setTextOption(wrapping(Qt::LayoutDirectionAuto));
+    return static_cast<int>(std::ceil(breakIntoLines(layout, width, linePitch_)));
+}
+
+QSize TextLabel::sizeHint() const {
+    QTextLayout layout(text(), font());
+    const qreal height = breakIntoLines(layout, unlimitedWidth, linePitch_);
+    return QSizeF(std::ceil(layout.lineAt(0).isValid() ? layout.lineAt(0).naturalTextWidth() : 0), std::ceil(height))
+        .toSize();
+}
+
+QSize TextLabel::minimumSizeHint() const {
+    return {0, static_cast<int>(std::ceil(std::max<qreal>(linePitch_, fontMetrics().height())))};
+}
+
+void TextLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(color_);
+    QTextLayout layout(text(), font());
+    layout.setTextOption(wrapping(direction_ == Direction::text ? Qt::LayoutDirectionAuto
+                                                                : paragraphDirection(text(), layoutDirection())));
+    const qreal top = std::ceil((height() - std::ceil(breakIntoLines(layout, width(), linePitch_))) / 2);
+    for (int index = 0; index < layout.lineCount(); ++index) {
+        const QTextLine line = layout.lineAt(index);
+        const qreal leading = layoutDirection() == Qt::RightToLeft ? width() - line.naturalTextWidth() : 0;
+        // A line of right-to-left text is set at the right edge of its own width already.
+        line.draw(&painter, QPointF(leading - line.naturalTextRect().left(), top));
+    }
+}

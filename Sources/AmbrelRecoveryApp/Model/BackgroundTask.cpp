@@ -1,0 +1,70 @@
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+
+#include <QCoreApplication>
+#include <QMetaObject>
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+
+namespace {
+
+struct Count {
+    std::mutex mutex;
+    std::condition_variable changed;
+    int running = 0;
+};
+
+/// Never destroyed: work that outlives the wait at the end of the process still counts itself down.
+Count& count() {
+    static auto* const count = new Count;
+    return *count;
+}
+
+/// The functions on their way to the main thread. They travel in a queue of our own, and the toolkit's event only says
+/// that there is one more, because the thread sanitizer sees this lock and not those inside the toolkit.
+struct Posted {
+    std::mutex mutex;
+    std::deque<std::function<void()>> functions;
+};
+
+Posted& posted() {
+    static auto* const posted = new Posted;
+    return *posted;
+}
+
+void callNextPosted() {
+    std::function<void()> function;
+    {
+        const std::lock_guard lock(posted().mutex);
+        function = std::move(posted().functions.front());
+        posted().functions.pop_front();
+    }
+    function();
+}
+
+} // namespace
+
+void BackgroundTask::postToMainThread(std::function<void()> function) {
+    {
+        const std::lock_guard lock(posted().mutex);
+        posted().functions.push_back(std::move(function));
+    }
+    QMetaObject::invokeMethod(QCoreApplication::instance(), callNextPosted, Qt::QueuedConnection);
+}
+
+bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
+    std::unique_lock lock(count().mutex);
+    return count().changed.wait_for(lock, limit, [] { return count().running == 0; });
+}
+
+BackgroundTask::Running::Running() {
+    const std::lock_guard lock(count().mutex);
+    ++count().running;
+}
+
+BackgroundTask::Running::~Running() {
+    const std::lock_guard lock(count().mutex);
+    --count().running;
+    count().changed.notify_all();
+}

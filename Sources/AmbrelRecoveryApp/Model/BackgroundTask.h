@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <exception>
+#include <functional>
+#include <future>
+#include <memory>
+#include <thread>
+#include <type_traits>
+#include <utility>
+
+/// Runs blocking work on a thread of its own and brings the outcome back to the main thread.
+/// Cancelling is the work's own affair: hand it a std::stop_token, and look at that token again in the completion.
+namespace BackgroundTask {
+
+/// Calls `function` on the main thread in a later turn of its event loop; calls from one thread keep their order.
+/// Any thread. Needs the application object.
+void postToMainThread(std::function<void()> function);
+
+/// Waits until no work runs any more, at most `limit`. True where that came to be. Any thread.
+bool waitForAll(std::chrono::milliseconds limit);
+
+/// Counts one running piece of work for waitForAll() while it lives.
+class Running {
+public:
+    Running();
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running();
+};
+
+/// The outcome of `work()`, which is destroyed with everything it captured once it has returned or thrown.
+template<typename Work>
+std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
+    std::promise<std::invoke_result_t<Work>> promise;
+    try {
+        if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
+            work();
+            promise.set_value();
+        } else {
+            promise.set_value(work());
+        }
+    } catch (...) {
+        promise.set_exception(std::current_exception());
+    }
+    return promise.get_future();
+}
+
+/// Calls `work()` on a new thread and then `completion(std::future<Outcome>&)` on the main thread; the future is ready
+/// and holds what the work returned or threw. Main thread. Throws std::system_error where no thread can be had.
+template<typename Work, typename Completion>
+void run(Work work, Completion completion) {
+    auto running = std::make_unique<Running>();
+    std::thread([work = std::move(work), completion = std::move(completion), running = std::move(running)]() mutable {
+        // Shared, because what is posted must be copyable.
+        const auto outcome = std::make_shared<std::future<std::invoke_result_t<Work>>>(outcomeOf(std::move(work)));
+        postToMainThread([outcome, completion = std::move(completion)] { completion(*outcome); });
+    }).detach();
+}
+
+} // namespace BackgroundTask

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryFailureKind.h"
+
+/// Turns failures into texts for the user, in the current interface language. Any thread.
+namespace RecoveryErrorPresentation {
+
+/// A new error, with an identity of its own, for a failure kind.
+RecoveryViewModel::PresentedError errorPresentation(AmbrelRecoveryFailureKind kind);
+
+} // namespace RecoveryErrorPresentation

@@ -1,0 +1,163 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
+#include "AmbrelRecoveryApp/Model/SecretText.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryAppFactor.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryExportDocument.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryInspectionDocument.h"
+
+#include <QObject>
+#include <QString>
+#include <QThread>
+#include <QUuid>
+
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <utility>
+
+class AmbrelRecoveryCredentialSession;
+class AmbrelRecoveryProcessRunner;
+class CloudItems;
+class RecoveryFileViewer;
+class RecoveryPanels;
+
+/// The one object that sequences a recovery: choose a package, type the credential, inspect, pick a snapshot, choose a
+/// destination, export, show the result. It owns all workflow state; the screens read it and call its operations.
+/// Lives on the main thread, and every member is called there.
+class RecoveryViewModel final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The step of the workflow that is shown.
+    enum class Phase { chooseBackup, preparingPackage, inspecting, snapshots, exporting, complete };
+
+    /// An error as the user sees it, in the interface language of the moment when it was made.
+    struct PresentedError {
+        /// Fresh for every presentation: the same failure shown twice is two errors.
+        QUuid id;
+        QString title;
+        QString body;
+
+        bool operator==(const PresentedError&) const = default;
+    };
+
+    /// What the workflow needs of the desktop. The panels and the viewer must outlive the model.
+    struct Desktop {
+        RecoveryPanels& panels;
+        RecoveryFileViewer& fileViewer;
+        /// Shared with preparations that may outlive the model.
+        std::shared_ptr<CloudItems> cloudItems;
+    };
+
+    /// A model for the engine at `executableURL`, a file path. Without one the generic error is presented at once, and
+    /// inspecting and exporting do nothing.
+    RecoveryViewModel(const std::optional<std::filesystem::path>& executableURL, Desktop desktop);
+
+    /// Cancels what is running and wipes the credential.
+    ~RecoveryViewModel() override;
+
+    Phase phase() const { return phase_; }
+    /// The chosen package, absolute, without "." and ".." in it.
+    const std::optional<std::filesystem::path>& packageURL() const { return packageURL_; }
+    AmbrelRecoveryAppFactor factor() const { return factor_; }
+    /// The text in the entry field; emptied as soon as an inspection starts.
+    const SecretText& credential() const { return credential_; }
+    /// The accepted inspection, or null.
+    const std::shared_ptr<const AmbrelRecoveryInspectionDocument>& inspection() const { return inspection_; }
+    const std::optional<std::string>& selectedSnapshotCode() const { return selectedSnapshotCode_; }
+    /// The export's destination folder, absolute, without "." and ".." in it.
+    const std::optional<std::filesystem::path>& destinationURL() const { return destinationURL_; }
+    const std::optional<AmbrelRecoveryExportDocument>& exportResult() const { return exportResult_; }
+    /// How much of the package is downloaded, 0 to 1; none where it is not known or nothing is prepared.
+    const std::optional<double>& packagePreparationProgress() const { return packagePreparationProgress_; }
+    const std::optional<PresentedError>& presentedError() const { return presentedError_; }
+
+    void setFactor(AmbrelRecoveryAppFactor factor);
+    void setCredential(SecretText credential);
+    void setSelectedSnapshotCode(std::optional<std::string> code);
+    void dismissPresentedError();
+
+    /// Whether a long operation runs: a package is being prepared or inspected, or a snapshot exported.
+    bool isBusy() const;
+    bool canInspect() const;
+    bool canExport() const;
+
+    /// Lets the user choose a package. Ignored while busy.
+    void chooseBackup();
+    /// Takes `chosen` as the package where it is a directory with the extension "ambrel", and presents an error
+    /// otherwise. Ignored while busy.
+    void acceptPackage(const std::filesystem::path& chosen);
+    /// Prepares and inspects the package with the typed credential. Ignored unless canInspect().
+    void inspectBackup();
+    /// Lets the user name a new folder and exports the selected snapshot into it. Ignored unless canExport().
+    void chooseDestinationAndExport();
+    /// Shows the exported folder in the file viewer.
+    void openRecoveredFolder();
+    /// Cancels what is running and begins anew; only the factor stays.
+    void startAgain();
+    /// Cancels what is running. An accepted inspection and its credential stay.
+    void cancelOperation();
+
+    /// A fraction as a whole percentage in the interface language, not clamped.
+    QString formattedPercent(double fraction) const;
+    /// A time, in milliseconds since the Unix epoch, as date and time in the interface language.
+    QString formattedDate(std::int64_t milliseconds) const;
+
+signals:
+    /// A published property is about to change. Its new value can be read in a later turn of the event loop.
+    void aboutToChange();
+
+private:
+    using Failing = void (RecoveryViewModel::*)(const std::exception_ptr& error);
+
+    template<typename Value, typename NewValue>
+    void publish(Value& property, NewValue&& value) {
+        Q_ASSERT(QThread::currentThread() == thread());
+        emit aboutToChange();
+        property = std::forward<NewValue>(value);
+    }
+
+    void exportTo(const std::filesystem::path& chosen);
+    /// Begins a new operation in the place of the last one and gives the token that tells of its cancellation.
+    std::stop_token beginOperation();
+    /// Runs `work` in the background and then `succeed` with its outcome on the main thread, or `fail` with what either
+    /// of them threw; neither where the model is gone or the operation cancelled by then.
+    template<typename Work, typename Succeeding>
+    void runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail);
+    void startPreparation();
+    void startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor);
+    void startExport(const std::filesystem::path& destination);
+    void applyInspection(RecoveryEngineRun::InspectionOutcome outcome);
+    void applyExport(RecoveryEngineRun::ExportOutcome outcome);
+    void failPreparationOrInspection(const std::exception_ptr& error);
+    void failExport(const std::exception_ptr& error);
+    void presentInspectionFailure(AmbrelRecoveryFailureKind kind);
+    void presentExportFailure(AmbrelRecoveryFailureKind kind);
+    void forgetPackageContents();
+    void cancelRunningOperation();
+    void dropCredentialSession();
+
+    Phase phase_ = Phase::chooseBackup;
+    std::optional<std::filesystem::path> packageURL_;
+    AmbrelRecoveryAppFactor factor_ = AmbrelRecoveryAppFactor::backupPassphrase;
+    SecretText credential_;
+    std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection_;
+    std::optional<std::string> selectedSnapshotCode_;
+    std::optional<std::filesystem::path> destinationURL_;
+    std::optional<AmbrelRecoveryExportDocument> exportResult_;
+    std::optional<double> packagePreparationProgress_;
+    std::optional<PresentedError> presentedError_;
+
+    const Desktop desktop_;
+    /// Null where there is no engine; never replaced. Shared with the thread of a running operation.
+    std::shared_ptr<AmbrelRecoveryProcessRunner> runner_;
+    /// Stops the operation in flight or the last one. At most one operation is current.
+    std::stop_source operationTask_{std::nostopstate};
+    /// Holds the credential between inspection and export.
+    std::shared_ptr<AmbrelRecoveryCredentialSession> credentialSession_;
+};

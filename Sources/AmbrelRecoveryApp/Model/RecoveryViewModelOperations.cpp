@@ -1,0 +1,140 @@
+// The long operations of the model. Each step runs on a thread of its own; what it leaves is applied on the main
+// thread.
+
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
+#include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
+#include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
+
+#include <QPointer>
+
+#include <future>
+
+using RecoveryErrorPresentation::errorPresentation;
+
+std::stop_token RecoveryViewModel::beginOperation() {
+    operationTask_.request_stop();
+    operationTask_ = std::stop_source();
+    return operationTask_.get_token();
+}
+
+template<typename Work, typename Succeeding>
+void RecoveryViewModel::runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail) {
+    try {
+        BackgroundTask::run(std::move(work), [model = QPointer(this), stopToken, succeed, fail](auto& outcome) {
+            RecoveryViewModel* const current = model;
+            if (current == nullptr || stopToken.stop_requested()) {
+                return;
+            }
+            try {
+                succeed(*current, outcome);
+            } catch (...) {
+                (current->*fail)(std::current_exception());
+            }
+        });
+    } catch (const std::system_error&) {
+        // No thread can be had.
+        (this->*fail)(std::current_exception());
+    }
+}
+
+void RecoveryViewModel::startPreparation() {
+    const std::stop_token stopToken = beginOperation();
+    const auto showProgress = [model = QPointer(this), stopToken](std::optional<double> fraction) {
+        BackgroundTask::postToMainThread([model, stopToken, fraction] {
+            RecoveryViewModel* const current = model;
+            if (current != nullptr && !stopToken.stop_requested()) {
+                current->publish(current->packagePreparationProgress_, fraction);
+            }
+        });
+    };
+    runStep(
+        stopToken,
+        [package = *packageURL_, cloudItems = desktop_.cloudItems, showProgress, stopToken] {
+            AmbrelRecoveryPackagePreparation::prepareForRead(package, *cloudItems, showProgress, stopToken);
+        },
+        [stopToken, factor = factor_](RecoveryViewModel& model, std::future<void>& outcome) {
+            outcome.get();
+            model.startInspection(stopToken, factor);
+        },
+        &RecoveryViewModel::failPreparationOrInspection);
+}
+
+void RecoveryViewModel::startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor) {
+    publish(packagePreparationProgress_, 1.0);
+    publish(phase_, Phase::inspecting);
+    runStep(
+        stopToken,
+        [runner = runner_, session = credentialSession_, factor, stopToken,
+         arguments = RecoveryEngineCommandLine::inspectArguments(*packageURL_, factor)] {
+            const auto result = RecoveryEngineRun::run(*runner, arguments, *session, factor, stopToken);
+            return RecoveryEngineRun::inspectionOutcome(result, factor);
+        },
+        [](RecoveryViewModel& model, std::future<RecoveryEngineRun::InspectionOutcome>& outcome) {
+            model.applyInspection(outcome.get());
+        },
+        &RecoveryViewModel::failPreparationOrInspection);
+}
+
+void RecoveryViewModel::startExport(const std::filesystem::path& destination) {
+    const std::stop_token stopToken = beginOperation();
+    runStep(
+        stopToken,
+        [runner = runner_, session = credentialSession_, factor = factor_, stopToken,
+         arguments =
+             RecoveryEngineCommandLine::exportArguments(*packageURL_, *selectedSnapshotCode_, destination, factor_)] {
+            const auto result = RecoveryEngineRun::run(*runner, arguments, *session, factor, stopToken);
+            return RecoveryEngineRun::exportOutcome(result, factor);
+        },
+        [](RecoveryViewModel& model, std::future<RecoveryEngineRun::ExportOutcome>& outcome) {
+            model.applyExport(outcome.get());
+        },
+        &RecoveryViewModel::failExport);
+}
+
+void RecoveryViewModel::applyInspection(RecoveryEngineRun::InspectionOutcome outcome) {
+    if (const auto* const failure = std::get_if<AmbrelRecoveryFailureKind>(&outcome)) {
+        presentInspectionFailure(*failure);
+        return;
+    }
+    auto document = std::make_shared<const AmbrelRecoveryInspectionDocument>(
+        std::get<AmbrelRecoveryInspectionDocument>(std::move(outcome)));
+    std::optional<std::string> recommendation = document->recommendedSnapshotCode();
+    publish(inspection_, std::move(document));
+    publish(selectedSnapshotCode_, std::move(recommendation));
+    publish(phase_, Phase::snapshots);
+}
+
+void RecoveryViewModel::applyExport(RecoveryEngineRun::ExportOutcome outcome) {
+    if (const auto* const failure = std::get_if<AmbrelRecoveryFailureKind>(&outcome)) {
+        presentExportFailure(*failure);
+        return;
+    }
+    publish(exportResult_, std::get<AmbrelRecoveryExportDocument>(std::move(outcome)));
+    dropCredentialSession();
+    publish(phase_, Phase::complete);
+}
+
+void RecoveryViewModel::failPreparationOrInspection(const std::exception_ptr& error) {
+    publish(packagePreparationProgress_, std::nullopt);
+    presentInspectionFailure(RecoveryEngineRun::failureKind(error));
+}
+
+void RecoveryViewModel::failExport(const std::exception_ptr& error) {
+    presentExportFailure(RecoveryEngineRun::failureKind(error));
+}
+
+void RecoveryViewModel::presentInspectionFailure(AmbrelRecoveryFailureKind kind) {
+    publish(phase_, Phase::chooseBackup);
+    dropCredentialSession();
+    publish(presentedError_, errorPresentation(kind));
+}
+
+/// Keeps the credential session, so that the user can try again without typing.
+void RecoveryViewModel::presentExportFailure(AmbrelRecoveryFailureKind kind) {
+    publish(phase_, Phase::snapshots);
+    publish(presentedError_, errorPresentation(kind));
+}

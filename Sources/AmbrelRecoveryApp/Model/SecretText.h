@@ -1,0 +1,26 @@
+#pragma once
+
+#include "AmbrelRecoveryAppSupport/SecretBytes.h"
+
+#include <QStringView>
+
+/// A typed secret as UTF-16 text in memory that is wiped. Moves but does not copy. Not synchronised.
+class SecretText {
+public:
+    SecretText() = default;
+
+    /// A copy of `text`, which stays the caller's to wipe. Throws std::bad_alloc.
+    explicit SecretText(QStringView text);
+
+    /// Valid until this object is wiped, moved from, assigned to or destroyed.
+    QStringView view() const;
+
+    /// Whether there is nothing but white space and line breaks.
+    bool isBlank() const;
+
+    /// The whole text, untrimmed, as UTF-8; what is no valid UTF-16 becomes U+FFFD. Throws std::bad_alloc.
+    SecretBytes utf8() const;
+
+private:
+    SecretBytes units_;
+};

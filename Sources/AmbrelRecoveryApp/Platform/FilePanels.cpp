@@ -1,0 +1,40 @@
+#include "AmbrelRecoveryApp/Platform/FilePanels.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <utility>
+
+FilePanels::FilePanels(QWidget* window) : window_(window), folder_(QDir::homePath()) {}
+
+FilePanels::~FilePanels() {
+    delete open_;
+}
+
+void FilePanels::chooseBackup(const OpenPanel& panel, Completion completion) {
+    show(ItemPanel::Purpose::existingItem, {.title = panel.title, .prompt = panel.prompt, .proposedName = {}},
+         std::move(completion));
+}
+
+void FilePanels::chooseDestination(const SavePanel& panel, Completion completion) {
+    show(ItemPanel::Purpose::newItem,
+         {.title = panel.title, .prompt = panel.prompt, .proposedName = panel.proposedName}, std::move(completion));
+}
+
+void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts, Completion completion) {
+    if (open_) {
+        open_->raise();
+        open_->activateWindow();
+        completion(std::nullopt);
+        return;
+    }
+    auto remembering = [this, completion = std::move(completion)](std::optional<std::filesystem::path> choice) {
+        open_ = nullptr;
+        if (choice) {
+            folder_ = QFile::decodeName(choice->parent_path().c_str());
+        }
+        completion(std::move(choice));
+    };
+    open_ = new ItemPanel(purpose, texts, folder_, std::move(remembering), window_);
+    open_->open();
+}

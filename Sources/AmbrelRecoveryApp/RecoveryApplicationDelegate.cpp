@@ -1,0 +1,71 @@
+#include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
+
+#include "AmbrelPlatform/ApplicationBundle.h"
+#include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
+#include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
+#include "AmbrelRecoveryApp/Platform/FilePanels.h"
+#include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+#include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QThread>
+#include <QVBoxLayout>
+
+#include <filesystem>
+#include <optional>
+
+namespace {
+
+constexpr QSize initialSize(980, 720);
+constexpr QSize minimumSize(880, 660);
+
+std::optional<std::filesystem::path> engine() {
+    try {
+        return AmbrelRecoveryExecutableLocator::bundledExecutable(ApplicationBundle::mainBundle());
+    } catch (AmbrelRecoveryProcessError) {
+        return std::nullopt;
+    }
+}
+
+std::unique_ptr<QWidget> makeWindow() {
+    auto window = std::make_unique<QWidget>();
+    window->setWindowTitle(QStringLiteral("Ambrel Recovery"));
+    window->setMinimumSize(minimumSize);
+    window->resize(initialSize);
+    auto* const layout = new QVBoxLayout(window.get());
+    layout->setContentsMargins(0, 0, 0, 0);
+    return window;
+}
+
+void center(QWidget& window) {
+    QRect frame(QPoint(0, 0), window.size());
+    frame.moveCenter(window.screen()->availableGeometry().center());
+    window.move(frame.topLeft());
+}
+
+} // namespace
+
+RecoveryApplicationDelegate::RecoveryApplicationDelegate() = default;
+
+RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
+    // The view reads the model for as long as it lives.
+    window_.reset();
+}
+
+void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
+    Q_ASSERT(QThread::currentThread() == qApp->thread());
+    QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
+    window_ = makeWindow();
+    panels_ = std::make_unique<FilePanels>(window_.get());
+    fileViewer_ = std::make_unique<DesktopFileViewer>();
+    model_ = std::make_unique<RecoveryViewModel>(
+        engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<LocalCloudItems>()});
+    window_->layout()->addWidget(new RecoveryRootView(*model_));
+    center(*window_);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+class RecoveryFileViewer;
+class RecoveryPanels;
+class RecoveryViewModel;
+
+/// Builds the application's one window on its one workflow. Main thread only.
+class RecoveryApplicationDelegate {
+public:
+    RecoveryApplicationDelegate();
+    RecoveryApplicationDelegate(const RecoveryApplicationDelegate&) = delete;
+    RecoveryApplicationDelegate& operator=(const RecoveryApplicationDelegate&) = delete;
+
+    /// Closes the window and ends the workflow: a running engine is asked to end, and is not waited for.
+    ~RecoveryApplicationDelegate();
+
+    /// Finds the engine and opens the window. A missing engine does not stop the start: the workflow tells of it.
+    void applicationDidFinishLaunching();
+
+    /// Whether closing the one window ends the application: yes.
+    bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
+
+private:
+    // In the order in which they need each other.
+    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<RecoveryPanels> panels_;
+    std::unique_ptr<RecoveryFileViewer> fileViewer_;
+    std::unique_ptr<RecoveryViewModel> model_;
+};

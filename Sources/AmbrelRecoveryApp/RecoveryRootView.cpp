@@ -1,0 +1,221 @@
+#include "AmbrelRecoveryApp/RecoveryRootView.h"
+
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
+#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
+#include "AmbrelRecoveryApp/Screens/HeaderView.h"
+#include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Screens/JourneyRail.h"
+#include "AmbrelRecoveryApp/Screens/MainContent.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace {
+
+/// Qt's own parts of the window take these colours, whatever the desktop's are.
+QPalette darkPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, RecoveryPalette::background());
+    palette.setColor(QPalette::WindowText, RecoveryPalette::primary());
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, RecoveryPalette::primary());
+    palette.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
+    palette.setColor(QPalette::Button, RecoveryPalette::rail());
+    palette.setColor(QPalette::ButtonText, RecoveryPalette::primary());
+    palette.setColor(QPalette::Highlight, RecoveryPalette::copper());
+    palette.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
+    return palette;
+}
+
+QWidget* screenOf(const MainContent& content, RecoveryScreenState::Phase phase) {
+    using Phase = RecoveryScreenState::Phase;
+    switch (phase) {
+    case Phase::chooseBackup:
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+        return content.chooseBackup();
+    case Phase::snapshots:
+    case Phase::exporting:
+        return content.snapshots();
+    case Phase::complete:
+        return content.completion();
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
+    RecoveryAccessibility::install();
+    setPalette(darkPalette());
+    rail_ = new JourneyRail(this);
+    content_ = new MainContent(this);
+    alert_ = new ErrorAlert(this);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(rail_);
+    layout->addWidget(content_, 1);
+    connectScreens();
+    connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
+    nextFocus_ = widgetOf(FocusPlan::first);
+    applyContents();
+}
+
+void RecoveryRootView::connectScreens() {
+    const ChooseBackupScreen* const choose = content_->chooseBackup();
+    connect(choose, &ChooseBackupScreen::chooseRequested, &model_, &RecoveryViewModel::chooseBackup);
+    connect(choose, &ChooseBackupScreen::factorChosen, &model_,
+            [this](int index) { model_.setFactor(allRecoveryAppFactors.at(static_cast<std::size_t>(index))); });
+    connect(choose, &ChooseBackupScreen::secretEdited, &model_,
+            [this] { model_.setCredential(SecretText(content_->chooseBackup()->secretField()->secret())); });
+    connect(choose, &ChooseBackupScreen::inspectRequested, this, &RecoveryRootView::inspect);
+    connect(choose, &ChooseBackupScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+
+    const SnapshotsScreen* const snapshots = content_->snapshots();
+    connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
+    connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
+    connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+
+    const CompletionScreen* const completion = content_->completion();
+    connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
+    connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
+
+    connect(alert_, &ErrorAlert::dismissed, &model_, &RecoveryViewModel::dismissPresentedError);
+}
+
+void RecoveryRootView::inspect() {
+    model_.inspectBackup();
+    // At once: what is typed before the redraw must not bring the old secret back.
+    applyCredential();
+}
+
+void RecoveryRootView::chooseSnapshot(int row) {
+    if (state_.snapshots) {
+        model_.setSelectedSnapshotCode(state_.snapshots->at(static_cast<std::size_t>(row)).selectionCode);
+    }
+}
+
+void RecoveryRootView::scheduleRedraw() {
+    if (!isRedrawScheduled_) {
+        isRedrawScheduled_ = true;
+        QMetaObject::invokeMethod(this, &RecoveryRootView::redraw, Qt::QueuedConnection);
+    }
+}
+
+void RecoveryRootView::redraw() {
+    isRedrawScheduled_ = false;
+    const RecoveryScreenState before = std::exchange(state_, RecoveryScreenState::of(model_, state_.snapshots));
+    const bool hadAlert = before.presentedError.has_value();
+    if (state_.presentedError && !hadAlert) {
+        nextFocus_ = focusWidget();
+    }
+    const std::optional<FocusPlan::Target> target = FocusPlan::target(before, state_);
+    applyContents();
+    if (target) {
+        nextFocus_ = widgetOf(*target);
+    }
+    if ((target || hadAlert) && !state_.presentedError) {
+        takeNextFocus();
+    }
+    emit redrawn();
+}
+
+void RecoveryRootView::applyContents() {
+    setLayoutDirection(interfaceDirection());
+    rail_->apply(journeyRailContent(state_));
+    content_->header()->apply(headerContent());
+    content_->chooseBackup()->apply(chooseBackupContent(state_));
+    content_->snapshots()->apply(snapshotsContent(state_));
+    content_->completion()->apply(completionContent(state_));
+    content_->showScreen(screenOf(*content_, state_.phase));
+    applyCredential();
+    alert_->apply(errorAlertContent(state_));
+}
+
+void RecoveryRootView::applyCredential() {
+    SecureField* const field = content_->chooseBackup()->secretField();
+    if (field->secret() != model_.credential().view()) {
+        field->setSecret(model_.credential().view());
+    }
+}
+
+QWidget* RecoveryRootView::widgetOf(FocusPlan::Target target) const {
+    using Target = FocusPlan::Target;
+    switch (target) {
+    case Target::chooseButton:
+        return content_->chooseBackup()->chooseButton();
+    case Target::secretField:
+        return content_->chooseBackup()->secretField();
+    case Target::cancelButton:
+        return state_.phase == RecoveryScreenState::Phase::exporting ? content_->snapshots()->cancelButton()
+                                                                     : content_->chooseBackup()->cancelButton();
+    case Target::snapshotList:
+        return content_->snapshots()->list();
+    case Target::exportButton:
+        return content_->snapshots()->exportButton();
+    case Target::revealButton:
+        return content_->completion()->revealButton();
+    }
+    Q_UNREACHABLE();
+}
+
+void RecoveryRootView::takeNextFocus() {
+    QWidget* const next = nextFocus_;
+    nextFocus_ = nullptr;
+    if (next != nullptr && next->isVisible() && next->isEnabled()) {
+        next->setFocus();
+        content_->ensureWidgetVisible(next);
+    }
+}
+
+void RecoveryRootView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (state_.presentedError) {
+        alert_->takeFocus();
+    } else {
+        takeNextFocus();
+    }
+}
+
+void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!isPlain || state_.presentedError) {
+        QWidget::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        pressMainButton();
+    } else if (event->key() == Qt::Key_Escape && model_.isBusy()) {
+        model_.cancelOperation();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+/// A button that is not in sight or cannot be used is not pressed.
+void RecoveryRootView::pressMainButton() {
+    for (PrimaryRecoveryButton* const button :
+         {content_->chooseBackup()->inspectButton(), content_->snapshots()->exportButton(),
+          content_->completion()->revealButton()}) {
+        if (button->isVisible()) {
+            button->click();
+        }
+    }
+}
+
+void RecoveryRootView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), RecoveryPalette::background());
+    glow_.paint(painter, size(), layoutDirection());
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Controls/CopperGlow.h"
+#include "AmbrelRecoveryApp/Screens/FocusPlan.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryScreenState.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+class ErrorAlert;
+class JourneyRail;
+class MainContent;
+class RecoveryViewModel;
+
+/// The whole content of the window: a side rail, the screen of the current step, and the error alert. It shows what the
+/// model publishes and turns what the user does into calls of the model. Main thread.
+class RecoveryRootView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `model` must outlive the view.
+    explicit RecoveryRootView(RecoveryViewModel& model, QWidget* parent = nullptr);
+
+signals:
+    /// The screens show the model again as it is; however many changes came before, this is emitted once for them.
+    void redrawn();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void connectScreens();
+    void scheduleRedraw();
+    void redraw();
+    void applyContents();
+    void applyCredential();
+    QWidget* widgetOf(FocusPlan::Target target) const;
+    void takeNextFocus();
+    void pressMainButton();
+    void chooseSnapshot(int row);
+    void inspect();
+
+    RecoveryViewModel& model_;
+    /// What is shown.
+    RecoveryScreenState state_;
+    bool isRedrawScheduled_ = false;
+    CopperGlow glow_;
+    JourneyRail* rail_ = nullptr;
+    MainContent* content_ = nullptr;
+    ErrorAlert* alert_ = nullptr;
+    /// Where the focus goes once the alert is gone or the window is there.
+    QPointer<QWidget> nextFocus_;
+};

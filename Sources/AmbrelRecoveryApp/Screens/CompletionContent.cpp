@@ -1,0 +1,21 @@
+#include "AmbrelRecoveryApp/Screens/CompletionContent.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+
+CompletionContent completionContent(const RecoveryScreenState& state) {
+    using AmbrelStrings::localized;
+
+    const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
+    CompletionContent content{
+        .title = localized(AmbrelStrings::filesExportCompletedTitle()),
+        .exported = std::nullopt,
+        .revealLabel = RecoveryAppCopy::showInFinder(locale),
+        .startAgainLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
+    };
+    if (state.exportResult) {
+        content.exported = localized(AmbrelStrings::filesExportExported()) + QStringLiteral(": ") +
+                           AmbrelStrings::formattedNumber(state.exportResult->recoveredItemCount, locale);
+    }
+    return content;
+}

@@ -1,0 +1,55 @@
+#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
+
+#include "AmbrelRecoveryApp/Controls/Card.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/ButtonRow.h"
+#include "AmbrelRecoveryApp/Screens/TrailingInset.h"
+
+#include <QHBoxLayout>
+
+CompletionScreen::CompletionScreen(QWidget* parent)
+    : QWidget(parent), title_(new TextLabel(recoveryFont(24, QFont::DemiBold), RecoveryPalette::primary(), this)),
+      exported_(new TextLabel(recoveryFont(15, QFont::Normal), RecoveryPalette::secondary(), this)),
+      reveal_(new PrimaryRecoveryButton(std::nullopt, this)),
+      startAgain_(new SecondaryRecoveryButton(std::nullopt, this)) {
+    startAgain_->setButtonHeight(reveal_->sizeHint().height());
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(withTrailingInset(makeCard()));
+    layout->addStretch(1);
+    connect(reveal_, &PrimaryRecoveryButton::clicked, this, &CompletionScreen::revealRequested);
+    connect(startAgain_, &SecondaryRecoveryButton::clicked, this, &CompletionScreen::startAgainRequested);
+}
+
+QWidget* CompletionScreen::makeCard() {
+    auto* const card = new Card(this);
+    auto* const layout = new QVBoxLayout(card);
+    layout->setContentsMargins(35, 35, 35, 35);
+    layout->setSpacing(14);
+    layout->addWidget(new SymbolBadge({.symbol = RecoverySymbol::checkmark,
+                                       .color = RecoveryPalette::success(),
+                                       .fillOpacity = 0.14,
+                                       .size = 64,
+                                       .cornerRadius = 32,
+                                       .symbolSize = 28},
+                                      card),
+                      0, Qt::AlignLeading);
+    layout->addWidget(title_);
+    layout->addWidget(exported_);
+    layout->addSpacing(7);
+    layout->addWidget(new ButtonRow({reveal_, startAgain_}, card));
+    return card;
+}
+
+void CompletionScreen::apply(const CompletionContent& content) {
+    title_->setText(content.title);
+    exported_->setVisible(content.exported.has_value());
+    exported_->setText(content.exported.value_or(QString()));
+    reveal_->setLabel(content.revealLabel);
+    startAgain_->setLabel(content.startAgainLabel);
+}

@@ -1,0 +1,34 @@
+#include "AmbrelRecoveryApp/Screens/FocusPlan.h"
+
+namespace {
+
+using FocusPlan::Target;
+using Phase = RecoveryScreenState::Phase;
+
+Target targetOfNewPhase(const RecoveryScreenState& before, const RecoveryScreenState& after) {
+    switch (after.phase) {
+    case Phase::chooseBackup:
+        return after.packageURL ? Target::secretField : Target::chooseButton;
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+    case Phase::exporting:
+        return Target::cancelButton;
+    case Phase::snapshots:
+        return before.phase == Phase::exporting ? Target::exportButton : Target::snapshotList;
+    case Phase::complete:
+        return Target::revealButton;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+std::optional<Target> FocusPlan::target(const RecoveryScreenState& before, const RecoveryScreenState& after) {
+    if (before.phase != after.phase) {
+        return targetOfNewPhase(before, after);
+    }
+    if (after.phase == Phase::chooseBackup && before.packageURL != after.packageURL) {
+        return targetOfNewPhase(before, after);
+    }
+    return std::nullopt;
+}

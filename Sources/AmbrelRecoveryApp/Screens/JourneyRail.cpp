@@ -1,0 +1,91 @@
+#include "AmbrelRecoveryApp/Screens/JourneyRail.h"
+
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/RailBadge.h"
+#include "AmbrelRecoveryApp/Screens/RailStep.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int railWidth = 236;
+constexpr int borderWidth = 1;
+constexpr int leadingPadding = 22;
+constexpr int trailingPadding = 24;
+constexpr int topPadding = 52;
+constexpr int bottomPadding = 27;
+
+} // namespace
+
+JourneyRail::JourneyRail(QWidget* parent)
+    : QWidget(parent), brand_(new TextLabel(recoveryFont(19, QFont::DemiBold), RecoveryPalette::primary(), this)),
+      product_(new TextLabel(recoveryFont(12, QFont::Medium), RecoveryPalette::muted(), this)),
+      steps_{new RailStep(this), new RailStep(this), new RailStep(this)},
+      noAccount_(new RailBadge(RecoverySymbol::personCropCircleBadgeXmark, this)),
+      readOnly_(new RailBadge(RecoverySymbol::checkmarkShield, this)) {
+    setFixedWidth(railWidth);
+    auto* const layout = new QVBoxLayout;
+    layout->setSpacing(0);
+    layout->addLayout(makeBrandBlock());
+    layout->addSpacing(44);
+    for (RailStep* const step : steps_) {
+        layout->addWidget(step);
+        layout->addSpacing(20);
+    }
+    layout->addStretch(1);
+    layout->addWidget(noAccount_);
+    layout->addSpacing(10);
+    layout->addWidget(readOnly_);
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, topPadding, 0, bottomPadding);
+    row->setSpacing(0);
+    row->addSpacing(leadingPadding);
+    row->addLayout(layout, 1);
+    row->addSpacing(trailingPadding);
+}
+
+QHBoxLayout* JourneyRail::makeBrandBlock() {
+    auto* const names = new QVBoxLayout;
+    names->setContentsMargins(0, 0, 0, 2);
+    names->setSpacing(2);
+    names->addStretch(1);
+    names->addWidget(brand_);
+    names->addWidget(product_);
+    names->addStretch(1);
+
+    auto* const block = new QHBoxLayout;
+    block->setSpacing(12);
+    block->addWidget(new SymbolBadge({.symbol = RecoverySymbol::photoStackFill,
+                                      .color = RecoveryPalette::copper(),
+                                      .fillOpacity = 0.16,
+                                      .size = 44,
+                                      .cornerRadius = 12,
+                                      .symbolSize = 22},
+                                     this));
+    block->addLayout(names, 1);
+    return block;
+}
+
+void JourneyRail::apply(const JourneyRailContent& content) {
+    brand_->setText(content.brand);
+    product_->setText(content.product);
+    for (std::size_t index = 0; index < steps_.size(); ++index) {
+        steps_[index]->apply(content.steps[index]);
+    }
+    noAccount_->setText(content.noAccount);
+    readOnly_->setText(content.readOnly);
+}
+
+void JourneyRail::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), RecoveryPalette::rail());
+    painter.fillRect(
+        QStyle::visualRect(layoutDirection(), rect(), QRect(width() - borderWidth, 0, borderWidth, height())),
+        RecoveryPalette::line());
+}

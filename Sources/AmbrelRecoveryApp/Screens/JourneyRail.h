@@ -1,0 +1,34 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Screens/JourneyRailContent.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QHBoxLayout;
+class RailBadge;
+class RailStep;
+class TextLabel;
+
+/// The side rail: the brand, the three steps of the way, and two promises.
+class JourneyRail final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit JourneyRail(QWidget* parent = nullptr);
+
+    void apply(const JourneyRailContent& content);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QHBoxLayout* makeBrandBlock();
+
+    TextLabel* const brand_;
+    TextLabel* const product_;
+    std::array<RailStep*, 3> steps_;
+    RailBadge* const noAccount_;
+    RailBadge* const readOnly_;
+};

@@ -1,0 +1,32 @@
+#include "AmbrelRecoveryApp/Screens/JourneyRailContent.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+
+JourneyRailContent journeyRailContent(const RecoveryScreenState& state) {
+    using AmbrelStrings::localized;
+    using Phase = RecoveryScreenState::Phase;
+
+    const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
+    const Phase phase = state.phase;
+    return {
+        .brand = QStringLiteral("Ambrel"),
+        .product = QStringLiteral("Recovery"),
+        .steps = {{
+            {.number = QStringLiteral("01"),
+             .title = localized(AmbrelStrings::recoveryChoosePackageAction()),
+             .isActive = phase == Phase::chooseBackup || phase == Phase::preparingPackage || phase == Phase::inspecting,
+             .isCompleted = state.snapshots != nullptr},
+            {.number = QStringLiteral("02"),
+             .title = localized(AmbrelStrings::recoverySnapshotsTitle()),
+             .isActive = phase == Phase::snapshots || phase == Phase::exporting,
+             .isCompleted = phase == Phase::complete},
+            {.number = QStringLiteral("03"),
+             .title = localized(AmbrelStrings::filesExportCompletedTitle()),
+             .isActive = phase == Phase::complete,
+             .isCompleted = false},
+        }},
+        .noAccount = RecoveryAppCopy::noAccount(locale),
+        .readOnly = RecoveryAppCopy::readOnly(locale),
+    };
+}

@@ -1,0 +1,63 @@
+#include "AmbrelRecoveryApp/Screens/MainContent.h"
+
+#include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
+#include "AmbrelRecoveryApp/Controls/ShownPart.h"
+#include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
+#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
+#include "AmbrelRecoveryApp/Screens/HeaderView.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
+#include "AmbrelRecoveryApp/Screens/TrailingInset.h"
+
+#include <QHBoxLayout>
+
+namespace {
+
+constexpr int topPadding = 47;
+constexpr int bottomPadding = 28;
+constexpr int sidePadding = 52;
+
+} // namespace
+
+MainContent::MainContent(QWidget* parent)
+    : QScrollArea(parent), column_(new QWidget), header_(new HeaderView(column_)),
+      chooseBackup_(new ChooseBackupScreen(column_)), snapshots_(new SnapshotsScreen(column_)),
+      completion_(new CompletionScreen(column_)) {
+    ShownPart::setShown(snapshots_, false);
+    ShownPart::setShown(completion_, false);
+
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(21);
+    lines->addLayout(withTrailingInset(header_));
+    lines->addWidget(chooseBackup_, 1);
+    lines->addWidget(snapshots_, 1);
+    lines->addWidget(completion_, 1);
+
+    auto* const row = new QHBoxLayout(column_);
+    row->setContentsMargins(0, topPadding, 0, bottomPadding);
+    row->setSpacing(0);
+    row->addSpacing(sidePadding);
+    row->addLayout(lines, 1);
+    // The two scroll bars stand in the padding.
+    row->addSpacing(sidePadding - 2 * QuietScrollBar::thickness);
+
+    setWidget(column_);
+    column_->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setVerticalScrollBar(new QuietScrollBar(this));
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void MainContent::showScreen(QWidget* screen) {
+    if (!screen->isHidden()) {
+        return;
+    }
+    for (QWidget* const other : {static_cast<QWidget*>(chooseBackup_), static_cast<QWidget*>(snapshots_),
+                                 static_cast<QWidget*>(completion_)}) {
+        ShownPart::setShown(other, other == screen);
+    }
+    verticalScrollBar()->setValue(0);
+}

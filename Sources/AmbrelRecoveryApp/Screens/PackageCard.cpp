@@ -1,0 +1,48 @@
+#include "AmbrelRecoveryApp/Screens/PackageCard.h"
+
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SymbolView.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QHBoxLayout>
+
+PackageCard::PackageCard(QWidget* parent)
+    : Card(parent), symbol_(new SymbolView(RecoverySymbol::shippingboxFill, 22, RecoveryPalette::muted(), this)),
+      name_(new TextLabel(recoveryFont(16, QFont::DemiBold), RecoveryPalette::primary(), this)),
+      kind_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this)),
+      choose_(new SecondaryRecoveryButton(RecoverySymbol::folder, this)) {
+    name_->setDirection(TextLabel::Direction::text);
+    kind_->setDirection(TextLabel::Direction::text);
+
+    // A widget, since an empty layout would not keep the button at the trailing edge.
+    auto* const texts = new QWidget(this);
+    auto* const column = new QVBoxLayout(texts);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(3);
+    column->addWidget(name_);
+    column->addWidget(kind_);
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(19, 19, 19, 19);
+    row->setSpacing(16);
+    row->addWidget(symbol_);
+    row->addWidget(texts, 1, Qt::AlignVCenter);
+    row->addWidget(choose_);
+    connect(choose_, &SecondaryRecoveryButton::clicked, this, &PackageCard::chooseRequested);
+}
+
+void PackageCard::apply(const ChooseBackupContent::Package& content) {
+    symbol_->setColor(content.name ? RecoveryPalette::copper() : RecoveryPalette::muted());
+    name_->setVisible(content.name.has_value());
+    name_->setText(content.name.value_or(QString()));
+    kind_->setVisible(content.name.has_value());
+    kind_->setText(content.kind);
+    choose_->setLabel(content.chooseLabel);
+    choose_->setEnabled(content.canChoose);
+}
+
+QWidget* PackageCard::chooseButton() const {
+    return choose_;
+}

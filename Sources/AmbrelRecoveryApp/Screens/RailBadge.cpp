@@ -1,0 +1,22 @@
+#include "AmbrelRecoveryApp/Screens/RailBadge.h"
+
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SymbolView.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QHBoxLayout>
+
+RailBadge::RailBadge(RecoverySymbol symbol, QWidget* parent)
+    : QWidget(parent), text_(new TextLabel(recoveryFont(11, QFont::Normal), RecoveryPalette::muted(), this)) {
+    constexpr int symbolSize = 15;
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(new SymbolView(symbol, symbolSize, RecoveryPalette::muted(), this), 0, Qt::AlignVCenter);
+    layout->addWidget(text_, 1);
+}
+
+void RailBadge::setText(const QString& text) {
+    text_->setText(text);
+}

@@ -1,0 +1,46 @@
+#include "AmbrelRecoveryApp/Screens/RailStep.h"
+
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/StepMark.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+
+namespace {
+
+constexpr int linePitch = 16;
+
+QFont titleFont(bool isActive) {
+    return recoveryFont(13, isActive ? QFont::DemiBold : QFont::Normal);
+}
+
+} // namespace
+
+RailStep::RailStep(QWidget* parent)
+    : QWidget(parent), mark_(new StepMark(this)),
+      title_(new TextLabel(titleFont(false), RecoveryPalette::muted(), this, linePitch)) {
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(5);
+    layout->addWidget(mark_, 0, Qt::AlignVCenter);
+    layout->addWidget(title_, 1);
+}
+
+void RailStep::apply(const JourneyRailContent::Step& content) {
+    if (content_ == content) {
+        return;
+    }
+    QAccessible::State changed;
+    changed.selected = content_.isActive != content.isActive;
+    changed.checked = content_.isCompleted != content.isCompleted;
+    content_ = content;
+    mark_->apply(content.number, content.isActive, content.isCompleted);
+    title_->setFont(titleFont(content.isActive));
+    title_->setColor(content.isActive ? RecoveryPalette::primary() : RecoveryPalette::muted());
+    title_->setText(content.title);
+    setAccessibleName(content.title);
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+}

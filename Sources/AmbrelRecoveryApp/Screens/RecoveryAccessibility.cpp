@@ -1,0 +1,41 @@
+#include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
+
+#include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
+#include "AmbrelRecoveryApp/Controls/ProgressIndicatorAccessible.h"
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/RailStep.h"
+#include "AmbrelRecoveryApp/Screens/RailStepAccessible.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotListAccessible.h"
+
+namespace {
+
+/// Qt takes ownership of what is made here.
+QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
+    if (auto* const field = qobject_cast<SecureField*>(object)) {
+        return new SecureFieldAccessible(field);
+    }
+    if (auto* const indicator = qobject_cast<ProgressIndicator*>(object)) {
+        return new ProgressIndicatorAccessible(indicator);
+    }
+    if (auto* const list = qobject_cast<SnapshotList*>(object)) {
+        return new SnapshotListAccessible(list);
+    }
+    if (auto* const step = qobject_cast<RailStep*>(object)) {
+        return new RailStepAccessible(step);
+    }
+    if (auto* const dialog = qobject_cast<ErrorAlertDialog*>(object)) {
+        return new ErrorAlertAccessible(dialog);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void RecoveryAccessibility::install() {
+    // Qt itself keeps a factory only once.
+    QAccessible::installFactory(make);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
+
+#include <QListView>
+
+class SnapshotListModel;
+
+/// The list of snapshots. A row is chosen by click, arrow keys, Space or assistive technology; there is always at most
+/// one, and a second click does not take it back. A hundred thousand rows open as fast as ten.
+class SnapshotList final : public QListView {
+    Q_OBJECT
+
+public:
+    explicit SnapshotList(QWidget* parent = nullptr);
+
+    /// Shows `rows` and marks the selected one. Emits nothing; the scroll position stays where the snapshots do.
+    void apply(const SnapshotRows& rows);
+    const SnapshotListModel& snapshotModel() const { return *model_; }
+
+    /// Chooses a row as if the user had clicked it.
+    void choose(int row);
+
+    /// Only the rounded rows count, not the gaps between them.
+    QModelIndex indexAt(const QPoint& point) const override;
+    /// Types nothing: rows are not searched for by letters.
+    void keyboardSearch(const QString& /*search*/) override {}
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    /// The user chose the snapshot in `row`.
+    void chosen(int row);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    void followSelection();
+
+    SnapshotListModel* const model_;
+    bool isApplying_ = false;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+#include <map>
+
+class SnapshotList;
+
+/// The snapshot list as assistive technology meets it. Its rows are made when they are asked for.
+class SnapshotListAccessible final : public QAccessibleWidget {
+public:
+    explicit SnapshotListAccessible(SnapshotList* list);
+    ~SnapshotListAccessible() override;
+
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+    QAccessibleInterface* focusChild() const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    QAccessible::State state() const override;
+
+private:
+    SnapshotList& list() const;
+
+    mutable std::map<int, QAccessible::Id> rows_;
+};

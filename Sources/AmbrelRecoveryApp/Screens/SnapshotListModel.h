@@ -1,0 +1,24 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
+
+#include <QAbstractListModel>
+
+/// The rows of the snapshot list for Qt's list view. Nothing is copied or put into words beforehand.
+class SnapshotListModel final : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    /// Shows `rows`. Resets the model only where the snapshots are others than before.
+    void setRows(const SnapshotRows& rows);
+    const SnapshotRows& rows() const { return rows_; }
+    SnapshotRowContent content(const QModelIndex& index) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    SnapshotRows rows_;
+};

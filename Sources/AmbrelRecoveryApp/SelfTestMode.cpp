@@ -1,0 +1,59 @@
+#include "AmbrelRecoveryApp/SelfTestMode.h"
+
+#include "AmbrelPlatform/ApplicationBundle.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+#include <string_view>
+
+#include <unistd.h>
+
+namespace {
+
+AmbrelRecoveryProcessResult runEngineSelfTest() {
+    AmbrelRecoveryProcessRunner runner(
+        AmbrelRecoveryExecutableLocator::bundledExecutable(ApplicationBundle::mainBundle()));
+    return runner.run(RecoveryEngineCommandLine::selfTestArguments(), std::nullopt,
+                      AmbrelRecoveryProcessRunner::defaultTimeout);
+}
+
+/// A reader that went away loses the text; the exit status still tells the outcome.
+void writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = write(descriptor, text.data(), text.size());
+        if (count > 0) {
+            text.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count < 0 && errno != EINTR) {
+            return;
+        }
+    }
+}
+
+int fail() {
+    writeAll(STDERR_FILENO, "Ambrel Recovery app self-test failed.\n");
+    return 1;
+}
+
+} // namespace
+
+bool SelfTestMode::isRequested(std::span<const char* const> arguments) {
+    return std::ranges::any_of(arguments, [](std::string_view argument) { return argument == "--self-test"; });
+}
+
+int SelfTestMode::run() {
+    try {
+        const AmbrelRecoveryProcessResult result = runEngineSelfTest();
+        writeAll(STDOUT_FILENO, result.standardOutput);
+        writeAll(STDERR_FILENO, result.standardError);
+        return result.exitCode;
+    } catch (AmbrelRecoveryProcessError) {
+        return fail();
+    } catch (const std::bad_alloc&) {
+        return fail();
+    }
+}

@@ -1,0 +1,179 @@
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "RecoveryViewModelTestCase.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <future>
+#include <thread>
+#include <utility>
+
+namespace {
+
+class RecoveryViewModelCancellation : public RecoveryViewModelTestCase {
+protected:
+    RecoveryViewModelCancellation() { makeModel(); }
+
+    void inspectUntilEngineRuns() {
+        setEngineThatWaits();
+        choosePackage();
+        type("secret");
+        model->inspectBackup();
+        waitUntilEngineRuns();
+    }
+
+    void exportUntilEngineRuns() {
+        setEngineThatWaits();
+        panels.answer = path("Ambrel Recovered");
+        model->chooseDestinationAndExport();
+        waitUntilEngineRuns();
+    }
+
+    /// Waits for the end of all work and lets everything that it posted arrive.
+    void settle() {
+        ASSERT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(60)));
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(RecoveryViewModelCancellation, ofAnInspectionEndsTheEngineAndShowsNoError) {
+    inspectUntilEngineRuns();
+    EXPECT_EQ(model->phase(), Phase::inspecting);
+    model->cancelOperation();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    settle();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_FALSE(model->presentedError());
+    EXPECT_FALSE(model->packagePreparationProgress());
+}
+
+TEST_F(RecoveryViewModelCancellation, ofAnExportKeepsTheSessionSoThatItCanStartAgain) {
+    inspect(inspectionDocument());
+    exportUntilEngineRuns();
+    model->cancelOperation();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    settle();
+    EXPECT_FALSE(model->presentedError());
+    EXPECT_EQ(model->destinationURL(), path("Ambrel Recovered"));
+    EXPECT_EQ(model->selectedSnapshotCode(), "new");
+    EXPECT_TRUE(model->canExport());
+    setEngineThatPrints(exportDocument());
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(engineInput(), "correct horse\n");
+}
+
+TEST_F(RecoveryViewModelCancellation, ofALaterInspectionGoesBackToTheSnapshots) {
+    inspect(inspectionDocument());
+    setEngineThatWaits();
+    type("secret");
+    model->inspectBackup();
+    waitUntilEngineRuns();
+    model->cancelOperation();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    settle();
+    EXPECT_TRUE(model->inspection());
+    EXPECT_TRUE(model->canExport());
+}
+
+TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItsSleepAndDropsTheSession) {
+    cloudItems->onProperties = [] {
+        return CloudItems::Properties{
+            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
+    };
+    cloudItems->onPercentDownloaded = [] { return 10.0; };
+    choosePackage();
+    type("secret");
+    model->inspectBackup();
+    waitUntil([this] { return model->packagePreparationProgress() == 0.1; });
+    EXPECT_EQ(model->phase(), Phase::preparingPackage);
+    model->cancelOperation();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    settle();
+    EXPECT_FALSE(model->packagePreparationProgress());
+    EXPECT_FALSE(model->presentedError());
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+}
+
+TEST_F(RecoveryViewModelCancellation, discardsAResultThatIsOnItsWayAlready) {
+    choosePackage();
+    type("secret");
+    model->inspectBackup();
+    waitForPhase(Phase::inspecting);
+    // The main thread does not look while the engine ends; its outcome is queued when the cancellation comes.
+    ASSERT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(60)));
+    model->cancelOperation();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_FALSE(model->inspection());
+}
+
+TEST_F(RecoveryViewModelCancellation, keepsAnErrorThatIsShown) {
+    panels.answer = path("temporary");
+    model->chooseBackup();
+    ASSERT_TRUE(model->presentedError());
+    model->cancelOperation();
+    EXPECT_TRUE(model->presentedError());
+}
+
+TEST_F(RecoveryViewModelCancellation, byStartingAgainClearsEverythingButTheFactor) {
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    inspect(inspectionDocument());
+    exportUntilEngineRuns();
+    model->startAgain();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::recoveryKey);
+    EXPECT_FALSE(model->packageURL());
+    EXPECT_FALSE(model->inspection());
+    EXPECT_FALSE(model->selectedSnapshotCode());
+    EXPECT_FALSE(model->destinationURL());
+    EXPECT_FALSE(model->exportResult());
+    EXPECT_TRUE(model->credential().view().isEmpty());
+    settle();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_FALSE(model->presentedError());
+}
+
+TEST_F(RecoveryViewModelCancellation, byDestroyingTheModelEndsTheEngine) {
+    inspectUntilEngineRuns();
+    model.reset();
+    settle();
+}
+
+TEST_F(RecoveryViewModelCancellation, byDestroyingTheModelDuringADownloadEndsIt) {
+    auto asked = std::make_shared<std::promise<void>>();
+    std::future<void> firstPass = asked->get_future();
+    cloudItems->onProperties = [asked, told = false]() mutable {
+        if (!std::exchange(told, true)) {
+            asked->set_value();
+        }
+        return CloudItems::Properties{
+            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
+    };
+    choosePackage();
+    type("secret");
+    model->inspectBackup();
+    firstPass.wait();
+    model.reset();
+    settle();
+}
+
+TEST_F(RecoveryViewModelCancellation, atAnyMomentOfAnInspectionLeavesNothingBehind) {
+    for (int turns = 0; turns < 40; ++turns) {
+        setEngineThatPrints(inspectionDocument());
+        choosePackage();
+        type("secret");
+        model->inspectBackup();
+        for (int turn = 0; turn < turns; ++turn) {
+            QCoreApplication::processEvents();
+            std::this_thread::yield();
+        }
+        model->startAgain();
+        settle();
+        ASSERT_EQ(model->phase(), Phase::chooseBackup);
+        ASSERT_FALSE(model->presentedError());
+        ASSERT_TRUE(temporaryFiles().empty());
+    }
+}

@@ -1,0 +1,147 @@
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
+#include "RecoveryViewModelTestCase.h"
+
+namespace {
+
+class RecoveryViewModelExport : public RecoveryViewModelTestCase {
+protected:
+    RecoveryViewModelExport() {
+        makeModel();
+        inspect(inspectionDocument());
+        panels.answer = path("Ambrel Recovered");
+    }
+
+    void expectDestinationError() {
+        const auto expected =
+            RecoveryErrorPresentation::errorPresentation(AmbrelRecoveryFailureKind::destinationUnavailable);
+        ASSERT_TRUE(model->presentedError());
+        EXPECT_EQ(model->presentedError()->title, expected.title);
+        EXPECT_EQ(model->presentedError()->body, expected.body);
+        EXPECT_EQ(model->phase(), Phase::snapshots);
+        EXPECT_FALSE(model->destinationURL());
+    }
+};
+
+} // namespace
+
+TEST_F(RecoveryViewModelExport, asksWithTheTextsOfTheCatalogueAndProposesAName) {
+    panels.answer = std::nullopt;
+    model->chooseDestinationAndExport();
+    ASSERT_EQ(panels.savePanels.size(), 1U);
+    EXPECT_EQ(panels.savePanels[0].title, AmbrelStrings::localized(AmbrelStrings::filesExportChooseDestination()));
+    EXPECT_EQ(panels.savePanels[0].prompt, AmbrelStrings::localized(AmbrelStrings::filesExportStart()));
+    EXPECT_EQ(panels.savePanels[0].proposedName, "Ambrel Recovered");
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_FALSE(model->destinationURL());
+}
+
+TEST_F(RecoveryViewModelExport, handsTheEngineItsCommandLineAndTheCredentialAndCompletes) {
+    setEngineThatPrints(exportDocument());
+    panels.answer = path("temporary/../Ambrel Recovered");
+    model->chooseDestinationAndExport();
+    EXPECT_EQ(model->phase(), Phase::exporting);
+    EXPECT_EQ(model->destinationURL(), path("Ambrel Recovered"));
+    EXPECT_FALSE(model->canExport());
+    EXPECT_FALSE(model->canInspect());
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(engineArguments(),
+              (std::vector<std::string>{"export", path("Family Photos.ambrel").native(), "--snapshot", "new",
+                                        "--destination", path("temporary/../Ambrel Recovered").native(),
+                                        "--backup-passphrase", "--credential-stdin"}));
+    EXPECT_EQ(engineInput(), "correct horse\n");
+    ASSERT_TRUE(model->exportResult());
+    EXPECT_EQ(model->exportResult()->recoveredItemCount, 3);
+    EXPECT_FALSE(model->canExport());
+    EXPECT_FALSE(std::filesystem::exists(path("Ambrel Recovered")));
+}
+
+TEST_F(RecoveryViewModelExport, exportsTheSnapshotThatTheUserPicked) {
+    setEngineThatPrints(exportDocument());
+    model->setSelectedSnapshotCode("old");
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(engineArguments().at(3), "old");
+}
+
+TEST_F(RecoveryViewModelExport, refusesADestinationThatExists) {
+    std::filesystem::create_directory(path("Ambrel Recovered"));
+    model->chooseDestinationAndExport();
+    expectDestinationError();
+}
+
+TEST_F(RecoveryViewModelExport, refusesADestinationThatIsALinkToNowhere) {
+    std::filesystem::create_symlink(path("nowhere"), path("Ambrel Recovered"));
+    model->chooseDestinationAndExport();
+    expectDestinationError();
+}
+
+TEST_F(RecoveryViewModelExport, keepsTheSessionAfterAFailureSoThatItCanBeTriedAgain) {
+    setEngineThatFails("output could not be written");
+    model->chooseDestinationAndExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_EQ(model->presentedError()->title,
+              AmbrelStrings::localized(AmbrelStrings::filesExportDestinationUnavailableTitle()));
+    EXPECT_TRUE(model->canExport());
+    setEngineThatPrints(exportDocument());
+    model->chooseDestinationAndExport();
+    EXPECT_FALSE(model->presentedError());
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(engineInput(), "correct horse\n");
+}
+
+TEST_F(RecoveryViewModelExport, refusesADocumentOfAnotherKind) {
+    setEngineThatPrints(inspectionDocument());
+    model->chooseDestinationAndExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_EQ(model->presentedError()->title, AmbrelStrings::localized(AmbrelStrings::recoveryFailureGenericTitle()));
+    EXPECT_FALSE(model->exportResult());
+    EXPECT_TRUE(model->canExport());
+}
+
+TEST_F(RecoveryViewModelExport, presentsAMissingEngineAsAGenericFailureAndKeepsTheSession) {
+    std::filesystem::remove(path("engine"));
+    model->chooseDestinationAndExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    EXPECT_EQ(model->presentedError()->title, AmbrelStrings::localized(AmbrelStrings::recoveryFailureGenericTitle()));
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_TRUE(model->canExport());
+}
+
+TEST_F(RecoveryViewModelExport, isIgnoredWithoutASelection) {
+    model->setSelectedSnapshotCode(std::nullopt);
+    model->chooseDestinationAndExport();
+    EXPECT_TRUE(panels.savePanels.empty());
+}
+
+TEST_F(RecoveryViewModelExport, ignoresAnAnswerThatComesWhenExportHasBecomeImpossible) {
+    panels.staysOpen = true;
+    model->chooseDestinationAndExport();
+    model->setSelectedSnapshotCode(std::nullopt);
+    panels.open.at(0)(path("Ambrel Recovered"));
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_FALSE(model->destinationURL());
+}
+
+TEST_F(RecoveryViewModelExport, revealsTheDestination) {
+    model->openRecoveredFolder();
+    EXPECT_TRUE(fileViewer.revealed.empty());
+    setEngineThatPrints(exportDocument());
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    model->openRecoveredFolder();
+    EXPECT_EQ(fileViewer.revealed, (std::vector{path("Ambrel Recovered")}));
+}
+
+TEST_F(RecoveryViewModelExport, canInspectAgainAfterCompletion) {
+    setEngineThatPrints(exportDocument());
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    setEngineThatPrints(inspectionDocument());
+    type("secret");
+    EXPECT_TRUE(model->canInspect());
+    model->inspectBackup();
+    waitForPhase(Phase::snapshots);
+}

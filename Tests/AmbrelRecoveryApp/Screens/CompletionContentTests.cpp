@@ -1,0 +1,71 @@
+#include "AmbrelRecoveryApp/Screens/CompletionContent.h"
+
+#include "AmbrelRecoveryApp/Screens/ErrorAlertContent.h"
+#include "ScreensTestSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Phase = RecoveryScreenState::Phase;
+
+TEST(CompletionContentTests, showsHowManyItemsWereRecovered) {
+    RecoveryScreenState state = stateIn(Phase::complete);
+    state.exportResult.emplace();
+    state.exportResult->totalItemCount = 5000;
+    state.exportResult->recoveredItemCount = 4812;
+    state.exportResult->failedResourceCount = 3;
+    const CompletionContent content = completionContent(state);
+    EXPECT_EQ(content.title, QStringLiteral("Export complete"));
+    EXPECT_EQ(content.exported, QStringLiteral("Exported: 4,812"));
+    EXPECT_EQ(content.revealLabel, QStringLiteral("Show in Finder"));
+    EXPECT_EQ(content.startAgainLabel, QStringLiteral("Choose another package"));
+}
+
+TEST(CompletionContentTests, withoutAReportOnlyTheLineIsAbsent) {
+    const CompletionContent content = completionContent(stateIn(Phase::complete));
+    EXPECT_EQ(content.exported, std::nullopt);
+    EXPECT_FALSE(content.revealLabel.isEmpty());
+    EXPECT_FALSE(content.startAgainLabel.isEmpty());
+}
+
+TEST(CompletionContentTests, followsTheLanguage) {
+    const ScopedLanguage german("de", "de_DE.UTF-8");
+    EXPECT_EQ(completionContent(stateIn(Phase::complete)).revealLabel, QStringLiteral("Im Finder anzeigen"));
+}
+
+TEST(ErrorAlertContentTests, thereIsNoneWithoutAnError) {
+    EXPECT_EQ(errorAlertContent(RecoveryScreenState()), std::nullopt);
+}
+
+TEST(ErrorAlertContentTests, showsTheErrorInEveryPhase) {
+    for (const Phase phase : allPhases) {
+        RecoveryScreenState state = stateIn(phase);
+        state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
+        const std::optional<ErrorAlertContent> content = errorAlertContent(state);
+        ASSERT_TRUE(content);
+        EXPECT_EQ(content->title, QStringLiteral("Title"));
+        EXPECT_EQ(content->body, QStringLiteral("Body"));
+        EXPECT_EQ(content->okayLabel, QStringLiteral("OK"));
+    }
+}
+
+TEST(ErrorAlertContentTests, theSameErrorShownTwiceIsTwoAlerts) {
+    RecoveryScreenState state;
+    state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
+    const std::optional<ErrorAlertContent> first = errorAlertContent(state);
+    state.presentedError->id = QUuid::createUuid();
+    EXPECT_NE(errorAlertContent(state), first);
+}
+
+TEST(ErrorAlertContentTests, onlyTheButtonFollowsALaterChangeOfLanguage) {
+    RecoveryScreenState state;
+    state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
+    const ScopedLanguage korean("ko", "ko_KR.UTF-8");
+    const std::optional<ErrorAlertContent> content = errorAlertContent(state);
+    ASSERT_TRUE(content);
+    EXPECT_EQ(content->title, QStringLiteral("Title"));
+    EXPECT_EQ(content->okayLabel, QStringLiteral("확인"));
+}
+
+} // namespace

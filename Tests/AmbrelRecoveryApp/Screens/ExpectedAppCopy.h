@@ -1,0 +1,160 @@
+#pragma once
+
+#include <QStringView>
+
+#include <array>
+
+/// The application's own texts as they are meant to be read, language by language; English stands first.
+struct ExpectedAppCopy {
+    const char* locale;
+    QStringView noAccount;
+    QStringView readOnly;
+    QStringView okay;
+    QStringView providerPreparationTitle;
+    QStringView providerPreparation;
+    QStringView showInFinder;
+};
+
+inline constexpr std::array expectedAppCopy = {
+    ExpectedAppCopy{
+        .locale = "en",
+        .noAccount = u"No account",
+        .readOnly = u"Read-only",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Preparing the backup",
+        .providerPreparation = u"If the backup is in iCloud Drive, Files may need time to download it. Keep this Mac "
+                               u"online; cancelling does not change the backup.",
+        .showInFinder = u"Show in Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "es",
+        .noAccount = u"Sin cuenta",
+        .readOnly = u"Solo lectura",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Preparando la copia de seguridad",
+        .providerPreparation = u"Si la copia está en iCloud Drive, Archivos puede necesitar tiempo para descargarla. "
+                               u"Mantén el Mac conectado a internet; puedes cancelar sin modificar la copia.",
+        .showInFinder = u"Mostrar en Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "pt",
+        .noAccount = u"Sem conta",
+        .readOnly = u"Somente leitura",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Preparando o backup",
+        .providerPreparation = u"Se o backup estiver no iCloud Drive, o app Arquivos pode precisar de tempo para "
+                               u"baixá-lo. Mantenha o Mac conectado; você pode cancelar sem alterar o backup.",
+        .showInFinder = u"Mostrar no Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "de",
+        .noAccount = u"Kein Konto",
+        .readOnly = u"Schreibgeschützt",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Backup wird vorbereitet",
+        .providerPreparation = u"Liegt das Backup in iCloud Drive, benötigt „Dateien“ möglicherweise Zeit zum Laden. "
+                               u"Lass den Mac online; ein Abbruch verändert das Backup nicht.",
+        .showInFinder = u"Im Finder anzeigen",
+    },
+    ExpectedAppCopy{
+        .locale = "fr",
+        .noAccount = u"Sans compte",
+        .readOnly = u"Lecture seule",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Préparation de la sauvegarde",
+        .providerPreparation = u"Si la sauvegarde est dans iCloud Drive, Fichiers peut avoir besoin de temps pour la "
+                               u"télécharger. Gardez le Mac en ligne ; l’annulation ne modifie pas la sauvegarde.",
+        .showInFinder = u"Afficher dans le Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "it",
+        .noAccount = u"Senza account",
+        .readOnly = u"Sola lettura",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Preparazione del backup",
+        .providerPreparation = u"Se il backup è su iCloud Drive, File potrebbe impiegare del tempo per scaricarlo. "
+                               u"Mantieni il Mac online; l’annullamento non modifica il backup.",
+        .showInFinder = u"Mostra nel Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "ja",
+        .noAccount = u"アカウント不要",
+        .readOnly = u"読み取り専用",
+        .okay = u"OK",
+        .providerPreparationTitle = u"バックアップを準備中",
+        .providerPreparation = u"バックアップがiCloud "
+                               u"Driveにある場合、「ファイル」によるダウンロードに時間がかかることがあります。Macをオン"
+                               u"ラインにしてください。キャンセルしてもバックアップは変更されません。",
+        .showInFinder = u"Finderで表示",
+    },
+    ExpectedAppCopy{
+        .locale = "ko",
+        .noAccount = u"계정 불필요",
+        .readOnly = u"읽기 전용",
+        .okay = u"확인",
+        .providerPreparationTitle = u"백업 준비 중",
+        .providerPreparation = u"백업이 iCloud Drive에 있으면 파일 앱에서 다운로드하는 데 시간이 걸릴 수 있습니다. "
+                               u"Mac을 온라인 상태로 유지하십시오. 취소해도 백업은 변경되지 않습니다.",
+        .showInFinder = u"Finder에서 보기",
+    },
+    ExpectedAppCopy{
+        .locale = "ru",
+        .noAccount = u"Без аккаунта",
+        .readOnly = u"Только чтение",
+        .okay = u"Хорошо",
+        .providerPreparationTitle = u"Подготовка резервной копии",
+        .providerPreparation = u"Если копия находится в iCloud Drive, приложению «Файлы» может понадобиться время, "
+                               u"чтобы скачать её. Не отключайте Mac от интернета; отмена не изменит резервную копию.",
+        .showInFinder = u"Показать в Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "pl",
+        .noAccount = u"Bez konta",
+        .readOnly = u"Tylko do odczytu",
+        .okay = u"OK",
+        .providerPreparationTitle = u"Przygotowywanie backupu",
+        .providerPreparation = u"Jeśli backup jest w iCloud Drive, aplikacja Pliki może potrzebować czasu na jego "
+                               u"pobranie. Pozostaw Maca online; anulowanie nie zmieni backupu.",
+        .showInFinder = u"Pokaż w Finderze",
+    },
+    ExpectedAppCopy{
+        .locale = "tr",
+        .noAccount = u"Hesap gerekmez",
+        .readOnly = u"Salt okunur",
+        .okay = u"Tamam",
+        .providerPreparationTitle = u"Yedekleme hazırlanıyor",
+        .providerPreparation = u"Yedekleme iCloud Drive’daysa Dosyalar’ın indirmesi zaman alabilir. Mac’i internete "
+                               u"bağlı tutun; iptal etmek yedeklemeyi değiştirmez.",
+        .showInFinder = u"Finder’da Göster",
+    },
+    ExpectedAppCopy{
+        .locale = "ar",
+        .noAccount = u"من دون حساب",
+        .readOnly = u"للقراءة فقط",
+        .okay = u"حسنًا",
+        .providerPreparationTitle = u"جارٍ تجهيز النسخة الاحتياطية",
+        .providerPreparation = u"إذا كانت النسخة الاحتياطية في iCloud Drive، فقد يحتاج تطبيق «الملفات» إلى وقت "
+                               u"لتنزيلها. أبقِ Mac متصلاً بالإنترنت؛ لا يؤدي الإلغاء إلى تغيير النسخة.",
+        .showInFinder = u"إظهار في Finder",
+    },
+    ExpectedAppCopy{
+        .locale = "zh-Hans",
+        .noAccount = u"无需账户",
+        .readOnly = u"只读",
+        .okay = u"好",
+        .providerPreparationTitle = u"正在准备备份",
+        .providerPreparation =
+            u"如果备份位于 iCloud Drive，“文件”可能需要一些时间下载。请让 Mac 保持联网；取消不会更改备份。",
+        .showInFinder = u"在 Finder 中显示",
+    },
+    ExpectedAppCopy{
+        .locale = "zh-Hant",
+        .noAccount = u"無需帳戶",
+        .readOnly = u"唯讀",
+        .okay = u"好",
+        .providerPreparationTitle = u"正在準備備份",
+        .providerPreparation =
+            u"如果備份位於 iCloud Drive，「檔案」可能需要一些時間下載。請讓 Mac 保持連線；取消不會更改備份。",
+        .showInFinder = u"在 Finder 中顯示",
+    },
+};

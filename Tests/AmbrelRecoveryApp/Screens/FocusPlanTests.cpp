@@ -1,0 +1,77 @@
+#include "AmbrelRecoveryApp/Screens/FocusPlan.h"
+
+#include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
+#include "ScreensTestSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using FocusPlan::Target;
+using Phase = RecoveryScreenState::Phase;
+
+std::optional<Target> between(Phase before, Phase after) {
+    return FocusPlan::target(stateIn(before), stateIn(after));
+}
+
+TEST(FocusPlanTests, staysWhereTheUserIsWhileThePhaseStays) {
+    for (const Phase phase : allPhases) {
+        EXPECT_EQ(between(phase, phase), std::nullopt);
+    }
+}
+
+TEST(FocusPlanTests, goesToTheFieldOnceAPackageIsChosen) {
+    RecoveryScreenState chosen = stateIn(Phase::chooseBackup);
+    chosen.packageURL = "/backups/a.ambrel";
+    EXPECT_EQ(FocusPlan::target(stateIn(Phase::chooseBackup), chosen), Target::secretField);
+}
+
+TEST(FocusPlanTests, goesToTheFieldAfterARefusedSecret) {
+    RecoveryScreenState refused = stateIn(Phase::chooseBackup);
+    refused.packageURL = "/backups/a.ambrel";
+    EXPECT_EQ(FocusPlan::target(stateIn(Phase::inspecting), refused), Target::secretField);
+    EXPECT_EQ(FocusPlan::target(stateIn(Phase::preparingPackage), refused), Target::secretField);
+}
+
+TEST(FocusPlanTests, goesToTheCancelButtonOfEveryOperation) {
+    EXPECT_EQ(between(Phase::chooseBackup, Phase::preparingPackage), Target::cancelButton);
+    EXPECT_EQ(between(Phase::preparingPackage, Phase::inspecting), Target::cancelButton);
+    EXPECT_EQ(between(Phase::snapshots, Phase::exporting), Target::cancelButton);
+}
+
+TEST(FocusPlanTests, goesToTheListAfterAnInspection) {
+    EXPECT_EQ(between(Phase::inspecting, Phase::snapshots), Target::snapshotList);
+}
+
+TEST(FocusPlanTests, goesToTheExportButtonAfterAnExportThatCameToNothing) {
+    EXPECT_EQ(between(Phase::exporting, Phase::snapshots), Target::exportButton);
+}
+
+TEST(FocusPlanTests, goesToTheButtonThatRevealsTheFolderAtTheEnd) {
+    EXPECT_EQ(between(Phase::exporting, Phase::complete), Target::revealButton);
+}
+
+TEST(FocusPlanTests, goesToTheBeginningWhenTheUserStartsAgain) {
+    EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), Target::chooseButton);
+    EXPECT_EQ(FocusPlan::first, Target::chooseButton);
+}
+
+TEST(InterfaceDirectionTests, followsTheLanguageOfTheTexts) {
+    EXPECT_EQ(interfaceDirection(), Qt::LeftToRight);
+    const ScopedLanguage arabic("ar", "ar_EG.UTF-8");
+    EXPECT_EQ(interfaceDirection(), Qt::RightToLeft);
+}
+
+TEST(InterfaceDirectionTests, isThatOfEnglishWhereTheCatalogueLacksTheLanguage) {
+    const ScopedLanguage hebrew("he", "he_IL.UTF-8");
+    EXPECT_EQ(interfaceDirection(), Qt::LeftToRight);
+}
+
+TEST(RecoveryScreenStateTests, isBusyInTheThreePhasesOfAnOperation) {
+    for (const Phase phase : allPhases) {
+        EXPECT_EQ(stateIn(phase).isBusy(),
+                  phase == Phase::preparingPackage || phase == Phase::inspecting || phase == Phase::exporting);
+    }
+}
+
+} // namespace

@@ -1,0 +1,330 @@
+#include "AmbrelRecoveryApp/RecoveryRootView.h"
+
+#include "../Model/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "ScreensTestSupport.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+class RecoveryRootViewTests : public RecoveryViewModelTestCase {
+protected:
+    void open() {
+        makeModel();
+        openOnModel();
+    }
+
+    void openOnModel() {
+        view = std::make_unique<RecoveryRootView>(*model);
+        view->resize(880, 660);
+        view->show();
+        view->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    }
+
+    ~RecoveryRootViewTests() override { view.reset(); }
+
+    /// Lets the view show what the model has become.
+    static void redraw() { QCoreApplication::processEvents(); }
+
+    SecureField& field() const { return *view->findChild<SecureField*>(); }
+    ErrorAlertDialog& alert() const { return *view->findChild<ErrorAlertDialog*>(); }
+    SnapshotList& list() const { return *view->findChild<SnapshotList*>(); }
+
+    /// The control in sight with this accessible name, or null.
+    template<typename Control>
+    Control* control(const QString& name) const {
+        for (Control* const candidate : view->findChildren<Control*>()) {
+            if (candidate->isVisible() && candidate->accessibleName() == name) {
+                return candidate;
+            }
+        }
+        return nullptr;
+    }
+
+    QAbstractButton* button(const char* name) const { return control<QAbstractButton>(QString::fromUtf8(name)); }
+
+    /// What the focused control is called.
+    static QString focused() {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->accessibleName() : QString();
+    }
+
+    static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    std::unique_ptr<RecoveryRootView> view;
+};
+
+TEST_F(RecoveryRootViewTests, redrawsOnceInTheNextTurnHoweverManyChangesThereWere) {
+    open();
+    const QSignalSpy redraws(view.get(), &RecoveryRootView::redrawn);
+    choosePackage();
+    type(QStringLiteral("a"));
+    type(QStringLiteral("ab"));
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    EXPECT_EQ(redraws.count(), 0);
+    redraw();
+    EXPECT_EQ(redraws.count(), 1);
+    EXPECT_EQ(field().secret().toString(), QStringLiteral("ab"));
+    EXPECT_EQ(field().accessibleName(), QStringLiteral("Recovery key"));
+    redraw();
+    EXPECT_EQ(redraws.count(), 1);
+}
+
+TEST_F(RecoveryRootViewTests, typingAndTheCursorSurviveARedraw) {
+    open();
+    choosePackage();
+    redraw();
+    QTest::keyClicks(&field(), QStringLiteral("abcd"));
+    field().setCursorPosition(2);
+    redraw();
+    EXPECT_EQ(model->credential().view(), u"abcd");
+    EXPECT_EQ(field().cursorPosition(), 2);
+    EXPECT_TRUE(field().hasFocus());
+    QTest::keyClick(&field(), Qt::Key_X);
+    EXPECT_EQ(model->credential().view(), u"abxcd");
+}
+
+TEST_F(RecoveryRootViewTests, theInspectButtonIsEnabledOnceThereIsAPackageAndASecret) {
+    open();
+    EXPECT_FALSE(button("Inspect backup")->isEnabled());
+    choosePackage();
+    redraw();
+    EXPECT_FALSE(button("Inspect backup")->isEnabled());
+    QTest::keyClicks(&field(), QStringLiteral("  "));
+    redraw();
+    EXPECT_FALSE(button("Inspect backup")->isEnabled());
+    QTest::keyClicks(&field(), QStringLiteral("x"));
+    redraw();
+    EXPECT_TRUE(button("Inspect backup")->isEnabled());
+}
+
+TEST_F(RecoveryRootViewTests, theFactorIsBoundBothWays) {
+    open();
+    QTest::mouseClick(control<QRadioButton>(QStringLiteral("Recovery key")), Qt::LeftButton);
+    EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::recoveryKey);
+    redraw();
+    EXPECT_EQ(field().accessibleName(), QStringLiteral("Recovery key"));
+    model->setFactor(AmbrelRecoveryAppFactor::backupPassphrase);
+    redraw();
+    EXPECT_TRUE(control<QRadioButton>(QStringLiteral("Backup passphrase"))->isChecked());
+}
+
+TEST_F(RecoveryRootViewTests, theSecretLeavesTheFieldAtOnceWhenItIsUsed) {
+    setEngineThatWaits();
+    open();
+    choosePackage();
+    redraw();
+    QTest::keyClicks(&field(), QStringLiteral("secret"));
+    redraw();
+    button("Inspect backup")->click();
+    EXPECT_TRUE(field().secret().isEmpty());
+    QTest::keyClick(&field(), Qt::Key_X);
+    EXPECT_EQ(model->credential().view(), u"x");
+    model->cancelOperation();
+}
+
+TEST_F(RecoveryRootViewTests, theWholeRoadCanBeWalkedByKeyboard) {
+    open();
+    EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+    panels.answer = path("Family Photos.ambrel");
+    press(Qt::Key_Return);
+    redraw();
+    EXPECT_EQ(focused(), QStringLiteral("Backup passphrase"));
+    QTest::keyClicks(&field(), QStringLiteral("correct horse"));
+    redraw();
+    press(Qt::Key_Return);
+    waitForPhase(Phase::snapshots);
+    redraw();
+    EXPECT_TRUE(list().hasFocus());
+    press(Qt::Key_Home);
+    redraw();
+    EXPECT_TRUE(button("Export")->isEnabled());
+    setEngineThatPrints(exportDocument());
+    panels.answer = path("Ambrel Recovered");
+    press(Qt::Key_Return);
+    waitForPhase(Phase::complete);
+    redraw();
+    EXPECT_EQ(focused(), QStringLiteral("Show in Finder"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(fileViewer.revealed.size(), 1U);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("Choose another package"));
+    press(Qt::Key_Return);
+    redraw();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+}
+
+TEST_F(RecoveryRootViewTests, tabGoesThroughTheControlsInReadingOrder) {
+    open();
+    choosePackage();
+    type(QStringLiteral("x"));
+    redraw();
+    QStringList names;
+    for (int step = 0; step < 4; ++step) {
+        press(Qt::Key_Tab);
+        names << focused();
+    }
+    EXPECT_EQ(names, (QStringList{QStringLiteral("Inspect backup"), QStringLiteral("Choose backup package"),
+                                  QStringLiteral("Backup passphrase"), QStringLiteral("Backup passphrase")}));
+}
+
+TEST_F(RecoveryRootViewTests, escapeCancelsARunningOperation) {
+    setEngineThatWaits();
+    open();
+    choosePackage();
+    type(QStringLiteral("x"));
+    model->inspectBackup();
+    waitForPhase(Phase::inspecting);
+    redraw();
+    EXPECT_EQ(focused(), QStringLiteral("Cancel"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(model->phase(), Phase::inspecting);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    redraw();
+    EXPECT_TRUE(field().hasFocus());
+    press(Qt::Key_Escape);
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+}
+
+TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
+    setEngineThatFails("did not unlock");
+    open();
+    choosePackage();
+    type(QStringLiteral("wrong"));
+    model->inspectBackup();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    redraw();
+    ASSERT_TRUE(alert().isVisible());
+    QAccessibleInterface& accessible = *QAccessible::queryAccessibleInterface(&alert());
+    EXPECT_EQ(accessible.role(), QAccessible::AlertMessage);
+    EXPECT_EQ(accessible.text(QAccessible::Name), model->presentedError()->title);
+    EXPECT_TRUE(accessible.state().modal);
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(model->presentedError());
+    redraw();
+    EXPECT_FALSE(alert().isVisible());
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(RecoveryRootViewTests, theAlertIsDismissedByEscapeAndGivesTheFocusBack) {
+    open();
+    panels.answer = path("");
+    button("Choose backup package")->click();
+    redraw();
+    ASSERT_TRUE(alert().isVisible());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(model->presentedError());
+    redraw();
+    EXPECT_FALSE(alert().isVisible());
+    EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+}
+
+TEST_F(RecoveryRootViewTests, theSameErrorAgainIsAnotherAlert) {
+    open();
+    panels.answer = path("");
+    button("Choose backup package")->click();
+    redraw();
+    alert().accept();
+    model->acceptPackage(path(""));
+    redraw();
+    EXPECT_TRUE(alert().isVisible());
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+}
+
+TEST_F(RecoveryRootViewTests, nothingBehindTheAlertTakesTheFocus) {
+    open();
+    panels.answer = path("");
+    button("Choose backup package")->click();
+    redraw();
+    field().setFocus();
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+}
+
+TEST_F(RecoveryRootViewTests, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
+    model =
+        std::make_unique<RecoveryViewModel>(std::nullopt, RecoveryViewModel::Desktop{panels, fileViewer, cloudItems});
+    openOnModel();
+    EXPECT_TRUE(alert().isVisible());
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+    press(Qt::Key_Return);
+    redraw();
+    EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+}
+
+TEST_F(RecoveryRootViewTests, aChosenRowIsTheSelectedSnapshot) {
+    open();
+    inspect(inspectionDocument("unresolved-fork"));
+    redraw();
+    EXPECT_FALSE(model->selectedSnapshotCode());
+    EXPECT_FALSE(button("Export")->isEnabled());
+    list().choose(1);
+    redraw();
+    EXPECT_TRUE(model->selectedSnapshotCode());
+    EXPECT_TRUE(button("Export")->isEnabled());
+}
+
+TEST_F(RecoveryRootViewTests, whatIsHiddenCannotBePressed) {
+    open();
+    for (QAbstractButton* const candidate : view->findChildren<QAbstractButton*>()) {
+        if (!candidate->isVisible() && !alert().isAncestorOf(candidate)) {
+            EXPECT_FALSE(candidate->isEnabled()) << candidate->accessibleName().toStdString();
+        }
+    }
+}
+
+TEST_F(RecoveryRootViewTests, everyControlInSightHasAName) {
+    open();
+    inspect(inspectionDocument());
+    redraw();
+    for (const QWidget* const widget : view->findChildren<QWidget*>()) {
+        if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus) {
+            EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->metaObject()->className();
+        }
+    }
+}
+
+TEST_F(RecoveryRootViewTests, isMirroredInArabic) {
+    const ScopedLanguage arabic("ar", "ar_EG.UTF-8");
+    open();
+    EXPECT_EQ(view->layoutDirection(), Qt::RightToLeft);
+    const QWidget* const chooseButton = view->findChild<PrimaryRecoveryButton*>();
+    EXPECT_EQ(chooseButton->layoutDirection(), Qt::RightToLeft);
+    EXPECT_GT(chooseButton->mapTo(view.get(), QPoint(0, 0)).x(), 0);
+    EXPECT_LT(field().mapTo(view.get(), QPoint(0, 0)).x(), view->width() / 2);
+}
+
+TEST_F(RecoveryRootViewTests, textsAndDirectionFollowTheLanguageAtTheNextRedraw) {
+    open();
+    const ScopedLanguage german("de", "de_DE.UTF-8");
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    redraw();
+    EXPECT_EQ(button("Choose backup package"), nullptr);
+    EXPECT_EQ(field().accessibleName(), QStringLiteral("Wiederherstellungsschlüssel"));
+}
+
+TEST_F(RecoveryRootViewTests, drawsOnADarkGroundWhateverTheDesktopSays) {
+    QPalette light;
+    light.setColor(QPalette::Window, Qt::white);
+    QApplication::setPalette(light);
+    open();
+    const QImage image = view->grab().toImage();
+    EXPECT_EQ(image.pixelColor(240, 640).name(), QStringLiteral("#131110"));
+    EXPECT_EQ(image.pixelColor(5, 5).name(), QStringLiteral("#181614"));
+    QApplication::setPalette(QPalette());
+}
+
+} // namespace

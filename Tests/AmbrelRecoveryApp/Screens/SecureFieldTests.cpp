@@ -1,0 +1,181 @@
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+
+#include "ScreensTestSupport.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class SecureFieldTests : public testing::Test {
+protected:
+    SecureFieldTests() {
+        field.resize(300, field.height());
+        field.show();
+        field.activateWindow();
+        field.setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&field));
+    }
+
+    ~SecureFieldTests() override { QGuiApplication::clipboard()->clear(); }
+
+    QString secret() const { return field.secret().toString(); }
+    void type(const QString& text) { QTest::keyClicks(&field, text); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&field, key, modifiers);
+    }
+    void paste(const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        press(Qt::Key_V, Qt::ControlModifier);
+    }
+    QAccessibleInterface& accessible() { return *QAccessible::queryAccessibleInterface(&field); }
+
+    SecureField field;
+};
+
+TEST_F(SecureFieldTests, holdsWhatIsTypedAndShowsOnlyAMask) {
+    type(QStringLiteral(" correct horse "));
+    EXPECT_EQ(secret(), QStringLiteral(" correct horse "));
+    EXPECT_EQ(static_cast<QLineEdit&>(field).text(), QString(15, QChar(0x2022)));
+    EXPECT_EQ(field.echoMode(), QLineEdit::Password);
+}
+
+TEST_F(SecureFieldTests, tellsInputMethodsNotToLearn) {
+    const Qt::InputMethodHints hints = field.inputMethodHints();
+    EXPECT_TRUE(hints.testFlag(Qt::ImhHiddenText));
+    EXPECT_TRUE(hints.testFlag(Qt::ImhSensitiveData));
+    EXPECT_TRUE(hints.testFlag(Qt::ImhNoPredictiveText));
+    EXPECT_TRUE(hints.testFlag(Qt::ImhNoAutoUppercase));
+}
+
+TEST_F(SecureFieldTests, typesAtTheCursorAndOverTheSelection) {
+    type(QStringLiteral("ad"));
+    press(Qt::Key_Left);
+    type(QStringLiteral("bc"));
+    EXPECT_EQ(secret(), QStringLiteral("abcd"));
+    field.setSelection(1, 2);
+    type(QStringLiteral("-"));
+    EXPECT_EQ(secret(), QStringLiteral("a-d"));
+    EXPECT_EQ(field.cursorPosition(), 2);
+}
+
+TEST_F(SecureFieldTests, deletesWhatTheKeysDelete) {
+    type(QStringLiteral("abcdef"));
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(secret(), QStringLiteral("abcde"));
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(secret(), QStringLiteral("bcde"));
+    field.setSelection(1, 2);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(secret(), QStringLiteral("be"));
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(secret(), QString());
+}
+
+TEST_F(SecureFieldTests, deletesWholeCharacters) {
+    field.setSecret(u"a🔑b");
+    EXPECT_EQ(static_cast<QLineEdit&>(field).text().size(), 3);
+    press(Qt::Key_Left);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(secret(), QStringLiteral("ab"));
+}
+
+TEST_F(SecureFieldTests, cannotBeCopiedOrCutFrom) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    type(QStringLiteral("secret"));
+    field.selectAll();
+    for (const Qt::Key key : {Qt::Key_C, Qt::Key_X, Qt::Key_Insert}) {
+        press(key, Qt::ControlModifier);
+    }
+    press(Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+    EXPECT_EQ(secret(), QStringLiteral("secret"));
+    EXPECT_EQ(field.contextMenuPolicy(), Qt::NoContextMenu);
+    EXPECT_FALSE(field.dragEnabled());
+}
+
+TEST_F(SecureFieldTests, cannotBeUndone) {
+    type(QStringLiteral("secret"));
+    field.selectAll();
+    press(Qt::Key_Delete);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(field.isUndoAvailable());
+    EXPECT_EQ(secret(), QString());
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(field.isRedoAvailable());
+    EXPECT_EQ(secret(), QString());
+}
+
+TEST_F(SecureFieldTests, canBePastedInto) {
+    type(QStringLiteral("<>"));
+    press(Qt::Key_Left);
+    paste(QStringLiteral(" two words "));
+    EXPECT_EQ(secret(), QStringLiteral("< two words >"));
+}
+
+TEST_F(SecureFieldTests, pastesLinesAsOneLine) {
+    paste(QStringLiteral("\nalpha\r\nbravo\ncharlie\n\n"));
+    EXPECT_EQ(secret(), QStringLiteral("alpha bravo charlie"));
+}
+
+TEST_F(SecureFieldTests, takesAVeryLongSecret) {
+    const QString text(200'000, u'x');
+    paste(text);
+    EXPECT_EQ(secret(), text);
+}
+
+TEST_F(SecureFieldTests, takesWhatAnInputMethodCommitsAndNotWhatItComposes) {
+    QInputMethodEvent composing(QStringLiteral("geheim"), {});
+    QApplication::sendEvent(&field, &composing);
+    EXPECT_EQ(secret(), QString());
+    EXPECT_EQ(field.displayText(), QString());
+    QInputMethodEvent committing;
+    committing.setCommitString(QStringLiteral("é漢"));
+    QApplication::sendEvent(&field, &committing);
+    EXPECT_EQ(secret(), QStringLiteral("é漢"));
+}
+
+TEST_F(SecureFieldTests, tellsOfEditsByTheUserOnly) {
+    const QSignalSpy edits(&field, &SecureField::secretEdited);
+    field.setSecret(u"set");
+    EXPECT_EQ(edits.count(), 0);
+    type(QStringLiteral("a"));
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(edits.count(), 2);
+    EXPECT_EQ(secret(), QStringLiteral("set"));
+}
+
+TEST_F(SecureFieldTests, isAPasswordTextNamedByItsPrompt) {
+    field.setPrompt(QStringLiteral("Recovery key"));
+    EXPECT_EQ(accessible().role(), QAccessible::EditableText);
+    EXPECT_TRUE(accessible().state().passwordEdit);
+    EXPECT_TRUE(accessible().state().focused);
+    EXPECT_EQ(accessible().text(QAccessible::Name), QStringLiteral("Recovery key"));
+    EXPECT_EQ(field.placeholderText(), QStringLiteral("Recovery key"));
+}
+
+TEST_F(SecureFieldTests, canBeEditedButNotReadByAssistiveTechnology) {
+    const QSignalSpy edits(&field, &SecureField::secretEdited);
+    QAccessibleEditableTextInterface* const editing = accessible().editableTextInterface();
+    QAccessibleTextInterface* const reading = accessible().textInterface();
+    ASSERT_NE(editing, nullptr);
+    ASSERT_NE(reading, nullptr);
+    editing->insertText(0, QStringLiteral("abcdef"));
+    editing->replaceText(1, 3, QStringLiteral("-"));
+    editing->deleteText(3, 4);
+    EXPECT_EQ(secret(), QStringLiteral("a-df"));
+    EXPECT_EQ(edits.count(), 3);
+    EXPECT_EQ(reading->characterCount(), 4);
+    EXPECT_EQ(reading->text(0, -1), QString(4, QChar(0x2022)));
+    EXPECT_EQ(accessible().text(QAccessible::Value), QString(4, QChar(0x2022)));
+    editing->replaceText(-5, 100, QStringLiteral(" x "));
+    EXPECT_EQ(secret(), QStringLiteral(" x "));
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+"""The accessibility tree, read and used as assistive technology does: over its bus, and asking anew each time."""
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+gi.require_version("Gio", "2.0")
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
+
+_CALL_MILLISECONDS = 20_000
+_MANY_CHILDREN = 100
+_REGISTRY = "org.a11y.atspi.Registry"
+_ROOT = "/org/a11y/atspi/accessible/root"
+_ACCESSIBLE = "org.a11y.atspi.Accessible"
+
+# The library of the protocol serves only for its numbers. It keeps its own copy of the tree; here every look is fresh.
+STATES = {name: int(getattr(Atspi.StateType, name.upper()))
+          for name in ("checked", "editable", "enabled", "focusable", "focused", "selected", "sensitive", "showing",
+                       "visible")}
+
+
+class Gone(Exception):
+    """The object, or the whole application, is no longer there."""
+
+
+class AccessibilityBus:
+    """A connection to the accessibility bus of one desktop session."""
+
+    def __init__(self, session_bus_address):
+        self._session = _connect(session_bus_address)
+        # A screen reader announces itself so; toolkits then publish their trees.
+        for name in ("IsEnabled", "ScreenReaderEnabled"):
+            self._session.call_sync(
+                "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
+                GLib.Variant("(ssv)", ("org.a11y.Status", name, GLib.Variant("b", True))),
+                None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None)
+        address = self._session.call_sync(
+            "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None,
+            None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()[0]
+        self._bus = _connect(address)
+
+    def close(self):
+        self._bus.close_sync(None)
+        self._session.close_sync(None)
+
+    def call(self, owner, path, interface, method, arguments=None):
+        try:
+            return self._bus.call_sync(owner, path, interface, method, arguments, None,
+                                       Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()
+        except GLib.Error as error:
+            raise Gone(f"{interface}.{method}: {error.message}") from error
+
+    def application_of(self, pid):
+        """The application object of a process, or None while it has not registered."""
+        for owner, path in self.call(_REGISTRY, _ROOT, _ACCESSIBLE, "GetChildren")[0]:
+            try:
+                owner_pid = self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                      "GetConnectionUnixProcessID", GLib.Variant("(s)", (owner,)))[0]
+            except Gone:
+                continue
+            if owner_pid == pid:
+                return Accessible(self, owner, path)
+        return None
+
+
+class Accessible:
+    """One object of the tree. Every property is asked for when it is read."""
+
+    def __init__(self, bus, owner, path):
+        self._bus = bus
+        self._owner = owner
+        self._path = path
+
+    def __eq__(self, other):
+        return (self._owner, self._path) == (other._owner, other._path)
+
+    def __hash__(self):
+        return hash((self._owner, self._path))
+
+    def __repr__(self):
+        try:
+            return f"{self.role} “{self.name}”"
+        except Gone:
+            return "(gone)"
+
+    def _call(self, interface, method, arguments=None):
+        return self._bus.call(self._owner, self._path, interface, method, arguments)
+
+    def _property(self, interface, name):
+        return self._call("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (interface, name)))[0]
+
+    @property
+    def name(self):
+        return self._property(_ACCESSIBLE, "Name")
+
+    @property
+    def description(self):
+        return self._property(_ACCESSIBLE, "Description")
+
+    @property
+    def role(self):
+        return Atspi.role_get_name(Atspi.Role(self._call(_ACCESSIBLE, "GetRole")[0]))
+
+    @property
+    def states(self):
+        low, high = self._call(_ACCESSIBLE, "GetState")[0]
+        bits = low | high << 32
+        return {name for name, bit in STATES.items() if bits >> bit & 1}
+
+    @property
+    def is_showing(self):
+        return {"showing", "visible"} <= self.states
+
+    @property
+    def child_count(self):
+        return self._property(_ACCESSIBLE, "ChildCount")
+
+    @property
+    def children(self):
+        """The children; of very many, the first ones."""
+        count = self.child_count
+        if count <= _MANY_CHILDREN:
+            references = self._call(_ACCESSIBLE, "GetChildren")[0]
+        else:
+            references = [self._call(_ACCESSIBLE, "GetChildAtIndex", GLib.Variant("(i)", (index,)))[0]
+                          for index in range(_MANY_CHILDREN)]
+        return [Accessible(self._bus, owner, path) for owner, path in references if not path.endswith("/null")]
+
+    @property
+    def character_count(self):
+        """How many characters a text object holds; a masked field tells this, too."""
+        return self._property("org.a11y.atspi.Text", "CharacterCount")
+
+    @property
+    def text(self):
+        """What a text object holds, as far as it lets it be read."""
+        return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, self.character_count)))[0]
+
+    @property
+    def extents(self):
+        """(x, y, width, height) on the screen."""
+        return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+
+    @property
+    def value(self):
+        """The value of a progress bar."""
+        return self._property("org.a11y.atspi.Value", "CurrentValue")
+
+    @property
+    def actions(self):
+        return [action[0] for action in self._call("org.a11y.atspi.Action", "GetActions")[0]]
+
+    def do_action(self, *names):
+        """Does the first of the named actions that the object offers."""
+        offered = self.actions
+        for index, action in enumerate(offered):
+            if action.lower() in names:
+                self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (index,)))
+                return
+        raise AssertionError(f"{self!r} offers only {offered}, none of {names}")
+
+    def set_text(self, text):
+        """Replaces what an editable text holds."""
+        if not self._call("org.a11y.atspi.EditableText", "SetTextContents", GLib.Variant("(s)", (text,)))[0]:
+            raise AssertionError(f"{self!r} does not take a text")
+
+    def grab_focus(self):
+        self._call("org.a11y.atspi.Component", "GrabFocus")
+
+    def walk(self):
+        """This object and all below it that is shown, in order."""
+        yield self
+        for child in self.children:
+            if child.is_showing:
+                yield from child.walk()
+
+
+def _connect(address):
+    flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+    return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)

@@ -1,0 +1,28 @@
+"""The texts that the application shows, from the tables that it was built with."""
+
+import json
+import pathlib
+
+
+class Catalogue:
+    """The English texts of a built application."""
+
+    def __init__(self, application_directory):
+        table = (pathlib.Path(application_directory) / "Resources" / "AmbrelCore_AmbrelLocalization.bundle"
+                 / "en.lproj" / "Localizable.json")
+        self._texts = json.loads(table.read_text(encoding="utf-8"))
+
+    def __getitem__(self, key):
+        return self._texts["ambrel." + key]
+
+    def failure(self, kind):
+        """(title, body) of a failure, by the name it has in the catalogue."""
+        group = "files-export." if kind == "destination-unavailable" else "recovery.failure."
+        return self[f"{group}{kind}.title"], self[f"{group}{kind}.body"]
+
+
+# The texts that the application brings itself.
+OKAY = "OK"
+NO_ACCOUNT = "No account"
+READ_ONLY = "Read-only"
+SHOW_IN_FINDER = "Show in Finder"

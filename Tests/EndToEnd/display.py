@@ -1,0 +1,145 @@
+"""A desktop of its own for the tests: a virtual display, a session bus, the accessibility bus and a file manager."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+from accessibility import AccessibilityBus
+from file_manager import FileManager
+import processes
+
+_SCREEN = "1280x960x24"
+_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path={directory}/session-bus</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>{directory}/services</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+_ACCESSIBILITY_SERVICE = """[D-BUS Service]
+Name=org.a11y.Bus
+Exec=/usr/libexec/at-spi-bus-launcher --launch-immediately
+"""
+_FONTS = """<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <include>/etc/fonts/fonts.conf</include>
+  <alias binding="strong">
+    <family>sans-serif</family>
+    <prefer><family>Inter</family><family>Noto Sans</family></prefer>
+  </alias>
+</fontconfig>
+"""
+
+
+class Desktop:
+    """A context manager. Inside it, `environment` is what a program of this desktop is started with."""
+
+    def __init__(self):
+        self._directory = tempfile.mkdtemp(prefix="ambrel-desktop.")
+        self._started = []
+        self.environment = {}
+        self.accessibility = None
+        self.file_manager = None
+
+    def __enter__(self):
+        try:
+            processes.adopt_orphans()
+            self._start_display()
+            self._start_session_bus()
+            self.accessibility = AccessibilityBus(self._bus_address)
+            self.file_manager = FileManager(self._bus_address)
+            return self
+        except BaseException:
+            self.__exit__()
+            raise
+
+    def __exit__(self, *_):
+        if self.file_manager:
+            self.file_manager.close()
+        if self.accessibility:
+            self.accessibility.close()
+        for process in reversed(self._started):
+            processes.stop(process)
+        processes.end_all(processes.descendants(os.getpid()))
+        shutil.rmtree(self._directory, ignore_errors=True)
+
+    def _write(self, name, text):
+        path = os.path.join(self._directory, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text.format(directory=self._directory))
+        return path
+
+    def _start_announcing(self, arguments, descriptor_option, **options):
+        """Starts a server that writes one line to a descriptor once it is ready, and returns that line."""
+        reading, writing = os.pipe()
+        try:
+            command = [part.replace(descriptor_option, str(writing)) for part in arguments]
+            self._started.append(processes.start(command, pass_fds=[writing], **options))
+        finally:
+            os.close(writing)
+        with os.fdopen(reading, encoding="utf-8") as announcement:
+            line = announcement.readline().strip()
+        if not line:
+            raise RuntimeError(f"{arguments[0]} did not start")
+        return line
+
+    def _start_display(self):
+        with open(os.path.join(self._directory, "display.log"), "wb") as log:
+            number = self._start_announcing(
+                ["Xvfb", "-displayfd", "DESCRIPTOR", "-screen", "0", _SCREEN, "-nolisten", "tcp", "-noreset"],
+                "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+        self.environment = {
+            "DISPLAY": f":{number}",
+            "FONTCONFIG_FILE": self._write("fonts.conf", _FONTS),
+            "LANG": "en_US.UTF-8",
+            "LANGUAGE": "en_US",
+            "PATH": os.environ.get("PATH", "/usr/bin:/bin"),
+            "QT_QPA_PLATFORM": "xcb",
+            "TZ": "UTC",
+        }
+
+    def _start_session_bus(self):
+        self._write("services/org.a11y.Bus.service", _ACCESSIBILITY_SERVICE)
+        configuration = self._write("bus.conf", _BUS_CONFIGURATION)
+        runtime = os.path.join(self._directory, "runtime")
+        os.mkdir(runtime, 0o700)
+        self.environment["XDG_RUNTIME_DIR"] = runtime
+        environment = dict(self.environment, HOME=self._directory, GSETTINGS_BACKEND="memory")
+        self._bus_address = self._start_announcing(
+            ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=DESCRIPTOR"],
+            "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._bus_address
+
+    def keys(self, *arguments):
+        """Sends key events with xdotool, to whatever window has the keyboard."""
+        subprocess.run(["xdotool", *arguments], env=self.environment, check=True, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, timeout=60)
+
+    def picture(self, path, area=None):
+        """Writes what the display shows, or an (x, y, width, height) of it, as a PNG, once it is drawn completely.
+
+        Complete is what does not change from one look to the next; what never rests (a spinner) is taken as it is.
+        """
+        command = ["import", "-window", "root", "-define", "png:exclude-chunks=date,time"]
+        if area:
+            x, y, width, height = area
+            command += ["-crop", f"{width}x{height}{x:+d}{y:+d}", "+repage"]
+        before = None
+        for _ in range(8):
+            picture = subprocess.run([*command, "png:-"], env=self.environment, check=True, capture_output=True,
+                                     stdin=subprocess.DEVNULL, timeout=60).stdout
+            if picture == before:
+                break
+            before = picture
+        pathlib.Path(path).write_bytes(picture)

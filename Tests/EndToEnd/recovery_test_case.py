@@ -1,0 +1,81 @@
+"""What the end-to-end tests have in common: a desktop, an application of their own, and nothing left behind."""
+
+import os
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+from application import Application, Installation, environment_of
+from display import Desktop
+from engines import ScriptedEngine
+from package_digest import digest
+import processes
+
+BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
+
+
+class RecoveryTestCase(unittest.TestCase):
+    """One desktop for all tests of a class; for each test a copy of the application and a folder that is checked.
+
+    After each test the temporary directory is empty, no process is left, and every package that was guarded is as it
+    was before.
+    """
+
+    maxDiff = None
+    # A space and a letter beyond ASCII: paths are passed on as they are.
+    scratch_prefix = "ambrel recovery é."
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(Desktop())
+
+    def setUp(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp(prefix=self.scratch_prefix))
+        self.addCleanup(shutil.rmtree, self.scratch, ignore_errors=True)
+        self.installation = Installation(BUILT_APPLICATION, self.scratch / "Ambrel Recovery")
+        self.catalogue = self.installation.catalogue
+        self.desktop.file_manager.calls.clear()
+        self._guarded = {}
+
+    def start(self, **environment):
+        """Starts the application and checks at the end of the test that nothing of it is left."""
+        self.environment = environment_of(self.desktop, self.scratch, **environment)
+        application = Application(self.desktop, self.installation, self.environment, self.scratch)
+        self.addCleanup(self._end, application)
+        return application
+
+    def _end(self, application):
+        application.stop()
+        left = processes.running(str(self.installation.directory))
+        processes.end_all(left)
+        self.assertEqual(set(), left, "processes were left")
+        self.assertEqual([], self.temporary_files(), "files were left in the temporary directory")
+        for package, before in self._guarded.items():
+            self.assertEqual(before, digest(package), f"{package} was changed")
+
+    def temporary_files(self):
+        return sorted(os.listdir(self.scratch / "temporary"))
+
+    def guard(self, package):
+        """Has it checked at the end of the test that a package is as it is now."""
+        self._guarded[package] = digest(package)
+
+    def scripted_engine(self, **behaviour):
+        """Puts a scripted engine into the application's place for it."""
+        engine = ScriptedEngine(self.installation.engine, self.scratch / "engine runs")
+        engine.behave(**behaviour)
+        return engine
+
+    def empty_package(self, name="Family Photos.ambrel"):
+        """A folder that the application takes for a package; scripted engines do not look into it."""
+        package = self.scratch / name
+        package.mkdir()
+        (package / "some file").write_bytes(b"not for the application to read")
+        self.guard(package)
+        return package
+
+    def assert_alert(self, application, kind):
+        """The alert of a failure is shown, with exactly its texts; dismisses it."""
+        self.assertEqual(self.catalogue.failure(kind), application.wait_for_alert())
+        application.dismiss_alert()

@@ -1,0 +1,177 @@
+"""Everything that is shown stands in the accessibility tree, and the keyboard reaches everything."""
+
+import unittest
+
+from catalogue import NO_ACCOUNT, OKAY, READ_ONLY
+from engines import fails, inspection, prints, snapshot, waits
+from recovery_test_case import RecoveryTestCase
+from waiting import wait_for
+
+CONTROLS = ("push button", "radio button", "password text", "list item")
+
+
+class Accessibility(RecoveryTestCase):
+    def setUp(self):
+        super().setUp()
+        self.engine = self.scripted_engine()
+
+    def assert_shows(self, application, *texts):
+        for text in texts:
+            application.wait_for_text(text)
+
+    def assert_every_control_has_a_name(self, application):
+        for item, role, name in application.shown():
+            if role in CONTROLS:
+                self.assertNotEqual("", name, f"a {role} has no name: {item.extents}")
+
+    def test_the_first_screen(self):
+        application = self.start()
+        texts = self.catalogue
+        self.assert_shows(
+            application, "Ambrel", "Recovery", "01", "02", "03", NO_ACCOUNT, READ_ONLY, "AMBREL RECOVERY",
+            texts["recovery.choose-package.body"], texts["recovery.credential.title"],
+            texts["recovery.credential.body"], texts["recovery.credential-kind"],
+            texts["recovery.first-launch.footnote"], texts["recovery.snapshots.title"],
+            texts["files-export.completed.title"])
+        self.assert_every_control_has_a_name(application)
+        self.assertTrue(application.is_enabled(texts["recovery.choose-package.action"]))
+        self.assertFalse(application.is_enabled(texts["recovery.inspect.action"]))
+        passphrase = application.wait_for_object(texts["backup.factor.passphrase"], "radio button")
+        key = application.wait_for_object(texts["backup.factor.recovery-key"], "radio button")
+        self.assertEqual((True, False), ("checked" in passphrase.states, "checked" in key.states))
+
+    def test_the_window_has_its_size(self):
+        self.assertEqual((980, 720), tuple(self.start().window.extents[2:]))
+
+    def test_the_secure_field_tells_nothing(self):
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.type_credential("Correct Horse 1", by_keyboard=True)
+        wait_for("the typed text", lambda: application.secure_field().character_count == 15)
+        field = application.secure_field()
+        self.assertNotIn("Horse", field.text)
+        self.assertNotIn("Horse", " ".join(application.texts()))
+        application.press_inspect()
+        application.wait_for_snapshots()
+        self.assertEqual(b"Correct Horse 1\n", self.engine.runs[0].input)
+
+    def test_the_prompt_follows_the_factor(self):
+        application = self.start()
+        for factor, prompt in (("recovery-key", "recovery-key"), ("passphrase", "backup-passphrase")):
+            application.choose_factor(factor)
+            expected = self.catalogue[f"recovery.prompt.{prompt}"]
+            wait_for(f"the prompt “{expected}”", lambda: application.secure_field().name == expected)
+
+    def test_blank_text_cannot_be_inspected(self):
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.type_credential(" \t ")
+        self.assertFalse(application.is_enabled(self.catalogue["recovery.inspect.action"]))
+
+    def test_the_progress_of_an_inspection(self):
+        self.engine.behave(inspect=waits())
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        application.wait_for_text(self.catalogue["recovery.inspecting"])
+        application.wait_for_object(self.catalogue["recovery.action.cancel-restore"], "push button")
+        self.assert_every_control_has_a_name(application)
+        self.assertIsNone(application.find(self.catalogue["recovery.inspect.action"], "push button"))
+        application.press(self.catalogue["recovery.action.cancel-restore"])
+        application.button(self.catalogue["recovery.inspect.action"])
+
+    def test_the_snapshots_newest_first_with_their_facts(self):
+        snapshots = [
+            snapshot("old", 1_000_000_000_000, retained_tip=False, items=1, resources=2, size=999),
+            snapshot("new", 1_700_000_000_000, items=12_345, resources=23_456, size=5_000_000_000),
+            snapshot("middle", 1_500_000_000_000, retained_tip=False, complete=False),
+        ]
+        self.engine.behave(inspect=prints(inspection(snapshots)))
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        application.wait_for_snapshots()
+        names = [name for _, name in application.rows()]
+        self.assertEqual(3, len(names))
+        for name, parts in zip(names, (
+                ("Nov 14, 2023", "10:13", "Items: 12,345", "Files: 23,456", "5 GB", "Complete"),
+                ("Jul 14, 2017", "2:40", "Items: 3", "Incomplete"),
+                ("Sep 9, 2001", "1:46", "Items: 1", "Files: 2", "999 bytes", "Complete"))):
+            for part in parts:
+                self.assertIn(part, name)
+        self.assert_every_control_has_a_name(application)
+        self.assertTrue(application.is_enabled(self.catalogue["files-export.start"]))
+
+        application.choose_row(names[2])
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        self.assertEqual("old", self.engine.runs[1].arguments[3])
+
+    def test_without_a_recommendation_nothing_is_picked(self):
+        for disposition in ("unresolved-fork", "no-published-head"):
+            with self.subTest(disposition):
+                self.engine.behave(inspect=prints(inspection(disposition=disposition)))
+                application = self.start()
+                application.choose_package(self.empty_package(f"{disposition}.ambrel"))
+                application.inspect("secret")
+                application.wait_for_snapshots()
+                notice = application.find(self.catalogue["recovery.branch.fork.title"])
+                self.assertEqual(disposition == "unresolved-fork", notice is not None)
+                self.assertFalse(application.is_enabled(self.catalogue["files-export.start"]))
+                application.choose_row(application.rows()[0][1])
+                wait_for("the export", lambda: application.is_enabled(self.catalogue["files-export.start"]))
+                application.stop()
+
+    def test_a_hundred_thousand_snapshots_do_not_hold_it_up(self):
+        many = [snapshot(f"code {number}", 1_000_000_000_000 + number * 1000, retained_tip=False)
+                for number in range(100_000)]
+        document = self.scratch / "document"
+        document.write_text(inspection(many), encoding="utf-8")
+        self.engine.behave(inspect=f"cat '{document}'")
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        application.wait_for_snapshots()
+        self.assertEqual(100_000, application.wait_for_object(
+            self.catalogue["recovery.snapshots.title"], "list").child_count)
+
+    def test_the_alert_is_the_only_thing_to_answer(self):
+        self.engine.behave(inspect=fails("integrity verification failed"))
+        application = self.start()
+        application.choose_package(self.empty_package())
+        for round_number in range(2):
+            with self.subTest(round=round_number):
+                application.inspect("secret")
+                self.assertEqual(self.catalogue.failure("integrity"), application.wait_for_alert())
+                self.assert_every_control_has_a_name(application)
+                application.press(OKAY)
+                application.wait_until_gone(OKAY, "push button")
+
+
+class Keyboard(RecoveryTestCase):
+    # Only what every keyboard has is typed.
+    scratch_prefix = "ambrel-recovery."
+
+    def test_the_road_by_keyboard_alone(self):
+        engine = self.scripted_engine()
+        package = self.empty_package()
+        destination = self.scratch / "Recovered"
+        application = self.start()
+        application.keyboard_to(self.catalogue["recovery.choose-package.action"])
+        application.key("space")
+        application.type_path(self.catalogue["recovery.choose-package.action"], package)
+        application.keyboard_to_secure_field()
+        application.type_text("secret")
+        application.keyboard_to(self.catalogue["recovery.inspect.action"])
+        application.key("space")
+        application.wait_for_snapshots()
+        application.keyboard_to(self.catalogue["files-export.start"])
+        application.key("space")
+        application.type_path(self.catalogue["files-export.choose-destination"], destination)
+        application.wait_for_completion()
+        self.assertEqual(str(package), engine.runs[0].arguments[1])
+        self.assertEqual(str(destination), engine.runs[1].arguments[5])
+
+
+if __name__ == "__main__":
+    unittest.main()

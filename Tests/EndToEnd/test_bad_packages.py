@@ -1,0 +1,135 @@
+"""Packages that cannot be recovered from, and secrets that do not fit."""
+
+import dataclasses
+import shutil
+import unittest
+
+from recovery_test_case import RecoveryTestCase
+from samples import sample
+
+
+class BadPackages(RecoveryTestCase):
+    def copy_of(self, kind):
+        """A copy of a sample that the test may do with as it likes."""
+        made = sample(kind)
+        package = self.scratch / made.package.name
+        shutil.copytree(made.package, package)
+        return dataclasses.replace(made, package=package)
+
+    def inspect(self, made):
+        self.guard(made.package)
+        application = self.start()
+        application.choose_package(made.package)
+        application.inspect(made.passphrase)
+        return application
+
+    def test_a_wrong_passphrase_and_then_the_right_one(self):
+        made = self.copy_of("ordinary")
+        application = self.inspect(dataclasses.replace(made, passphrase="not the passphrase"))
+        self.assert_alert(application, "wrong-passphrase")
+        application.inspect(made.passphrase)
+        application.wait_for_snapshots()
+
+    def test_a_wrong_recovery_key(self):
+        made = self.copy_of("ordinary")
+        self.guard(made.package)
+        application = self.start()
+        application.choose_package(made.package)
+        application.choose_factor("recovery-key")
+        for key in (made.passphrase, sample("forked").recovery_key, made.recovery_key[:-1]):
+            with self.subTest(key=key):
+                application.inspect(key)
+                self.assert_alert(application, "wrong-key")
+
+    def assert_incomplete_newest_snapshot(self, application):
+        application.wait_for_snapshots()
+        incomplete = self.catalogue["recovery.payload.incomplete"]
+        newest, *older = [name for _, name in application.rows()]
+        self.assertIn(incomplete, newest)
+        self.assertTrue(older)
+        application.choose_row(newest)
+        destination = self.scratch / "Recovered"
+        application.choose_destination(destination)
+        self.assert_alert(application, "integrity")
+        self.assertFalse(destination.exists())
+
+    def test_a_damaged_file_is_seen_before_and_at_the_export(self):
+        self.assert_incomplete_newest_snapshot(self.inspect(self.copy_of("damaged-payload")))
+
+    def test_a_missing_file_is_seen_before_and_at_the_export(self):
+        self.assert_incomplete_newest_snapshot(self.inspect(self.copy_of("missing-payload")))
+
+    def test_an_unsupported_version(self):
+        self.assert_alert(self.inspect(self.copy_of("unsupported-version")), "invalid-package")
+
+    def test_a_folder_with_nothing_of_a_package_in_it(self):
+        empty = self.scratch / "Empty.ambrel"
+        empty.mkdir()
+        self.assert_alert(self.inspect(dataclasses.replace(sample("ordinary"), package=empty)), "invalid-package")
+
+    def test_a_package_that_goes_away_after_it_was_chosen(self):
+        made = self.copy_of("ordinary")
+        application = self.start()
+        application.choose_package(made.package)
+        made.package.rename(self.scratch / "elsewhere")
+        application.inspect(made.passphrase)
+        self.assert_alert(application, "unavailable")
+        (self.scratch / "elsewhere").rename(made.package)
+        application.inspect(made.passphrase)
+        application.wait_for_snapshots()
+
+    def test_a_package_without_permission_to_read(self):
+        made = self.copy_of("ordinary")
+        application = self.start()
+        application.choose_package(made.package)
+        mode = made.package.stat().st_mode
+        made.package.chmod(0)
+        application.inspect(made.passphrase)
+        self.assert_alert(application, "unavailable")
+        made.package.chmod(mode)
+
+    def test_what_is_no_package_is_refused_when_it_is_chosen(self):
+        folder = self.scratch / "Photos"
+        folder.mkdir()
+        file = self.scratch / "File.ambrel"
+        file.write_bytes(b"")
+        dangling = self.scratch / "Dangling.ambrel"
+        dangling.symlink_to(self.scratch / "nothing")
+        good = self.empty_package()
+        application = self.start()
+        application.choose_package(good)
+        application.type_credential("secret")
+        for path in (file, dangling, folder):
+            with self.subTest(path=path.name):
+                application.choose_package(path)
+                self.assert_alert(application, "invalid-package")
+                # Nothing else changed.
+                application.wait_for_text(good.name)
+                self.assertEqual(len("secret"), application.secure_field().character_count)
+
+    def test_what_is_accepted_besides_an_ordinary_package(self):
+        upper = self.scratch / "UPPER.AMBREL"
+        upper.mkdir()
+        link = self.scratch / "Link.ambrel"
+        link.symlink_to(upper)
+        strange = self.scratch / "  Größe & <b>“x” – ✓.ambrel"
+        strange.mkdir()
+        application = self.start()
+        for path in (upper, link, strange):
+            with self.subTest(path=path.name):
+                application.choose_package(path)
+                application.wait_for_text(path.name)
+                self.assertIsNone(application.alert())
+
+    def test_leaving_the_panel_changes_nothing(self):
+        package = self.empty_package()
+        application = self.start()
+        application.choose_package(package)
+        application.press(self.catalogue["recovery.choose-package.action"])
+        application.dismiss_panel(self.catalogue["recovery.choose-package.action"])
+        application.wait_for_text(package.name)
+        self.assertIsNone(application.alert())
+
+
+if __name__ == "__main__":
+    unittest.main()

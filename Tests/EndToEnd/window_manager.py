@@ -1,0 +1,63 @@
+"""What a window manager would do for the user. The test display has none."""
+
+import contextlib
+import ctypes
+import os
+
+_CLIENT_MESSAGE = 33
+_REVERT_TO_PARENT = 2
+_CURRENT_TIME = 0
+
+
+class _ClientMessage(ctypes.Structure):
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 5)]
+
+
+class _Event(ctypes.Union):
+    _fields_ = [("client", _ClientMessage), ("padding", ctypes.c_long * 24)]
+
+
+def _library():
+    x11 = ctypes.CDLL("libX11.so.6")
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    x11.XOpenDisplay.argtypes = [ctypes.c_char_p]
+    x11.XInternAtom.restype = ctypes.c_ulong
+    x11.XInternAtom.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int]
+    x11.XSendEvent.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long, ctypes.POINTER(_Event)]
+    x11.XSetInputFocus.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_ulong]
+    x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
+    x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
+    return x11
+
+
+@contextlib.contextmanager
+def _connection(display):
+    x11 = _library()
+    connection = x11.XOpenDisplay(os.fsencode(display))
+    if not connection:
+        raise RuntimeError(f"cannot open display {display}")
+    try:
+        yield x11, connection
+        x11.XSync(connection, 0)
+    finally:
+        x11.XCloseDisplay(connection)
+
+
+def request_close(display, window):
+    """Asks the program to close a window, as the close button in the title bar does."""
+    with _connection(display) as (x11, connection):
+        event = _Event()
+        event.client.type = _CLIENT_MESSAGE
+        event.client.window = window
+        event.client.message_type = x11.XInternAtom(connection, b"WM_PROTOCOLS", 0)
+        event.client.format = 32
+        event.client.data[0] = x11.XInternAtom(connection, b"WM_DELETE_WINDOW", 0)
+        x11.XSendEvent(connection, window, 0, 0, ctypes.byref(event))
+
+
+def give_keyboard(display, window):
+    """Directs the keyboard to a window, as a click into it does."""
+    with _connection(display) as (x11, connection):
+        x11.XSetInputFocus(connection, window, _REVERT_TO_PARENT, _CURRENT_TIME)

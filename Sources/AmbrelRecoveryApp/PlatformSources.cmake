@@ -1,5 +1,9 @@
 set(platform_sources
   Platform/DesktopFileViewer.cpp
   Platform/FilePanels.cpp
+  Platform/FileURL.cpp
+  Platform/FolderNameDelegate.cpp
   Platform/ItemPanel.cpp
+  Platform/PanelColumns.cpp
+  Platform/PanelPalette.cpp
   Platform/PanelPlaces.cpp)

@@ -2,7 +2,6 @@
 
 #include <simdjson.h>
 
-#include <algorithm>
 #include <array>
 #include <csignal>
 #include <string>
@@ -36,12 +35,19 @@ constexpr std::array failureTexts = {
     FailureText("output could not be written", destinationUnavailable),
 };
 
-/// Every text searched for is ASCII, so only ASCII letters need to change.
-std::string lowerCased(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    return text;
+/// Every text searched for is ASCII, so only what becomes an ASCII letter needs to change: the ASCII letters, and the
+/// Kelvin sign, whose lower case is a plain k.
+std::string lowerCased(std::string_view text) {
+    constexpr std::string_view kelvinSign = "\xE2\x84\xAA";
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const bool isKelvin = text.starts_with(kelvinSign);
+        const char character = isKelvin ? 'k' : text.front();
+        result += character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+        text.remove_prefix(isKelvin ? kelvinSign.size() : 1);
+    }
+    return result;
 }
 
 } // namespace

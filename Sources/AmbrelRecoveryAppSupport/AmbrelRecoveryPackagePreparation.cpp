@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <condition_variable>
 #include <mutex>
 #include <system_error>
@@ -32,6 +33,10 @@ void startDownloading(const std::filesystem::path& package, CloudItems& cloudIte
     } catch (const std::system_error&) {
         throw AmbrelRecoveryPackagePreparationError::downloadFailed;
     }
+}
+
+std::optional<double> fractionOf(double percent) {
+    return std::isnan(percent) ? std::nullopt : std::optional(std::clamp(percent / 100.0, 0.0, 1.0));
 }
 
 bool isDownloaded(const CloudItems::Properties& properties) {
@@ -63,7 +68,7 @@ void AmbrelRecoveryPackagePreparation::prepareForRead(const std::filesystem::pat
         }
         std::optional<double> fraction = cloudItems.percentDownloaded(package);
         if (fraction) {
-            fraction = std::clamp(*fraction / 100.0, 0.0, 1.0);
+            fraction = fractionOf(*fraction);
         }
         report(fraction);
         if (isDownloaded(properties)) {

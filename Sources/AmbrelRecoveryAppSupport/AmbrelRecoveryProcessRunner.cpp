@@ -12,8 +12,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds waitSlice(100);
-constexpr const char* standardOutputName = "stdout";
-constexpr const char* standardErrorName = "stderr";
 
 double wallClockSeconds() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
@@ -79,8 +77,8 @@ AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<s
     }
     // The objects below are destroyed in reverse order on every way out: each acquisition's release is its destructor.
     const PrivateOutputDirectory directory;
-    const UniqueDescriptor standardOutput = directory.createFile(standardOutputName);
-    const UniqueDescriptor standardError = directory.createFile(standardErrorName);
+    const UniqueDescriptor standardOutput = directory.createFile(PrivateOutputDirectory::standardOutputName);
+    const UniqueDescriptor standardError = directory.createFile(PrivateOutputDirectory::standardErrorName);
     CredentialPipe pipe(credential);
     const auto process = std::make_shared<EngineProcess>(EngineProcess::Configuration{
         executableURL_, arguments, pipe.readEnd(), standardOutput.get(), standardError.get()});
@@ -95,8 +93,8 @@ AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<s
         endAndThrow(*process, AmbrelRecoveryProcessError::launchFailed);
     }
     waitForExit(*process, timeout);
-    return {process->terminationStatus(), directory.readFile(standardOutputName),
-            directory.readFile(standardErrorName)};
+    return {process->terminationStatus(), directory.readFile(PrivateOutputDirectory::standardOutputName),
+            directory.readFile(PrivateOutputDirectory::standardErrorName)};
 }
 
 void AmbrelRecoveryProcessRunner::cancelCurrentOperation() {

@@ -17,6 +17,10 @@ Value required(Result result) {
 } // namespace
 
 void DocumentObject::parse(std::string_view json, const std::function<void(const DocumentObject&)>& decode) {
+    // The parser copies its input also where there is none to copy.
+    if (json.empty()) {
+        throw DocumentDecodingError();
+    }
     simdjson::dom::parser parser;
     decode(DocumentObject(required<simdjson::dom::object>(parser.parse(json.data(), json.size()))));
 }

@@ -35,8 +35,9 @@ public:
     /// descriptor; no signal is blocked or ignored in it. Throws AmbrelRecoveryProcessError::launchFailed.
     void launch();
 
-    /// Asks a running engine to end (SIGTERM); before the launch and after the end it does nothing. The request cannot
-    /// reach another process, even one with the identifier that the engine had.
+    /// Asks the engine to end (SIGTERM): at once where it runs, and as soon as it runs where its launch is not over.
+    /// After its end this does nothing: the request cannot reach another process, even one with the identifier that the
+    /// engine had.
     void requestTermination() noexcept;
 
     /// Waits for the engine's end, at most `limit`. True once it has ended.
@@ -54,6 +55,8 @@ private:
     const Configuration configuration_;
     /// Refers to the process itself and not to its identifier; open from the launch until destruction.
     std::atomic<int> processDescriptor_ = -1;
+    /// Written before processDescriptor_ is read, and read after that is written, so that no request is lost.
+    std::atomic<bool> terminationRequested_ = false;
     bool running_ = false;
     std::int32_t terminationStatus_ = 0;
 };

@@ -2,8 +2,10 @@
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <utility>
 
 #include <fcntl.h>
@@ -59,7 +61,8 @@ public:
         sigset_t signals;
         sigemptyset(&signals);
         posix_spawnattr_setsigmask(&attributes_, &signals);
-        sigfillset(&signals);
+        // sigfillset() leaves out the two signals of the C library, which posix_spawn would then leave ignored.
+        std::memset(&signals, 0xFF, sizeof signals);
         posix_spawnattr_setsigdefault(&attributes_, &signals);
         posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
@@ -73,6 +76,10 @@ public:
 private:
     posix_spawnattr_t attributes_;
 };
+
+bool wouldArriveShortened(const std::string& argument) {
+    return argument.find('\0') != std::string::npos;
+}
 
 std::vector<char*> argumentVector(const EngineProcess::Configuration& configuration) {
     std::vector<char*> vector;
@@ -99,6 +106,9 @@ EngineProcess::~EngineProcess() {
 }
 
 void EngineProcess::launch() {
+    if (std::ranges::any_of(configuration_.arguments, wouldArriveShortened)) {
+        throw AmbrelRecoveryProcessError::launchFailed;
+    }
     FileActions actions;
     redirectStreams(actions, configuration_);
     const DefaultSignals signals;
@@ -116,9 +126,13 @@ void EngineProcess::launch() {
     }
     running_ = true;
     processDescriptor_ = descriptor;
+    if (terminationRequested_) {
+        requestTermination();
+    }
 }
 
 void EngineProcess::requestTermination() noexcept {
+    terminationRequested_ = true;
     const int descriptor = processDescriptor_;
     if (descriptor >= 0) {
         pidfd_send_signal(descriptor, SIGTERM, nullptr, 0);

@@ -56,6 +56,19 @@ bool readToEnd(int descriptor, std::string& contents) {
     }
 }
 
+/// Removes also what an engine made and locked away from the user.
+void removeWithEverythingIn(const std::filesystem::path& directory) {
+    std::error_code ignored;
+    chmod(directory.c_str(), 0700);
+    for (std::filesystem::recursive_directory_iterator entry(directory, ignored), end; !ignored && entry != end;
+         entry.increment(ignored)) {
+        if (entry->symlink_status(ignored).type() == std::filesystem::file_type::directory) {
+            chmod(entry->path().c_str(), 0700);
+        }
+    }
+    std::filesystem::remove_all(directory, ignored);
+}
+
 } // namespace
 
 PrivateOutputDirectory::PrivateOutputDirectory() : path_(temporaryDirectory() / (namePrefix + randomIdentifier())) {
@@ -70,8 +83,12 @@ PrivateOutputDirectory::PrivateOutputDirectory() : path_(temporaryDirectory() / 
 }
 
 PrivateOutputDirectory::~PrivateOutputDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    // What an ordinary run leaves is removed without a descriptor, which may be what the system lacks.
+    unlink((path_ / standardOutputName).c_str());
+    unlink((path_ / standardErrorName).c_str());
+    if (rmdir(path_.c_str()) != 0) {
+        removeWithEverythingIn(path_);
+    }
 }
 
 UniqueDescriptor PrivateOutputDirectory::createFile(const char* name) const {

@@ -12,6 +12,10 @@ public:
     /// The names of the directories begin with this, followed by a random identifier.
     static constexpr const char* namePrefix = "com.ambrel.recovery-output.";
 
+    /// The names of the files that a run makes in it.
+    static constexpr const char* standardOutputName = "stdout";
+    static constexpr const char* standardErrorName = "stderr";
+
     /// Makes the directory with permissions 0700, whatever the umask. Throws
     /// AmbrelRecoveryProcessError::temporaryOutputUnavailable.
     PrivateOutputDirectory();

@@ -48,7 +48,7 @@ void StopRequest::endBySignal(int signal) {
     sigset_t set;
     ::sigemptyset(&set);
     ::sigaddset(&set, signal);
-    ::sigprocmask(SIG_UNBLOCK, &set, nullptr);
+    ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
     std::raise(signal);
     ::_exit(128 + signal);
 }

@@ -14,6 +14,7 @@ void removeEntries(int folder) noexcept {
         ::close(folder);
         return;
     }
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the stream is this function's own
     while (const dirent* entry = ::readdir(directory)) {
         const char* const name = entry->d_name;
         if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0) {

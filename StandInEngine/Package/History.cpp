@@ -67,6 +67,7 @@ void History::resolveParents() {
 
 void History::chooseRetainedTips(const std::vector<Identifier>& heads) {
     std::vector<std::size_t> candidates;
+    candidates.reserve(heads.size());
     for (const Identifier& head : heads) {
         candidates.push_back(indexOf(head));
     }

@@ -64,6 +64,7 @@ std::vector<Identifier> PackageDirectory::list(const char* folder, std::size_t m
     static_cast<void>(opened.release());
     std::vector<Identifier> names;
     errno = 0;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the stream is this function's own
     while (const dirent* entry = ::readdir(directory.get())) {
         if (const auto name = Identifier::fromHexadecimal(entry->d_name)) {
             names.push_back(*name);

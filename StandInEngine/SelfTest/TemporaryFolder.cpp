@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 TemporaryFolder::TemporaryFolder() {
-    const char* const directory = std::getenv("TMPDIR");
+    const char* const directory = std::getenv("TMPDIR"); // NOLINT(concurrency-mt-unsafe): one thread
     path_ = directory != nullptr && *directory != '\0' ? directory : "/tmp";
     path_ += "/ambrel-recovery-self-test.XXXXXX";
     if (::mkdtemp(path_.data()) == nullptr) {

@@ -93,10 +93,6 @@ class Accessible:
         return self._property(_ACCESSIBLE, "Name")
 
     @property
-    def description(self):
-        return self._property(_ACCESSIBLE, "Description")
-
-    @property
     def role(self):
         return Atspi.role_get_name(Atspi.Role(self._call(_ACCESSIBLE, "GetRole")[0]))
 
@@ -141,22 +137,15 @@ class Accessible:
         return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
 
     @property
-    def value(self):
-        """The value of a progress bar."""
-        return self._property("org.a11y.atspi.Value", "CurrentValue")
-
-    @property
     def actions(self):
         return [action[0] for action in self._call("org.a11y.atspi.Action", "GetActions")[0]]
 
-    def do_action(self, *names):
-        """Does the first of the named actions that the object offers."""
-        offered = self.actions
-        for index, action in enumerate(offered):
-            if action.lower() in names:
-                self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (index,)))
-                return
-        raise AssertionError(f"{self!r} offers only {offered}, none of {names}")
+    def do_action(self, name):
+        """Does the action of this name, in lower case."""
+        offered = [action.lower() for action in self.actions]
+        if name not in offered:
+            raise AssertionError(f"{self!r} offers only {offered}, not “{name}”")
+        self._call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (offered.index(name),)))
 
     def set_text(self, text):
         """Replaces what an editable text holds."""
@@ -166,12 +155,12 @@ class Accessible:
     def grab_focus(self):
         self._call("org.a11y.atspi.Component", "GrabFocus")
 
-    def walk(self):
-        """This object and all below it that is shown, in order."""
-        yield self
+    def walk(self, depth=0):
+        """This object and all below it that is shown, each with its depth, before what is in it."""
+        yield self, depth
         for child in self.children:
             if child.is_showing:
-                yield from child.walk()
+                yield from child.walk(depth + 1)
 
 
 def _connect(address):

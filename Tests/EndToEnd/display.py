@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import select
 import shutil
 import subprocess
 import tempfile
@@ -11,6 +12,7 @@ from file_manager import FileManager
 import processes
 
 _SCREEN = "1280x960x24"
+_START_SECONDS = 60
 _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -53,7 +55,7 @@ class Desktop:
 
     def __enter__(self):
         try:
-            processes.adopt_orphans()
+            processes.take_charge()
             self._start_display()
             self._start_session_bus()
             self.accessibility = AccessibilityBus(self._bus_address)
@@ -89,7 +91,8 @@ class Desktop:
         finally:
             os.close(writing)
         with os.fdopen(reading, encoding="utf-8") as announcement:
-            line = announcement.readline().strip()
+            ready, _, _ = select.select([announcement], [], [], _START_SECONDS)
+            line = announcement.readline().strip() if ready else ""
         if not line:
             raise RuntimeError(f"{arguments[0]} did not start")
         return line
@@ -118,8 +121,14 @@ class Desktop:
         environment = dict(self.environment, HOME=self._directory, GSETTINGS_BACKEND="memory")
         self._bus_address = self._start_announcing(
             ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=DESCRIPTOR"],
-            "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment)
+            "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            env=environment)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._bus_address
+
+    @property
+    def display(self):
+        """The name of the display."""
+        return self.environment["DISPLAY"]
 
     def keys(self, *arguments):
         """Sends key events with xdotool, to whatever window has the keyboard."""

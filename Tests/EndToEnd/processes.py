@@ -4,6 +4,7 @@ import ctypes
 import os
 import signal
 import subprocess
+import sys
 
 from waiting import wait_for
 
@@ -12,8 +13,12 @@ _PR_SET_CHILD_SUBREAPER = 36
 _libc = ctypes.CDLL(None, use_errno=True)
 
 
-def adopt_orphans():
-    """Makes this process the parent of every descendant whose own parent ends, so that none is lost from sight."""
+def take_charge():
+    """Makes this process the parent of every descendant whose own parent ends, so that none is lost from sight.
+
+    A request to end unwinds it like an error, so that what it started is ended, too.
+    """
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     if _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0:
         raise OSError(ctypes.get_errno(), "prctl")
 

@@ -6,10 +6,11 @@ import shutil
 import tempfile
 import unittest
 
-from application import Application, Installation, environment_of
 from display import Desktop
 from engines import ScriptedEngine
+from installation import Installation, environment_of
 from package_digest import digest
+from recovery_application import RecoveryApplication
 import processes
 
 BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
@@ -41,7 +42,7 @@ class RecoveryTestCase(unittest.TestCase):
     def start(self, **environment):
         """Starts the application and checks at the end of the test that nothing of it is left."""
         self.environment = environment_of(self.desktop, self.scratch, **environment)
-        application = Application(self.desktop, self.installation, self.environment, self.scratch)
+        application = RecoveryApplication(self.desktop, self.installation, self.environment, self.scratch)
         self.addCleanup(self._end, application)
         return application
 

@@ -20,7 +20,7 @@ class Accessibility(RecoveryTestCase):
             application.wait_for_text(text)
 
     def assert_every_control_has_a_name(self, application):
-        for item, role, name in application.shown():
+        for item, role, name, _ in application.shown():
             if role in CONTROLS:
                 self.assertNotEqual("", name, f"a {role} has no name: {item.extents}")
 
@@ -91,7 +91,7 @@ class Accessibility(RecoveryTestCase):
         application.choose_package(self.empty_package())
         application.inspect("secret")
         application.wait_for_snapshots()
-        names = [name for _, name in application.rows()]
+        names = application.rows()
         self.assertEqual(3, len(names))
         for name, parts in zip(names, (
                 ("Nov 14, 2023", "10:13", "Items: 12,345", "Files: 23,456", "5 GB", "Complete"),
@@ -118,7 +118,7 @@ class Accessibility(RecoveryTestCase):
                 notice = application.find(self.catalogue["recovery.branch.fork.title"])
                 self.assertEqual(disposition == "unresolved-fork", notice is not None)
                 self.assertFalse(application.is_enabled(self.catalogue["files-export.start"]))
-                application.choose_row(application.rows()[0][1])
+                application.choose_row(application.rows()[0])
                 wait_for("the export", lambda: application.is_enabled(self.catalogue["files-export.start"]))
                 application.stop()
 
@@ -157,17 +157,18 @@ class Keyboard(RecoveryTestCase):
         package = self.empty_package()
         destination = self.scratch / "Recovered"
         application = self.start()
-        application.keyboard_to(self.catalogue["recovery.choose-package.action"])
+        texts = self.catalogue
+        application.tab_to(texts["recovery.choose-package.action"], "push button")
         application.key("space")
-        application.type_path(self.catalogue["recovery.choose-package.action"], package)
-        application.keyboard_to_secure_field()
+        application.answer_panel(texts["recovery.choose-package.action"], package, by_keyboard=True)
+        application.tab_to(texts["recovery.prompt.backup-passphrase"], "password text")
         application.type_text("secret")
-        application.keyboard_to(self.catalogue["recovery.inspect.action"])
+        application.tab_to(texts["recovery.inspect.action"], "push button")
         application.key("space")
         application.wait_for_snapshots()
-        application.keyboard_to(self.catalogue["files-export.start"])
+        application.tab_to(texts["files-export.start"], "push button")
         application.key("space")
-        application.type_path(self.catalogue["files-export.choose-destination"], destination)
+        application.answer_panel(texts["files-export.choose-destination"], destination, by_keyboard=True)
         application.wait_for_completion()
         self.assertEqual(str(package), engine.runs[0].arguments[1])
         self.assertEqual(str(destination), engine.runs[1].arguments[5])

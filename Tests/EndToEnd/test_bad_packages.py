@@ -44,7 +44,7 @@ class BadPackages(RecoveryTestCase):
     def assert_incomplete_newest_snapshot(self, application):
         application.wait_for_snapshots()
         incomplete = self.catalogue["recovery.payload.incomplete"]
-        newest, *older = [name for _, name in application.rows()]
+        newest, *older = application.rows()
         self.assertIn(incomplete, newest)
         self.assertTrue(older)
         application.choose_row(newest)

@@ -7,8 +7,8 @@ import subprocess
 import tempfile
 import unittest
 
-from application import Installation
 from engines import ScriptedEngine, dies, prints_and_fails
+from installation import Installation
 
 BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
 

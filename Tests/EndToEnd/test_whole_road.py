@@ -48,7 +48,7 @@ class WholeRoad(RecoveryTestCase):
         application.choose_package(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
-        application.choose_row(application.rows()[-1][1])
+        application.choose_row(application.rows()[-1])
         exported = contents(self.export(application))
         originals = set(contents(made.originals).values())
         self.assertTrue(exported)
@@ -62,7 +62,7 @@ class WholeRoad(RecoveryTestCase):
         application.inspect(made.passphrase)
         application.wait_for_text(self.catalogue["recovery.branch.fork.body"])
         self.assertFalse(application.is_enabled(self.catalogue["files-export.start"]))
-        application.choose_row(application.rows()[0][1])
+        application.choose_row(application.rows()[0])
         self.assertTrue(contents(self.export(application)))
 
     def test_showing_the_folder_and_going_on_with_another_package(self):

@@ -11,10 +11,11 @@ import shutil
 import sys
 import tempfile
 
-from application import Application, Installation, environment_of
 from display import Desktop
 from engines import gated
+from installation import Installation, environment_of
 from package_digest import contents, digest
+from recovery_application import RecoveryApplication
 from samples import Sample, sample
 from waiting import wait_for
 import processes
@@ -90,7 +91,7 @@ def walk(desktop, application_directory, ordinary, forked, pictures, scratch):
     """The whole walk. Raises AssertionError where something is not as it should be."""
     before = digest(ordinary.package)
     installation = Installation(application_directory, scratch / "AmbrelRecovery")
-    application = Application(desktop, installation, environment_of(desktop, scratch), scratch)
+    application = RecoveryApplication(desktop, installation, environment_of(desktop, scratch), scratch)
     try:
         walkthrough = Walkthrough(application, installation, scratch, pictures)
         exported = walkthrough.road(ordinary)

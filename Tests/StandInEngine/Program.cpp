@@ -6,9 +6,11 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <limits>
 #include <system_error>
 
 #include <fcntl.h>
+#include <linux/close_range.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -128,6 +130,8 @@ void Program::start(const std::string& path, const std::vector<std::string>& arg
     ::dup2(inputReadEnd, STDIN_FILENO);
     ::dup2(outputWriteEnd_.get(), STDOUT_FILENO);
     ::dup2(error_.get(), STDERR_FILENO);
+    // Whoever started the tests may have left descriptors open.
+    ::close_range(STDERR_FILENO + 1, std::numeric_limits<unsigned>::max(), CLOSE_RANGE_CLOEXEC);
     std::signal(SIGPIPE, SIG_DFL);
     setup.inChild();
     ::fexecve(file.get(), pointers.data(), environ);

@@ -71,13 +71,3 @@ TEST_F(ResourceLimitTest, AnExportThatFindsNoRoomLeavesNothing) {
     expectFailure(result, 9, "The output could not be written.");
     expectOnly({"P.ambrel"});
 }
-
-TEST_F(ResourceLimitTest, NoDescriptorIsLeftForThePackageIsUnavailable) {
-    publish(package_.storeZeros(1));
-    const ProgramResult result = Program::run(STAND_IN_ENGINE, inspectArguments(package_.path(), passphrase()),
-                                              {.input = "correct horse\n", .inChild = [] {
-                                                   const rlimit limit = {4, 4};
-                                                   ::setrlimit(RLIMIT_NOFILE, &limit);
-                                               }});
-    expectFailure(result, 5, "The backup package is unavailable.");
-}

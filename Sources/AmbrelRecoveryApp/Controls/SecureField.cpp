@@ -20,6 +20,8 @@ constexpr int fieldHeight = 42;
 constexpr int fontSize = 15;
 constexpr qreal maskTracking = 3.6;
 constexpr int horizontalPadding = 14;
+/// What a line edit keeps free by itself.
+constexpr int lineEditMargin = 2;
 constexpr qreal cornerRadius = 11;
 
 QString maskOf(int count) {
@@ -114,7 +116,7 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent) {
     // The panel is painted here; the style sheet takes the desktop's own one away and chooses the mask's character.
     setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 %1px; "
                                  "lineedit-password-character: 8226; lineedit-password-mask-delay: 0; }")
-                      .arg(horizontalPadding - 2));
+                      .arg(horizontalPadding - lineEditMargin));
     QPalette colors = palette();
     colors.setColor(QPalette::Text, RecoveryPalette::primary());
     colors.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
@@ -136,8 +138,12 @@ QStringView SecureField::secret() const {
 
 void SecureField::setSecret(QStringView secret) {
     replaceUnits(0, this->secret().size(), secret);
+    showMask();
+}
+
+void SecureField::showMask() {
     isShowingMask_ = true;
-    setText(maskOf(characterCount(this->secret())));
+    setText(maskOf(characterCount(secret())));
     isShowingMask_ = false;
 }
 
@@ -160,7 +166,7 @@ void SecureField::type(QStringView text) {
     replaceSecret(start, hasSelectedText() ? selectionEnd() : start, text);
 }
 
-void SecureField::paste(QClipboard::Mode mode) {
+void SecureField::pasteFrom(QClipboard::Mode mode) {
     QString text = QGuiApplication::clipboard()->text(mode);
     const SecretBytes line = onOneLine(text);
     text.fill(QChar());
@@ -171,7 +177,8 @@ void SecureField::paste(QClipboard::Mode mode) {
 
 void SecureField::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) {
-        paste(QClipboard::Clipboard);
+        const bool isOfSelection = event->key() == Qt::Key_Insert && event->modifiers().testFlag(Qt::ControlModifier);
+        pasteFrom(isOfSelection ? QClipboard::Selection : QClipboard::Clipboard);
     } else if (isTyping(*event)) {
         type(event->text());
     } else if (!wouldTakeSecretOut(*event)) {
@@ -197,7 +204,7 @@ void SecureField::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
         deselect();
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
-        paste(QClipboard::Selection);
+        pasteFrom(QClipboard::Selection);
         event->accept();
         return;
     }
@@ -219,6 +226,10 @@ void SecureField::followMask() {
         return;
     }
     const int deleted = characterCount(secret()) - static_cast<int>(text().size());
+    if (deleted <= 0) {
+        showMask();
+        return;
+    }
     replaceUnits(unitOffset(cursorPosition()), unitOffset(cursorPosition() + deleted), {});
     emit secretEdited();
 }

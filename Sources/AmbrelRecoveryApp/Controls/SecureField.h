@@ -44,7 +44,8 @@ private:
     using QLineEdit::setText;
 
     void type(QStringView text);
-    void paste(QClipboard::Mode mode);
+    void pasteFrom(QClipboard::Mode mode);
+    void showMask();
     void followMask();
     void spaceMask();
     qsizetype unitOffset(int character) const;

@@ -2,10 +2,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <utility>
 
-FilePanels::FilePanels(QWidget* window) : window_(window), folder_(QDir::homePath()) {}
+FilePanels::FilePanels(QWidget* window) : window_(window) {}
 
 FilePanels::~FilePanels() {
     delete open_;
@@ -25,6 +26,8 @@ void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts,
     if (open_) {
         open_->raise();
         open_->activateWindow();
+    }
+    if (open_ || !window_) {
         completion(std::nullopt);
         return;
     }
@@ -35,6 +38,12 @@ void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts,
         }
         completion(std::move(choice));
     };
-    open_ = new ItemPanel(purpose, texts, folder_, std::move(remembering), window_);
+    open_ = new ItemPanel(purpose, texts, firstFolder(purpose), std::move(remembering), window_);
     open_->open();
+}
+
+QString FilePanels::firstFolder(ItemPanel::Purpose purpose) const {
+    const QFileInfo folder(folder_);
+    const bool isUsable = folder.isDir() && (purpose == ItemPanel::Purpose::existingItem || folder.isWritable());
+    return isUsable ? folder_ : QDir::homePath();
 }

@@ -12,7 +12,7 @@
 /// none.
 class FilePanels final : public RecoveryPanels {
 public:
-    /// `window` is the window that the panels belong to.
+    /// `window` is the window that the panels belong to. Once it is gone, every request completes with none.
     explicit FilePanels(QWidget* window);
 
     /// Dismisses the panel that is open.
@@ -24,8 +24,11 @@ public:
 private:
     void show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts, Completion completion);
 
+    /// Where a panel begins: the folder of the last choice, or home where there is none or it is of no use any more.
+    QString firstFolder(ItemPanel::Purpose purpose) const;
+
     QPointer<QWidget> window_;
     QPointer<ItemPanel> open_;
-    /// Where the next panel begins: the folder of the last choice of this run.
+    /// The folder of the last choice of this run; empty before the first.
     QString folder_;
 };

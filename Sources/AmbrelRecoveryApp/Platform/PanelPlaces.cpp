@@ -4,11 +4,27 @@
 #include <QStandardPaths>
 #include <QStorageInfo>
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 namespace {
 
-/// Volumes that hold the system's own files and no user's.
-bool isSystemVolume(const QString& root) {
-    return root.startsWith(QStringLiteral("/boot")) || root.startsWith(QStringLiteral("/snap/"));
+/// What the system keeps for itself.
+constexpr std::array systemFolders{"/boot", "/dev", "/efi", "/etc", "/proc", "/run", "/snap", "/sys", "/usr", "/var"};
+/// Where removable and network volumes are mounted within those.
+constexpr std::array mountFolders{"/run/media", "/var/media", "/var/mnt"};
+/// File systems in memory, of other programs, and of software packages.
+constexpr std::array<std::string_view, 8> typesWithoutFiles{"autofs", "devtmpfs", "fuse.lxcfs", "fuse.portal",
+                                                            "nsfs",   "squashfs", "ramfs",      "tmpfs"};
+
+bool isWithin(const QString& path, const char* folder) {
+    const QLatin1String name(folder);
+    return path == name || path.startsWith(name + u'/');
+}
+
+bool isWithinAny(const QString& path, const auto& folders) {
+    return std::ranges::any_of(folders, [&](const char* folder) { return isWithin(path, folder); });
 }
 
 void append(QList<QUrl>& places, const QString& folder) {
@@ -20,6 +36,12 @@ void append(QList<QUrl>& places, const QString& folder) {
 
 } // namespace
 
+bool PanelPlaces::isForFiles(const QString& root, const QByteArray& type) {
+    const bool hasFiles =
+        std::ranges::find(typesWithoutFiles, std::string_view(type.constData())) == typesWithoutFiles.end();
+    return hasFiles && (!isWithinAny(root, systemFolders) || isWithinAny(root, mountFolders));
+}
+
 QList<QUrl> PanelPlaces::urls() {
     QList<QUrl> places;
     append(places, QDir::homePath());
@@ -28,7 +50,7 @@ QList<QUrl> PanelPlaces::urls() {
         append(places, QStandardPaths::writableLocation(location));
     }
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        if (volume.isReady() && volume.device().startsWith("/dev/") && !isSystemVolume(volume.rootPath())) {
+        if (volume.isValid() && volume.isReady() && isForFiles(volume.rootPath(), volume.fileSystemType())) {
             append(places, volume.rootPath());
         }
     }

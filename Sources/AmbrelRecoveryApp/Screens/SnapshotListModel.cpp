@@ -4,6 +4,7 @@
 #include <limits>
 
 void SnapshotListModel::setRows(const SnapshotRows& rows) {
+    contents_.clear();
     if (rows_.snapshots == rows.snapshots) {
         rows_ = rows;
         return;
@@ -14,7 +15,12 @@ void SnapshotListModel::setRows(const SnapshotRows& rows) {
 }
 
 SnapshotRowContent SnapshotListModel::content(const QModelIndex& index) const {
-    return rows_.row(static_cast<std::size_t>(index.row()));
+    if (const SnapshotRowContent* const known = contents_.object(index.row())) {
+        return *known;
+    }
+    SnapshotRowContent content = rows_.row(static_cast<std::size_t>(index.row()));
+    contents_.insert(index.row(), new SnapshotRowContent(content));
+    return content;
 }
 
 int SnapshotListModel::rowCount(const QModelIndex& parent) const {

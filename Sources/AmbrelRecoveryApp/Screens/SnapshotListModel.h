@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
 
 #include <QAbstractListModel>
+#include <QCache>
 
 /// The rows of the snapshot list for Qt's list view. Nothing is copied or put into words beforehand.
 class SnapshotListModel final : public QAbstractListModel {
@@ -14,6 +15,7 @@ public:
     /// Shows `rows`. Resets the model only where the snapshots are others than before.
     void setRows(const SnapshotRows& rows);
     const SnapshotRows& rows() const { return rows_; }
+    /// The words of a row. Those of the last rows that were asked for are kept.
     SnapshotRowContent content(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -21,4 +23,5 @@ public:
 
 private:
     SnapshotRows rows_;
+    mutable QCache<int, SnapshotRowContent> contents_{64};
 };

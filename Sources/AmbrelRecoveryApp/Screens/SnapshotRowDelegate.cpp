@@ -19,6 +19,8 @@ namespace {
 constexpr int gap = 10;
 constexpr int padding = 17;
 constexpr qreal cornerRadius = 16;
+constexpr int dateSize = 15;
+constexpr int factsSize = 12;
 constexpr int markSize = 22;
 constexpr int markSpacing = 15;
 constexpr int lineSpacing = 4;
@@ -27,11 +29,11 @@ constexpr int payloadSpacing = 7;
 constexpr double selectedFillOpacity = 0.09;
 
 QFont dateFont() {
-    return recoveryFont(15, QFont::DemiBold);
+    return recoveryFont(dateSize, QFont::DemiBold);
 }
 
 QFont factsFont() {
-    return recoveryFont(12, QFont::Normal);
+    return recoveryFont(factsSize, QFont::Normal);
 }
 
 QFont payloadFont() {
@@ -118,10 +120,12 @@ private:
 
     void paintTexts(const SnapshotRowContent& content, int trailing) {
         const int leading = row_.left() + padding + 1 + markSize + markSpacing;
-        const QRect date(leading, row_.top() + padding + 1, trailing - leading, lineHeight(content.date, dateFont()));
+        const int texts = row_.height() - 2 * (padding + 1) - lineSpacing;
+        const int dateHeight = texts * dateSize / (dateSize + factsSize);
+        const QRect date(leading, row_.top() + padding + 1, trailing - leading, dateHeight);
         paintLine(content.date, dateFont(), RecoveryPalette::primary(), date);
         const QString facts = drawnFacts(content, direction_);
-        const QRect below(leading, date.bottom() + 1 + lineSpacing, date.width(), lineHeight(facts, factsFont()));
+        const QRect below(leading, date.bottom() + 1 + lineSpacing, date.width(), texts - dateHeight);
         paintLine(facts, factsFont(), RecoveryPalette::muted(), below);
     }
 

@@ -1,32 +1,35 @@
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
 
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "FakeFileManager.h"
+
 #include <QDBusConnection>
 #include <QDesktopServices>
-#include <QObject>
+#include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr int generousMilliseconds = 60'000;
 
 } // namespace
-
-/// Notes what is to be shown, in the place of a file manager.
-class FileManager : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
-public:
-    QStringList shown;
-
-public slots:
-    void ShowItems(const QStringList& items, const QString&) { shown += items; }
-};
 
 /// Notes which folders are opened, in the place of the desktop.
 class FolderOpener : public QObject {
@@ -36,58 +39,230 @@ public:
     FolderOpener() { QDesktopServices::setUrlHandler("file", this, "open"); }
     ~FolderOpener() override { QDesktopServices::unsetUrlHandler("file"); }
 
-    QList<QUrl> opened;
+    QList<QByteArray> opened;
 
 public slots:
-    void open(const QUrl& folder) { opened.append(folder); }
+    void open(const QUrl& folder) { opened.append(folder.toEncoded()); }
 };
 
 namespace {
 
-/// A session bus of its own for all tests: the process connects to its session bus only once.
-class DesktopFileViewerTest : public testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        bus = std::make_unique<QProcess>();
-        bus->start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        ASSERT_TRUE(bus->waitForReadyRead(generousMilliseconds));
-        qputenv("DBUS_SESSION_BUS_ADDRESS", bus->readLine().trimmed());
-        ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
+/// A socket that takes connections and never says a word.
+class SilentSocket {
+public:
+    explicit SilentSocket(const QString& path) : descriptor_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.toUtf8().toStdString().copy(address.sun_path, sizeof address.sun_path - 1);
+        const void* const pointer = &address;
+        isListening_ = ::bind(descriptor_, static_cast<const sockaddr*>(pointer), sizeof address) == 0 &&
+                       ::listen(descriptor_, 5) == 0;
     }
+    SilentSocket(const SilentSocket&) = delete;
+    SilentSocket& operator=(const SilentSocket&) = delete;
+    ~SilentSocket() { ::close(descriptor_); }
 
-    static void TearDownTestSuite() {
-        bus->terminate();
-        bus->waitForFinished(generousMilliseconds);
-        bus.reset();
-    }
+    bool isListening() const { return isListening_; }
 
-    FolderOpener opener;
-    DesktopFileViewer viewer;
-
-    static std::unique_ptr<QProcess> bus;
+private:
+    int descriptor_;
+    bool isListening_ = false;
 };
 
-std::unique_ptr<QProcess> DesktopFileViewerTest::bus;
+/// A session bus at one and the same address in all tests: the program reads its address only once.
+class DesktopFileViewerTest : public testing::Test {
+protected:
+    DesktopFileViewerTest() { qputenv("DBUS_SESSION_BUS_ADDRESS", address().toUtf8()); }
+
+    ~DesktopFileViewerTest() override {
+        BackgroundTask::waitForAll(1min);
+        QDBusConnection::disconnectFromBus("file manager");
+        if (bus.state() != QProcess::NotRunning) {
+            bus.terminate();
+            bus.waitForFinished(generousMilliseconds);
+        }
+        QFile::remove(socketPath());
+    }
+
+    static QString socketPath() {
+        static const QTemporaryDir folder;
+        return folder.filePath("bus");
+    }
+    static QString address() { return "unix:path=" + socketPath(); }
+
+    void startBus() {
+        bus.start("dbus-daemon", {"--session", "--nofork", "--print-address", "--address=" + address()});
+        ASSERT_TRUE(bus.waitForReadyRead(generousMilliseconds));
+    }
+
+    static void startManager(FakeFileManager& manager) {
+        QDBusConnection connection = QDBusConnection::connectToBus(address(), "file manager");
+        ASSERT_TRUE(
+            connection.registerObject("/org/freedesktop/FileManager1", &manager, QDBusConnection::ExportAllSlots));
+        ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
+    }
+
+    template<typename Condition>
+    static void waitUntil(Condition condition) {
+        EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
+    }
+
+    static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
+
+    QProcess bus;
+    DesktopFileViewer viewer{1min};
+};
 
 } // namespace
 
 TEST_F(DesktopFileViewerTest, asksTheFileManagerToSelectTheItem) {
-    FileManager manager;
-    QDBusConnection connection = QDBusConnection::sessionBus();
-    ASSERT_TRUE(connection.registerObject("/org/freedesktop/FileManager1", &manager, QDBusConnection::ExportAllSlots));
-    ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
-    viewer.reveal("/home/someone/Ambrel Recovered 100%");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !manager.shown.isEmpty(); }, generousMilliseconds));
-    EXPECT_EQ(manager.shown, QStringList("file:///home/someone/Ambrel%20Recovered%20100%25"));
+    startBus();
+    FakeFileManager manager;
+    startManager(manager);
+    const FolderOpener opener;
+    viewer.reveal("/home/someone/Ambrel Recovered");
+    waitUntil([&] { return !manager.shown.isEmpty(); });
+    EXPECT_EQ(manager.shown, QStringList("file:///home/someone/Ambrel%20Recovered"));
     EXPECT_TRUE(opener.opened.isEmpty());
-    connection.unregisterService("org.freedesktop.FileManager1");
-    connection.unregisterObject("/org/freedesktop/FileManager1");
+}
+
+TEST_F(DesktopFileViewerTest, namesEveryItemExactly) {
+    startBus();
+    FakeFileManager manager;
+    startManager(manager);
+    const std::vector<std::pair<const char*, const char*>> items{
+        {"/a/100%", "file:///a/100%25"},
+        {"/a/#?&;+", "file:///a/%23%3F%26%3B%2B"},
+        {"/a/two\nlines", "file:///a/two%0Alines"},
+        {"/a/ü", "file:///a/%C3%BC"},
+        {"/a/\xFF", "file:///a/%FF"},
+        {"/a/-x.", "file:///a/-x."},
+        {"/a/c:\\d", "file:///a/c%3A%5Cd"},
+        {"/", "file:///"},
+    };
+    for (const auto& [path, url] : items) {
+        manager.shown.clear();
+        viewer.reveal(path);
+        waitUntil([&] { return !manager.shown.isEmpty(); });
+        EXPECT_EQ(manager.shown, QStringList(url));
+    }
+}
+
+TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoBus) {
+    const FolderOpener opener;
+    viewer.reveal("/home/some one/Ambrel Recovered");
+    waitUntil([&] { return !opener.opened.isEmpty(); });
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/some%20one"});
 }
 
 TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoFileManager) {
-    viewer.reveal("/home/some one/Ambrel Recovered");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !opener.opened.isEmpty(); }, generousMilliseconds));
-    EXPECT_EQ(opener.opened, QList<QUrl>{QUrl::fromLocalFile("/home/some one")});
+    startBus();
+    const FolderOpener opener;
+    viewer.reveal("/home/100%/Ambrel Recovered");
+    waitUntil([&] { return !opener.opened.isEmpty(); });
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/100%25"});
+}
+
+TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereTheFileManagerRefuses) {
+    startBus();
+    FakeFileManager manager(FakeFileManager::Answer::error);
+    startManager(manager);
+    const FolderOpener opener;
+    viewer.reveal("/home/someone/x");
+    waitUntil([&] { return !opener.opened.isEmpty(); });
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
+}
+
+TEST_F(DesktopFileViewerTest, opensTheFolderOnceWhereTheFileManagerAnswersTooLate) {
+    startBus();
+    FakeFileManager manager(FakeFileManager::Answer::none);
+    startManager(manager);
+    const FolderOpener opener;
+    DesktopFileViewer impatient(200ms);
+    impatient.reveal("/home/someone/x");
+    waitUntil([&] { return !manager.shown.isEmpty() && !opener.opened.isEmpty(); });
+    manager.answerLate();
+    viewer.reveal("/home/someone/y");
+    waitUntil([&] { return manager.shown.size() == 2; });
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
+}
+
+TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
+    const SilentSocket silentBus(socketPath());
+    ASSERT_TRUE(silentBus.isListening());
+    const FolderOpener opener;
+    DesktopFileViewer impatient(200ms);
+    impatient.reveal("/home/someone/x");
+    waitUntil([&] { return !opener.opened.isEmpty(); });
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
+}
+
+TEST_F(DesktopFileViewerTest, tellsWhenNothingCouldShowTheFolder) {
+    std::vector<std::filesystem::path> failed;
+    QObject::connect(&viewer, &DesktopFileViewer::revealFailed,
+                     [&](const std::filesystem::path& item) { failed.push_back(item); });
+    viewer.reveal("/home/someone/x");
+    waitUntil([&] { return !failed.empty(); });
+    EXPECT_EQ(failed, std::vector<std::filesystem::path>{"/home/someone/x"});
+}
+
+TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain) {
+    startBus();
+    FakeFileManager manager(FakeFileManager::Answer::none);
+    startManager(manager);
+    viewer.reveal("/home/someone/x");
+    viewer.reveal("/home/someone/x");
+    viewer.reveal("/home/someone/y");
+    waitUntil([&] { return manager.shown.size() == 2; });
+    manager.answerLate();
+    const QString again = manager.shown.last();
+    waitUntil([&] {
+        viewer.reveal(QUrl(again).toLocalFile().toStdString());
+        return manager.shown.size() > 2;
+    });
+    EXPECT_EQ(manager.shown.at(2), again);
+}
+
+TEST_F(DesktopFileViewerTest, mayGoAwayBeforeThereIsAnAnswer) {
+    startBus();
+    FakeFileManager manager(FakeFileManager::Answer::none);
+    startManager(manager);
+    const FolderOpener opener;
+    auto gone = std::make_unique<DesktopFileViewer>(1min);
+    gone->reveal("/home/someone/x");
+    waitUntil([&] { return !manager.shown.isEmpty(); });
+    gone.reset();
+    auto goneAtOnce = std::make_unique<DesktopFileViewer>(1min);
+    goneAtOnce->reveal("/home/someone/y");
+    goneAtOnce.reset();
+    manager.answerLate();
+    viewer.reveal("/home/someone/z");
+    waitUntil([&] { return manager.shown.size() >= 2; });
+    EXPECT_FALSE(manager.shown.contains("file:///home/someone/y"));
+    EXPECT_TRUE(opener.opened.isEmpty());
+}
+
+TEST_F(DesktopFileViewerTest, leavesNoDescriptorOpen) {
+    startBus();
+    FakeFileManager manager;
+    startManager(manager);
+    int number = 0;
+    const auto revealAndWait = [&] {
+        manager.shown.clear();
+        viewer.reveal("/home/someone/" + std::to_string(++number));
+        waitUntil([&] { return !manager.shown.isEmpty(); });
+    };
+    revealAndWait();
+    qsizetype before = openDescriptors();
+    // The first call's own connection may still be open.
+    waitUntil([&] {
+        const qsizetype now = openDescriptors();
+        return std::exchange(before, now) == now;
+    });
+    for (int round = 0; round < 20; ++round) {
+        revealAndWait();
+    }
+    waitUntil([&] { return openDescriptors() <= before; });
 }
 
 #include "DesktopFileViewerTests.moc"

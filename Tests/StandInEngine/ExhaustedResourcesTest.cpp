@@ -6,11 +6,11 @@
 
 namespace {
 
-class OutOfMemoryTest : public StandInEngineTest {};
+class ExhaustedResourcesTest : public StandInEngineTest {};
 
 } // namespace
 
-TEST_F(OutOfMemoryTest, ADerivationThatNeedsMoreThanThereIsEndsTheRun) {
+TEST_F(ExhaustedResourcesTest, ADerivationThatNeedsMoreThanThereIsEndsTheRun) {
     TestPackage package(folder_ / "P.ambrel");
     const std::string header = TestFiles::read(package.path() / "header.txt");
     const std::string keys = TestFiles::read(package.path() / "keys");
@@ -25,4 +25,14 @@ TEST_F(OutOfMemoryTest, ADerivationThatNeedsMoreThanThereIsEndsTheRun) {
                                                    ::setrlimit(RLIMIT_AS, &limit);
                                                }});
     expectFailure(result, 1, "There is not enough memory.");
+}
+
+TEST_F(ExhaustedResourcesTest, WithoutADescriptorForItThePackageIsUnavailable) {
+    TestPackage package(folder_ / "P.ambrel");
+    const ProgramResult result = Program::run(STAND_IN_ENGINE, inspectArguments(package.path(), passphrase()),
+                                              {.input = "correct horse\n", .inChild = [] {
+                                                   const rlimit limit = {4, 4};
+                                                   ::setrlimit(RLIMIT_NOFILE, &limit);
+                                               }});
+    expectFailure(result, 5, "The backup package is unavailable.");
 }

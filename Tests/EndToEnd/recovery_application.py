@@ -1,0 +1,119 @@
+"""The application under test: the steps of the road through it, by the names that its catalogue gives them."""
+
+from application import WINDOW_TITLE, Application
+from catalogue import OKAY, SHOW_IN_FINDER
+from waiting import wait_for
+
+
+class RecoveryApplication(Application):
+    def __init__(self, desktop, installation, environment, directory):
+        self.catalogue = installation.catalogue
+        super().__init__(desktop, installation, environment, directory)
+
+    # File panels
+
+    def choose_package(self, path):
+        """Chooses a package in the open panel and waits until the panel is gone."""
+        title = self.catalogue["recovery.choose-package.action"]
+        self.press(title)
+        self.answer_panel(title, path)
+
+    def choose_destination(self, path):
+        """Starts an export and names its folder in the save panel."""
+        self.press(self.catalogue["files-export.start"])
+        self.answer_panel(self.catalogue["files-export.choose-destination"], path)
+
+    def panel_name_field(self, title):
+        """Waits for the file panel of a title and gives the field with the file's name."""
+        self.wait_for_object(title, "dialog")
+
+        def field():
+            return next((shown.item for panel in self.inside("dialog") for shown in panel if shown.role == "text"), None)
+
+        return self.wait_for_shown(f"the file name in “{title}”", field)
+
+    def answer_panel(self, title, path, by_keyboard=False):
+        """Enters a path into a file panel, key by key where that is what the test is about, and confirms it."""
+        field = self.panel_name_field(title)
+        self.focus(title, field)
+        if by_keyboard:
+            self.key("ctrl+a")
+            self.type_text(str(path))
+            wait_for("the typed path", lambda: field.text == str(path))
+        else:
+            field.set_text(str(path))
+        self.key("Return")
+        self.wait_until_gone(title, "dialog")
+
+    def dismiss_panel(self, title):
+        """Leaves a file panel with the escape key."""
+        self.focus(title, self.panel_name_field(title))
+        self.key("Escape")
+        self.wait_until_gone(title, "dialog")
+
+    # The first screen
+
+    def choose_factor(self, factor):
+        """Picks "passphrase" or "recovery-key"."""
+        name = self.catalogue[f"backup.factor.{factor}"]
+        segment = self.wait_for_object(name, "radio button")
+        segment.do_action("toggle")
+        wait_for(f"“{name}” to be picked", lambda: "checked" in segment.states)
+
+    def secure_field(self):
+        def field():
+            return next((shown.item for shown in self.shown() if shown.role == "password text"), None)
+
+        return self.wait_for_shown("the secure field", field)
+
+    def type_credential(self, text, by_keyboard=False):
+        """Enters the secret, key by key where that is what the test is about."""
+        field = self.secure_field()
+        if by_keyboard:
+            self.focus(WINDOW_TITLE, field)
+            self.type_text(text)
+        else:
+            field.set_text(text)
+
+    def press_inspect(self):
+        self.press(self.catalogue["recovery.inspect.action"])
+
+    def inspect(self, credential):
+        """Enters the secret and starts an inspection."""
+        self.type_credential(credential)
+        self.press_inspect()
+
+    # The snapshots, and the last screen
+
+    def rows(self):
+        """The names of the rows in the list of snapshots, top first."""
+        return [shown.name for shown in self.shown() if shown.role == "list item"]
+
+    def wait_for_snapshots(self):
+        self.wait_for_shown("the list of snapshots", self.rows)
+
+    def choose_row(self, name):
+        """Picks the snapshot whose row has this name."""
+        self.wait_for_object(name, "list item").do_action("press")
+
+    def wait_for_completion(self):
+        """Waits for the last screen. Its title stands in the side rail all the time; its button does not."""
+        self.wait_for_object(SHOW_IN_FINDER, "push button", seconds=300.0)
+
+    # The alert
+
+    def alert(self):
+        """(title, body) of the alert that is shown, or None."""
+        for parts in self.inside("alert", "dialog"):
+            texts = [shown.name for shown in parts if shown.role == "label"]
+            if any(shown.name == OKAY for shown in parts) and len(texts) == 2:
+                return tuple(texts)
+        return None
+
+    def wait_for_alert(self):
+        return self.wait_for_shown("an alert", self.alert)
+
+    def dismiss_alert(self):
+        """Presses the alert's button and waits until the alert is gone."""
+        self.press(OKAY)
+        self.wait_until_gone(OKAY, "push button")

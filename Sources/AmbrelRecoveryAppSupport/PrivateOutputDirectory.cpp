@@ -83,6 +83,12 @@ PrivateOutputDirectory::PrivateOutputDirectory() : path_(temporaryDirectory() / 
 }
 
 PrivateOutputDirectory::~PrivateOutputDirectory() {
+    // An engine may have put a link in the directory's place; where that leads is nothing of ours.
+    std::error_code error;
+    if (std::filesystem::symlink_status(path_, error).type() != std::filesystem::file_type::directory) {
+        unlink(path_.c_str());
+        return;
+    }
     // What an ordinary run leaves is removed without a descriptor, which may be what the system lacks.
     unlink((path_ / standardOutputName).c_str());
     unlink((path_ / standardErrorName).c_str());

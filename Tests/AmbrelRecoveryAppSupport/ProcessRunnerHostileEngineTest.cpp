@@ -89,6 +89,22 @@ TEST_F(ProcessRunnerHostileEngineTest, WhatAnEngineAddsToItsDirectoryIsRemovedAn
     EXPECT_EQ(TestFiles::read(directory_ / "photos" / "precious"), "kept");
 }
 
+TEST_F(ProcessRunnerHostileEngineTest, WhatTheDirectoryItselfWasReplacedByIsNotTouchedEither) {
+    const fs::path photos = directory_ / "photos";
+    fs::create_directories(photos / "album");
+    fs::permissions(photos, fs::perms(0755));
+    fs::permissions(photos / "album", fs::perms(0750));
+    TestFiles::write(photos / "stdout", "a file that only has the name of an output");
+    for (const char* const name : {"photos", "missing"}) {
+        const std::optional<Error> error = errorOfRun({"replace-output-directory", (directory_ / name).string()});
+        EXPECT_EQ(error, Error::temporaryOutputUnavailable);
+        EXPECT_EQ(privateDirectories(), std::set<std::string>());
+    }
+    EXPECT_EQ(TestFiles::names(photos), (std::set<std::string>{"album", "stdout"}));
+    EXPECT_EQ(fs::status(photos).permissions(), fs::perms(0755));
+    EXPECT_EQ(fs::status(photos / "album").permissions(), fs::perms(0750));
+}
+
 TEST_F(ProcessRunnerHostileEngineTest, LockedFilesAreRemovedAlsoForAnOrdinaryUser) {
     const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
         const std::string error = errorName(runner, {"lock-output-directory"});

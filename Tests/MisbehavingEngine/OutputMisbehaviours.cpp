@@ -98,6 +98,11 @@ int removeOutputDirectory(Engine&) {
     return rmdir(directory.c_str()) == 0 ? 0 : 1;
 }
 
+int replaceOutputDirectory(Engine& engine) {
+    const std::string directory = outputDirectory();
+    return removeOutputDirectory(engine) == 0 ? symlink(engine.parameter(0, "/").c_str(), directory.c_str()) : 1;
+}
+
 int removeOutputFile(Engine& engine) {
     return unlink((outputDirectory() + "/" + engine.parameter(0, "stdout")).c_str()) == 0 ? 0 : 1;
 }
@@ -149,6 +154,8 @@ std::vector<Misbehaviour> outputMisbehaviours() {
         {"grow-output", "COUNT: makes standard output so long without writing to the disk", growOutput},
         {"close-outputs", "closes both outputs", closeOutputs},
         {"remove-output-directory", "removes the directory that its outputs go to", removeOutputDirectory},
+        {"replace-output-directory", "TARGET: puts a link to TARGET in the place of that directory",
+         replaceOutputDirectory},
         {"remove-output-file", "NAME: removes one file of that directory", removeOutputFile},
         {"replace-output", "file|fifo|directory|link [TARGET]: puts another thing in the place of the file stdout",
          replaceOutput},

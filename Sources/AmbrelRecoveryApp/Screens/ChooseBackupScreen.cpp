@@ -17,7 +17,7 @@ ChooseBackupScreen::ChooseBackupScreen(QWidget* parent)
     : QWidget(parent), package_(new PackageCard(this)), preparation_(new PreparationCard(this)),
       credential_(new CredentialCard(this)), inspect_(new PrimaryRecoveryButton(RecoverySymbol::checkmarkShield, this)),
       inspecting_(new ProgressRow(this)),
-      footnote_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this, 17)) {
+      footnote_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this, 16)) {
     // As high as the button whose place it takes.
     inspecting_->setMinimumHeight(inspect_->sizeHint().height());
 

@@ -30,7 +30,7 @@ QWidget* CompletionScreen::makeCard() {
     auto* const card = new Card(this);
     auto* const layout = new QVBoxLayout(card);
     layout->setContentsMargins(35, 35, 35, 35);
-    layout->setSpacing(14);
+    layout->setSpacing(13);
     layout->addWidget(new SymbolBadge({.symbol = RecoverySymbol::checkmark,
                                        .color = RecoveryPalette::success(),
                                        .fillOpacity = 0.14,
@@ -39,9 +39,10 @@ QWidget* CompletionScreen::makeCard() {
                                        .symbolSize = 28},
                                       card),
                       0, Qt::AlignLeading);
+    layout->addSpacing(1);
     layout->addWidget(title_);
     layout->addWidget(exported_);
-    layout->addSpacing(7);
+    layout->addSpacing(9);
     layout->addWidget(new ButtonRow({reveal_, startAgain_}, card));
     return card;
 }

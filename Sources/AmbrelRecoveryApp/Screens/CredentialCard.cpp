@@ -20,11 +20,11 @@ CredentialCard::CredentialCard(QWidget* parent)
     layout->addWidget(title_);
     layout->addSpacing(4);
     layout->addWidget(body_);
-    layout->addSpacing(14);
+    layout->addSpacing(13);
     layout->addWidget(kindLabel_);
-    layout->addSpacing(6);
+    layout->addSpacing(7);
     layout->addWidget(picker_);
-    layout->addSpacing(11);
+    layout->addSpacing(10);
     layout->addWidget(field_);
     connect(picker_, &SegmentedPicker::chosen, this, &CredentialCard::factorChosen);
     connect(field_, &SecureField::secretEdited, this, &CredentialCard::secretEdited);

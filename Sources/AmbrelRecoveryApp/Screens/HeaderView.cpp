@@ -9,8 +9,7 @@
 namespace {
 
 constexpr int bodySize = 16;
-/// One and a half times the size of the text.
-constexpr int bodyLinePitch = bodySize * 3 / 2;
+constexpr int bodyLinePitch = 23;
 constexpr int bodyTrailingInset = 30;
 
 } // namespace
@@ -23,7 +22,7 @@ HeaderView::HeaderView(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(badge_);
-    layout->addSpacing(3);
+    layout->addSpacing(4);
     layout->addWidget(title_);
     layout->addSpacing(7);
     auto* const bodyRow = new QHBoxLayout;

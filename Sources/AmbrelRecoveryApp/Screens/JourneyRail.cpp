@@ -18,7 +18,7 @@ constexpr int borderWidth = 1;
 constexpr int leadingPadding = 22;
 constexpr int trailingPadding = 24;
 constexpr int topPadding = 52;
-constexpr int bottomPadding = 27;
+constexpr int bottomPadding = 28;
 
 } // namespace
 
@@ -39,7 +39,7 @@ JourneyRail::JourneyRail(QWidget* parent)
     }
     layout->addStretch(1);
     layout->addWidget(noAccount_);
-    layout->addSpacing(10);
+    layout->addSpacing(9);
     layout->addWidget(readOnly_);
 
     auto* const row = new QHBoxLayout(this);

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int topPadding = 47;
+constexpr int topPadding = 46;
 constexpr int bottomPadding = 28;
 constexpr int sidePadding = 52;
 
@@ -26,7 +26,7 @@ MainContent::MainContent(QWidget* parent)
     ShownPart::setShown(completion_, false);
 
     auto* const lines = new QVBoxLayout;
-    lines->setSpacing(21);
+    lines->setSpacing(23);
     lines->addLayout(withTrailingInset(header_));
     lines->addWidget(chooseBackup_, 1);
     lines->addWidget(snapshots_, 1);

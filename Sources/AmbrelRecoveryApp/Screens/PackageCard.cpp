@@ -19,8 +19,8 @@ PackageCard::PackageCard(QWidget* parent)
     // A widget, since an empty layout would not keep the button at the trailing edge.
     auto* const texts = new QWidget(this);
     auto* const column = new QVBoxLayout(texts);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(3);
+    column->setContentsMargins(0, 0, 0, 3);
+    column->setSpacing(4);
     column->addWidget(name_);
     column->addWidget(kind_);
 

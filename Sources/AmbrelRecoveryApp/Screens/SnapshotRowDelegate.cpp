@@ -23,7 +23,10 @@ constexpr int dateSize = 15;
 constexpr int factsSize = 12;
 constexpr int markSize = 22;
 constexpr int markSpacing = 15;
-constexpr int lineSpacing = 4;
+constexpr int lineSpacing = 6;
+/// Between the border and the texts; below them it is less by the space that letters without descenders leave.
+constexpr int topPadding = padding + 1;
+constexpr int bottomPadding = padding - 3;
 constexpr int payloadSymbolSize = 16;
 constexpr int payloadSpacing = 7;
 constexpr double selectedFillOpacity = 0.09;
@@ -120,9 +123,9 @@ private:
 
     void paintTexts(const SnapshotRowContent& content, int trailing) {
         const int leading = row_.left() + padding + 1 + markSize + markSpacing;
-        const int texts = row_.height() - 2 * (padding + 1) - lineSpacing;
+        const int texts = row_.height() - (topPadding + 1) - (bottomPadding + 1) - lineSpacing;
         const int dateHeight = texts * dateSize / (dateSize + factsSize);
-        const QRect date(leading, row_.top() + padding + 1, trailing - leading, dateHeight);
+        const QRect date(leading, row_.top() + topPadding + 1, trailing - leading, dateHeight);
         paintLine(content.date, dateFont(), RecoveryPalette::primary(), date);
         const QString facts = drawnFacts(content, direction_);
         const QRect below(leading, date.bottom() + 1 + lineSpacing, date.width(), texts - dateHeight);
@@ -160,5 +163,5 @@ void SnapshotRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
 QSize SnapshotRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {
     const SnapshotRowContent content = modelOf(index).content(index);
     const int texts = lineHeight(content.date, dateFont()) + lineSpacing + lineHeight(content.factsLine(), factsFont());
-    return {0, 2 * (padding + 1) + texts + gap};
+    return {0, (topPadding + 1) + (bottomPadding + 1) + texts + gap};
 }

@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 
+#include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
@@ -13,6 +14,7 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
+#include "AmbrelRecoveryApp/Screens/StepAnnouncement.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -63,6 +65,7 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     rail_ = new JourneyRail(this);
     content_ = new MainContent(this);
     alert_ = new ErrorAlert(this);
+    announcer_ = new Announcer(this);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -130,7 +133,17 @@ void RecoveryRootView::redraw() {
     if ((target || hadAlert) && !state_.presentedError) {
         takeNextFocus();
     }
+    announceStep(before);
     emit redrawn();
+}
+
+/// After the focus has moved, which would interrupt the announcement.
+void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
+    if (const std::optional<QString> announcement = stepAnnouncement(before, state_)) {
+        announcer_->announce(*announcement);
+    } else if (before.phase != state_.phase || (before.presentedError && !state_.presentedError)) {
+        announcer_->withdraw();
+    }
 }
 
 void RecoveryRootView::applyContents() {

@@ -9,6 +9,7 @@
 
 #include <optional>
 
+class Announcer;
 class ErrorAlert;
 class JourneyRail;
 class MainContent;
@@ -40,6 +41,7 @@ private:
     void applyCredential();
     QWidget* widgetOf(FocusPlan::Target target) const;
     void takeNextFocus();
+    void announceStep(const RecoveryScreenState& before);
     void pressMainButton();
     void chooseSnapshot(int row);
     void inspect();
@@ -52,6 +54,7 @@ private:
     JourneyRail* rail_ = nullptr;
     MainContent* content_ = nullptr;
     ErrorAlert* alert_ = nullptr;
+    Announcer* announcer_ = nullptr;
     /// Where the focus goes once the alert is gone or the window is there.
     QPointer<QWidget> nextFocus_;
 };

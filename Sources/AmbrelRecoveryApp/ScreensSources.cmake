@@ -3,6 +3,7 @@ set(screens_sources
   RecoveryPalette.cpp
   RecoveryRootView.cpp
   Symbols/Symbols.qrc
+  Controls/Announcer.cpp
   Controls/Card.cpp
   Controls/CenteredText.cpp
   Controls/CopperGlow.cpp
@@ -61,5 +62,6 @@ set(screens_sources
   Screens/SnapshotsContent.cpp
   Screens/SnapshotsScreen.cpp
   Screens/SortedSnapshots.cpp
+  Screens/StepAnnouncement.cpp
   Screens/StepMark.cpp
   Screens/TrailingInset.cpp)

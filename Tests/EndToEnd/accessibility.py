@@ -11,6 +11,7 @@ _MANY_CHILDREN = 100
 _REGISTRY = "org.a11y.atspi.Registry"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
+_OBJECT_EVENT = "org.a11y.atspi.Event.Object"
 
 # The library of the protocol serves only for its numbers. It keeps its own copy of the tree; here every look is fresh.
 STATES = {name: int(getattr(Atspi.StateType, name.upper()))
@@ -49,6 +50,12 @@ class AccessibilityBus:
         except GLib.Error as error:
             raise Gone(f"{interface}.{method}: {error.message}") from error
 
+    def subscribe(self, interface, signal, receive):
+        """Calls `receive` with sender, path and arguments whenever the signal comes and the main context runs."""
+        self._bus.signal_subscribe(
+            None, interface, signal, None, None, Gio.DBusSignalFlags.NONE,
+            lambda _bus, owner, path, _interface, _signal, arguments: receive(owner, path, arguments.unpack()))
+
     def application_of(self, pid):
         """The application object of a process, or None while it has not registered."""
         for owner, path in self.call(_REGISTRY, _ROOT, _ACCESSIBLE, "GetChildren")[0]:
@@ -60,6 +67,36 @@ class AccessibilityBus:
             if owner_pid == pid:
                 return Accessible(self, owner, path)
         return None
+
+
+class Announcements:
+    """What a screen reader says of itself: every notification from its making on, as a list of texts."""
+
+    def __init__(self, bus):
+        self._bus = bus
+        self._texts = []
+        # Toolkits send only the events that somebody has asked for.
+        bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
+                 GLib.Variant("(s)", ("object:state-changed:showing",)))
+        bus.subscribe(_OBJECT_EVENT, "StateChanged", self._on_state_changed)
+
+    @property
+    def texts(self):
+        context = GLib.MainContext.default()
+        while context.iteration(False):
+            pass
+        return list(self._texts)
+
+    def _on_state_changed(self, owner, path, arguments):
+        state, is_set = arguments[0], arguments[1]
+        if state != "showing" or not is_set:
+            return
+        shown = Accessible(self._bus, owner, path)
+        try:
+            if shown.role == "notification":
+                self._texts.append(shown.name)
+        except Gone:
+            pass
 
 
 class Accessible:

@@ -2,8 +2,9 @@
 
 import unittest
 
+from accessibility import Announcements
 from catalogue import NO_ACCOUNT, OKAY, READ_ONLY
-from engines import fails, inspection, prints, snapshot, waits
+from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
 
@@ -134,6 +135,37 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_snapshots()
         self.assertEqual(100_000, application.wait_for_object(
             self.catalogue["recovery.snapshots.title"], "list").child_count)
+
+    def test_steps_errors_and_completion_are_announced(self):
+        texts = self.catalogue
+        self.engine.behave(inspect=fails("integrity verification failed"))
+        heard = Announcements(self.desktop.accessibility)
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        title, body = texts.failure("integrity")
+        self.hears(heard, f"{title}\n{body}")
+        application.press(OKAY)
+
+        self.engine.behave()
+        gate = self.scratch / "gate"
+        gated(self.installation.engine, gate)
+        application.inspect("secret")
+        self.hears(heard, texts["recovery.inspecting"])
+        gate.touch()
+        self.hears(heard, texts["recovery.snapshots.title"])
+        gate.unlink()
+        application.wait_for_snapshots()
+        application.choose_destination(self.scratch / "Recovered")
+        self.hears(heard, texts["files-export.running"])
+        gate.touch()
+        application.wait_for_completion()
+        self.hears(heard, f"{texts['files-export.completed.title']}\n{texts['files-export.exported']}: 3")
+        self.assertFalse([text for text in heard.texts if "secret" in text])
+
+    @staticmethod
+    def hears(heard, text):
+        wait_for(f"the announcement “{text}”", lambda: text in heard.texts)
 
     def test_the_alert_is_the_only_thing_to_answer(self):
         self.engine.behave(inspect=fails("integrity verification failed"))

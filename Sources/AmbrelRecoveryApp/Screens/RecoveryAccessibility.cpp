@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
 
+#include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 #include "AmbrelRecoveryApp/Controls/ProgressIndicatorAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
@@ -29,6 +30,9 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     }
     if (auto* const dialog = qobject_cast<ErrorAlertDialog*>(object)) {
         return new ErrorAlertAccessible(dialog);
+    }
+    if (auto* const announcer = qobject_cast<Announcer*>(object)) {
+        return new QAccessibleWidget(announcer, QAccessible::Notification);
     }
     return nullptr;
 }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+/// Has assistive technology say a text that is not tied to where the focus is. Takes no place and is not seen; in the
+/// accessibility tree it is a notification, there only as long as it takes to be read. Main thread.
+class Announcer final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Announcer(QWidget* parent);
+
+    /// Announces `text`, which takes the place of an earlier one that is still there.
+    void announce(const QString& text);
+
+    /// Takes back what is still there.
+    void withdraw();
+
+private:
+    QTimer lifetime_;
+};

@@ -1,0 +1,65 @@
+#include "AmbrelRecoveryApp/Screens/StepAnnouncement.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Screens/CompletionContent.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotsContent.h"
+
+#include <QStringList>
+
+namespace {
+
+using AmbrelStrings::localized;
+using Phase = RecoveryScreenState::Phase;
+
+/// Each on a line of its own, which is read with a pause.
+QString sentences(const QStringList& texts) {
+    return texts.join(u'\n');
+}
+
+QString snapshotsAnnouncement(const RecoveryScreenState& state) {
+    const SnapshotsContent content = snapshotsContent(state);
+    QStringList texts{content.title};
+    if (content.forkNotice) {
+        texts << content.forkNotice->title << content.forkNotice->body;
+    }
+    return sentences(texts);
+}
+
+QString completionAnnouncement(const RecoveryScreenState& state) {
+    const CompletionContent content = completionContent(state);
+    QStringList texts{content.title};
+    if (content.exported) {
+        texts << *content.exported;
+    }
+    return sentences(texts);
+}
+
+std::optional<QString> phaseAnnouncement(Phase before, const RecoveryScreenState& after) {
+    switch (after.phase) {
+    case Phase::chooseBackup:
+        return std::nullopt;
+    case Phase::preparingPackage:
+        return RecoveryAppCopy::providerPreparationTitle(AmbrelStrings::currentFormattingLocale());
+    case Phase::inspecting:
+        return localized(AmbrelStrings::recoveryInspecting());
+    case Phase::snapshots:
+        // After a cancelled export the user is back where they were.
+        return before == Phase::exporting ? std::nullopt : std::optional(snapshotsAnnouncement(after));
+    case Phase::exporting:
+        return localized(AmbrelStrings::filesExportRunning());
+    case Phase::complete:
+        return completionAnnouncement(after);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+std::optional<QString> stepAnnouncement(const RecoveryScreenState& before, const RecoveryScreenState& after) {
+    const std::optional<RecoveryViewModel::PresentedError>& error = after.presentedError;
+    if (error && (!before.presentedError || before.presentedError->id != error->id)) {
+        return sentences({error->title, error->body});
+    }
+    return before.phase == after.phase ? std::nullopt : phaseAnnouncement(before.phase, after);
+}

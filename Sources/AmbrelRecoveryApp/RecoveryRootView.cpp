@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
@@ -64,6 +65,7 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     setPalette(darkPalette());
     rail_ = new JourneyRail(this);
     content_ = new MainContent(this);
+    transition_ = new ScreenTransition(this);
     alert_ = new ErrorAlert(this);
     announcer_ = new Announcer(this);
     auto* const layout = new QHBoxLayout(this);
@@ -147,13 +149,17 @@ void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
 }
 
 void RecoveryRootView::applyContents() {
+    QWidget* const screen = screenOf(*content_, state_.phase);
+    if (screen->isHidden()) {
+        transition_->begin(content_->geometry());
+    }
     setLayoutDirection(interfaceDirection());
     rail_->apply(journeyRailContent(state_));
     content_->header()->apply(headerContent());
     content_->chooseBackup()->apply(chooseBackupContent(state_));
     content_->snapshots()->apply(snapshotsContent(state_));
     content_->completion()->apply(completionContent(state_));
-    content_->showScreen(screenOf(*content_, state_.phase));
+    content_->showScreen(screen);
     applyCredential();
     alert_->apply(errorAlertContent(state_));
 }

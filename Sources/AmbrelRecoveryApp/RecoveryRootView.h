@@ -14,6 +14,7 @@ class ErrorAlert;
 class JourneyRail;
 class MainContent;
 class RecoveryViewModel;
+class ScreenTransition;
 
 /// The whole content of the window: a side rail, the screen of the current step, and the error alert. It shows what the
 /// model publishes and turns what the user does into calls of the model. Main thread.
@@ -53,6 +54,7 @@ private:
     CopperGlow glow_;
     JourneyRail* rail_ = nullptr;
     MainContent* content_ = nullptr;
+    ScreenTransition* transition_ = nullptr;
     ErrorAlert* alert_ = nullptr;
     Announcer* announcer_ = nullptr;
     /// Where the focus goes once the alert is gone or the window is there.

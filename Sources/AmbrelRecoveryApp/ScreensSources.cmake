@@ -9,6 +9,7 @@ set(screens_sources
   Controls/CopperGlow.cpp
   Controls/FocusRing.cpp
   Controls/IconButton.cpp
+  Controls/Motion.cpp
   Controls/Notice.cpp
   Controls/PrimaryRecoveryButton.cpp
   Controls/ProgressIndicator.cpp
@@ -18,6 +19,7 @@ set(screens_sources
   Controls/RecoveryButton.cpp
   Controls/RecoveryFont.cpp
   Controls/RoundedPanel.cpp
+  Controls/ScreenTransition.cpp
   Controls/SecondaryRecoveryButton.cpp
   Controls/SecureField.cpp
   Controls/SecureFieldAccessible.cpp

@@ -1,11 +1,11 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 
+#include "AmbrelRecoveryApp/Controls/Motion.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QAccessible>
 #include <QAccessibleValueChangeEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -21,10 +21,16 @@ constexpr int arcDegrees = 90;
 constexpr int turnInterval = 40;
 constexpr int turnDegrees = 18;
 
+double drawn(double fraction) {
+    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
+}
+
 } // namespace
 
 ProgressIndicator::ProgressIndicator(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    gliding_.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&gliding_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
 }
 
 void ProgressIndicator::setFraction(const std::optional<double>& fraction) {
@@ -39,6 +45,7 @@ void ProgressIndicator::setFraction(const std::optional<double>& fraction) {
     }
     update();
     if (fraction_) {
+        glideTo(drawn(*fraction_));
         QAccessibleValueChangeEvent event(this, *fraction_);
         QAccessible::updateAccessibility(&event);
     }
@@ -48,9 +55,17 @@ QSize ProgressIndicator::sizeHint() const {
     return fraction_ ? barSize : ringSize;
 }
 
+void ProgressIndicator::glideTo(double fraction) {
+    const QVariant from = isVisible() && gliding_.currentValue().isValid() ? gliding_.currentValue() : fraction;
+    gliding_.stop();
+    gliding_.setStartValue(from);
+    gliding_.setEndValue(fraction);
+    gliding_.setDuration(static_cast<int>(Motion::duration(*this).count()));
+    gliding_.start();
+}
+
 void ProgressIndicator::turnOrRest() {
-    // A desktop that wants no motion gives its animations no time.
-    const bool mayMove = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
+    const bool mayMove = Motion::duration(*this) > std::chrono::milliseconds::zero();
     if (isVisible() && !fraction_ && mayMove) {
         timer_.start(turnInterval, this);
     } else {
@@ -81,19 +96,19 @@ void ProgressIndicator::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (fraction_) {
-        paintBar(painter, std::isnan(*fraction_) ? 0 : std::clamp(*fraction_, 0.0, 1.0));
+        paintBar(painter, gliding_.currentValue().toDouble());
     } else {
         paintRing(painter);
     }
 }
 
-void ProgressIndicator::paintBar(QPainter& painter, double fraction) const {
+void ProgressIndicator::paintBar(QPainter& painter, double drawnFraction) const {
     const QRectF track(0, (height() - barHeight) / 2, width(), barHeight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(RecoveryPalette::highlight());
     painter.drawRoundedRect(track, barHeight / 2, barHeight / 2);
     QRectF filled = track;
-    filled.setWidth(track.width() * fraction);
+    filled.setWidth(track.width() * drawnFraction);
     if (layoutDirection() == Qt::RightToLeft) {
         filled.moveRight(track.right());
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QVariantAnimation>
 #include <QWidget>
 
 #include <optional>
@@ -12,7 +13,7 @@ class ProgressIndicator final : public QWidget {
 public:
     explicit ProgressIndicator(QWidget* parent = nullptr);
 
-    /// 0 to 1; what lies outside is drawn as the nearer end.
+    /// 0 to 1; what lies outside is drawn as the nearer end. The bar glides to a new fraction.
     void setFraction(const std::optional<double>& fraction);
     const std::optional<double>& fraction() const { return fraction_; }
 
@@ -26,10 +27,12 @@ protected:
 
 private:
     void turnOrRest();
-    void paintBar(QPainter& painter, double fraction) const;
+    void glideTo(double fraction);
+    void paintBar(QPainter& painter, double drawnFraction) const;
     void paintRing(QPainter& painter) const;
 
     std::optional<double> fraction_;
+    QVariantAnimation gliding_;
     QBasicTimer timer_;
     int degrees_ = 0;
 };

@@ -45,12 +45,21 @@ QString fileName(RecoverySymbol symbol) {
     Q_UNREACHABLE();
 }
 
-QPixmap draw(const QString& name, const QSize& deviceSize, const QColor& color) {
+/// Below this size, in device-independent pixels, strokes of their own width would be too faint.
+constexpr qreal smallSize = 14;
+
+/// The text of the symbol's file, in its colour.
+QByteArray source(const QString& name, bool isSmall, const QColor& color) {
     loadSymbols();
     QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);
-    QSvgRenderer renderer(file.readAll().replace("currentColor", color.name().toLatin1()));
+    QByteArray text = file.readAll().replace("currentColor", color.name().toLatin1());
+    return isSmall ? text.replace(R"(stroke-width="2")", R"(stroke-width="3.2")") : text;
+}
+
+QPixmap draw(const QByteArray& source, const QSize& deviceSize, const QColor& color) {
+    QSvgRenderer renderer(source);
     QPixmap pixmap(deviceSize);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
@@ -78,7 +87,7 @@ void SymbolPainter::paint(QPainter& painter, RecoverySymbol symbol, const QRectF
                             .arg(deviceSize.height());
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap = draw(name, deviceSize, color);
+        pixmap = draw(source(name, rect.width() < smallSize, color), deviceSize, color);
         QPixmapCache::insert(key, pixmap);
     }
     pixmap.setDevicePixelRatio(scale);

@@ -60,6 +60,7 @@ set(screens_sources
   Screens/SnapshotListModel.cpp
   Screens/SnapshotRowAccessible.cpp
   Screens/SnapshotRowDelegate.cpp
+  Screens/SnapshotRowLayout.cpp
   Screens/SnapshotRows.cpp
   Screens/SnapshotsContent.cpp
   Screens/SnapshotsScreen.cpp

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "SystemLanguages.h"
+
+#include <string>
+
+/// Walks through every state of the screens at the smallest size of the window, and fails for each text that is not
+/// shown whole. Gives every text that was shown, one a line.
+std::string expectWholeTexts(const SystemLanguage& language);

@@ -1,0 +1,13 @@
+#include "ExpectWholeTexts.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(PseudoLocalizedLayoutTests, everyTextIsShownWholeAtTheSmallestSize) {
+    const std::string texts = expectWholeTexts(systemLanguages.front());
+    // “Snapshots”, by which it is known that the pseudo-localized table was found.
+    EXPECT_NE(texts.find("⟦Šñːåþːšħːöţːš⟧"), std::string::npos);
+}
+
+} // namespace

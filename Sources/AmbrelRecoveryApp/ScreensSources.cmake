@@ -11,6 +11,7 @@ set(screens_sources
   Controls/IconButton.cpp
   Controls/Motion.cpp
   Controls/Notice.cpp
+  Controls/ParagraphDirection.cpp
   Controls/PrimaryRecoveryButton.cpp
   Controls/ProgressIndicator.cpp
   Controls/ProgressIndicatorAccessible.cpp

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 
+#include "AmbrelRecoveryApp/Controls/ParagraphDirection.h"
+
 #include <QPainter>
 
 #include <cmath>
@@ -8,5 +10,9 @@ void CenteredText::paint(QPainter& painter, const QRectF& rect, const QString& t
     const QFontMetricsF metrics(painter.font(), painter.device());
     const qreal x = rect.left() + (rect.width() - metrics.horizontalAdvance(text)) / 2;
     const qreal baseline = rect.top() + std::ceil((rect.height() + metrics.capHeight()) / 2);
+    const Qt::LayoutDirection previous = painter.layoutDirection();
+    // A painter takes the direction of the application, which is not the one of the window.
+    painter.setLayoutDirection(paragraphDirection(text, Qt::RightToLeft));
     painter.drawText(QPointF(x, baseline), text);
+    painter.setLayoutDirection(previous);
 }

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 
+#include "AmbrelRecoveryApp/Controls/ParagraphDirection.h"
+
 #include <QPainter>
 #include <QTextLayout>
 
@@ -29,15 +31,6 @@ qreal breakIntoLines(QTextLayout& layout, qreal width, qreal linePitch) {
     return height;
 }
 
-/// The direction of a paragraph of the interface. A text without any letter from right to left is not in the language
-/// of an interface that runs so: it stands in for one that is missing.
-Qt::LayoutDirection paragraphDirection(const QString& text, Qt::LayoutDirection interfaceDirection) {
-    const bool hasRightToLeft = std::ranges::any_of(text, [](QChar character) {
-        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
-    });
-    return hasRightToLeft ? interfaceDirection : Qt::LeftToRight;
-}
-
 QTextOption wrapping(Qt::LayoutDirection direction) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -50,6 +43,8 @@ QTextOption wrapping(Qt::LayoutDirection direction) {
 TextLabel::TextLabel(const QFont& font, const QColor& color, QWidget* parent, int linePitch)
     : QLabel(parent), linePitch_(linePitch), color_(color) {
     setTextFormat(Qt::PlainText);
+    // Without it, every new text takes the height for a width out of the size policy again.
+    setWordWrap(true);
     setFont(font);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);

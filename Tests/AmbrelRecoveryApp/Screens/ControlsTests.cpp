@@ -1,3 +1,4 @@
+#include "AmbrelRecoveryApp/Controls/CenteredText.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 #include "AmbrelRecoveryApp/Controls/ProgressRow.h"
@@ -86,6 +87,25 @@ TEST(TextLabelTests, isALabelNamedByItsText) {
     text.setText(QStringLiteral("a & <b>b</b>"));
     EXPECT_EQ(accessible(&text).role(), QAccessible::StaticText);
     EXPECT_EQ(accessible(&text).text(QAccessible::Name), QStringLiteral("a & <b>b</b>"));
+}
+
+TEST(TextLabelTests, keepsItsHeightForAWidthWhenItsTextChanges) {
+    TextLabel label(recoveryFont(13, QFont::Normal), Qt::white);
+    label.setText(QStringLiteral("Unlock the backup"));
+    EXPECT_TRUE(label.sizePolicy().hasHeightForWidth());
+}
+
+TEST(CenteredTextTests, setsWordsFromRightToLeftWhateverThePainterDoes) {
+    const auto drawn = [](Qt::LayoutDirection direction) {
+        QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setLayoutDirection(direction);
+        CenteredText::paint(painter, image.rect(), QStringLiteral("إظهار في Finder"));
+        EXPECT_EQ(painter.layoutDirection(), direction);
+        return image;
+    };
+    EXPECT_EQ(drawn(Qt::LeftToRight), drawn(Qt::RightToLeft));
 }
 
 TEST(RecoveryButtonTests, isNamedByItsLabelAndNeverCutOff) {

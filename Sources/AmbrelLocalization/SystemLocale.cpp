@@ -11,6 +11,8 @@
 
 namespace {
 
+using namespace std::literals;
+
 // Longer names are no languages, and no tag parser need see them.
 constexpr std::size_t longestName = 100;
 
@@ -38,6 +40,17 @@ std::string_view scriptOfModifier(std::string_view modifier) {
     return modifier == "devanagari" ? "Deva" : std::string_view();
 }
 
+/// POSIX names of Chinese locales leave the script to the country; whoever chooses a text by its script needs it named.
+icu::Locale withScript(const icu::Locale& locale) {
+    if (locale.getLanguage() != "zh"sv || *locale.getScript() != '\0') {
+        return locale;
+    }
+    icu::Locale named(locale);
+    UErrorCode status = U_ZERO_ERROR;
+    named.addLikelySubtags(status);
+    return U_SUCCESS(status) ? named : locale;
+}
+
 /// What follows from the name of the current locale; working it out costs more than a lookup may.
 struct Formatting {
     std::string posixName;
@@ -49,7 +62,7 @@ struct Formatting {
         const auto tag = SystemLocale::languageTag(name);
         const icu::Locale parsed = icu::Locale::forLanguageTag(tag.value_or("und"), status);
         if (U_SUCCESS(status) && !parsed.isBogus() && *parsed.getLanguage() != '\0') {
-            locale = parsed;
+            locale = withScript(parsed);
         }
         status = U_ZERO_ERROR;
         const std::unique_ptr<icu::StringEnumeration> names(

@@ -16,7 +16,7 @@ namespace SystemLocale {
 QStringList preferredLanguages();
 
 /// The locale of dates and numbers: the first of LC_ALL, LC_TIME and LANG that is set; English where it names no
-/// language.
+/// language. Of Chinese it names the script, which follows from the country.
 icu::Locale current();
 
 /// The calendar that people use in the current locale, by its CLDR name: "gregorian" nearly everywhere.

@@ -79,6 +79,17 @@ TEST_F(SystemLocaleTest, takesTheCurrentLocaleFromTheFirstVariableThatIsSet) {
     EXPECT_STREQ(SystemLocale::current().getName(), "ja_JP");
 }
 
+TEST_F(SystemLocaleTest, namesTheScriptOfAChineseLocale) {
+    const std::pair<const char*, const char*> names[] = {{"zh_TW.UTF-8", "zh_Hant_TW"},
+                                                         {"zh_HK", "zh_Hant_HK"},
+                                                         {"zh_CN.GB18030", "zh_Hans_CN"},
+                                                         {"zh_SG", "zh_Hans_SG"}};
+    for (const auto& [posix, expected] : names) {
+        variables_.set("LANG", posix);
+        EXPECT_STREQ(SystemLocale::current().getName(), expected);
+    }
+}
+
 TEST_F(SystemLocaleTest, isEnglishWhereNoLanguageIsSet) {
     EXPECT_STREQ(SystemLocale::current().getName(), "en");
     for (const char* name : {"C", "POSIX", "C.UTF-8", "", "%%%", "_", "1", "de-\xFF\xFE", "x-private"}) {

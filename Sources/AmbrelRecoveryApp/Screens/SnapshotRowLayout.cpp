@@ -21,8 +21,8 @@ constexpr int markSize = 22;
 constexpr int markSpacing = 15;
 constexpr int lineSpacing = 6;
 /// Above the texts and below them, where letters without descenders leave space.
-constexpr int topInset = inset + 1;
-constexpr int bottomInset = inset - 3;
+constexpr int topInset = inset;
+constexpr int bottomInset = inset - 2;
 constexpr int payloadSymbolSize = 16;
 constexpr int payloadSpacing = 7;
 

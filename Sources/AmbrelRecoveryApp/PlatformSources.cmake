@@ -1,9 +1,21 @@
 set(platform_sources
   Platform/DesktopFileViewer.cpp
+  Platform/FileNameText.cpp
   Platform/FilePanels.cpp
   Platform/FileURL.cpp
-  Platform/FolderNameDelegate.cpp
+  Platform/FolderContents.cpp
+  Platform/FolderHeader.cpp
+  Platform/FolderModel.cpp
+  Platform/FolderView.cpp
   Platform/ItemPanel.cpp
-  Platform/PanelColumns.cpp
+  Platform/MountedVolumes.cpp
+  Platform/NewFolderPanel.cpp
+  Platform/PanelButton.cpp
+  Platform/PanelNameField.cpp
   Platform/PanelPalette.cpp
-  Platform/PanelPlaces.cpp)
+  Platform/PanelPlaces.cpp
+  Platform/PanelRowDelegate.cpp
+  Platform/PanelTexts.cpp
+  Platform/PathLabel.cpp
+  Platform/PlacesModel.cpp
+  Platform/PlacesView.cpp)

@@ -17,6 +17,8 @@ namespace {
 
 QString fileName(RecoverySymbol symbol) {
     switch (symbol) {
+    case RecoverySymbol::arrowUp:
+        return QStringLiteral("arrow.up");
     case RecoverySymbol::checkmark:
         return QStringLiteral("checkmark");
     case RecoverySymbol::checkmarkCircle:
@@ -25,12 +27,22 @@ QString fileName(RecoverySymbol symbol) {
         return QStringLiteral("checkmark.circle.fill");
     case RecoverySymbol::checkmarkShield:
         return QStringLiteral("checkmark.shield");
+    case RecoverySymbol::chevronLeft:
+        return QStringLiteral("chevron.left");
+    case RecoverySymbol::chevronRight:
+        return QStringLiteral("chevron.right");
     case RecoverySymbol::circle:
         return QStringLiteral("circle");
+    case RecoverySymbol::doc:
+        return QStringLiteral("doc");
     case RecoverySymbol::exclamationmarkTriangleFill:
         return QStringLiteral("exclamationmark.triangle.fill");
+    case RecoverySymbol::externaldrive:
+        return QStringLiteral("externaldrive");
     case RecoverySymbol::folder:
         return QStringLiteral("folder");
+    case RecoverySymbol::house:
+        return QStringLiteral("house");
     case RecoverySymbol::personCropCircleBadgeXmark:
         return QStringLiteral("person.crop.circle.badge.xmark");
     case RecoverySymbol::photoStackFill:

@@ -1,8 +1,6 @@
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "AmbrelRecoveryApp/Platform/PanelPlaces.h"
 
 #include <utility>
 
@@ -34,16 +32,10 @@ void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts,
     auto remembering = [this, completion = std::move(completion)](std::optional<std::filesystem::path> choice) {
         open_ = nullptr;
         if (choice) {
-            folder_ = QFile::decodeName(choice->parent_path().c_str());
+            folder_ = choice->parent_path();
         }
         completion(std::move(choice));
     };
-    open_ = new ItemPanel(purpose, texts, firstFolder(purpose), std::move(remembering), window_);
+    open_ = new ItemPanel(purpose, texts, folder_.value_or(PanelPlaces::home().path), std::move(remembering), window_);
     open_->open();
-}
-
-QString FilePanels::firstFolder(ItemPanel::Purpose purpose) const {
-    const QFileInfo folder(folder_);
-    const bool isUsable = folder.isDir() && (purpose == ItemPanel::Purpose::existingItem || folder.isWritable());
-    return isUsable ? folder_ : QDir::homePath();
 }

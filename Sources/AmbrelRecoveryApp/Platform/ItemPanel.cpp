@@ -1,218 +1,221 @@
 #include "AmbrelRecoveryApp/Platform/ItemPanel.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/Platform/FolderNameDelegate.h"
-#include "AmbrelRecoveryApp/Platform/PanelColumns.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Platform/FileNameText.h"
+#include "AmbrelRecoveryApp/Platform/FolderView.h"
+#include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
+#include "AmbrelRecoveryApp/Platform/PanelButton.h"
+#include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
-#include "AmbrelRecoveryApp/Platform/PanelPlaces.h"
+#include "AmbrelRecoveryApp/Platform/PanelTexts.h"
+#include "AmbrelRecoveryApp/Platform/PathLabel.h"
+#include "AmbrelRecoveryApp/Platform/PlacesView.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QDialogButtonBox>
 #include <QFile>
-#include <QFileSystemModel>
-#include <QHeaderView>
-#include <QLayout>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QScopedValueRollback>
-#include <QSettings>
 #include <QShortcut>
-#include <QTreeView>
+#include <QVBoxLayout>
 
 #include <utility>
 
+using namespace AmbrelStrings;
+
 namespace {
 
-constexpr QSize panelSize(760, 480);
+constexpr QSize initialSize(860, 560);
+constexpr QSize leastSize(660, 420);
+constexpr int padding = 20;
+constexpr int sidebarPadding = 12;
+constexpr int spacing = 10;
+constexpr int buttonHeight = 40;
 
-QWidget* withToolkitPrepared(QWidget* window) {
-    // The toolkit's file dialog notes down where it was, and has no option against that. Its notes are the only
-    // settings of this program in the native format, which are sent to where no file can be made.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-    // Before its options can be set, the dialog would already make the desktop's own chooser.
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    return window;
+RecoverySymbol backSymbol() {
+    return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
 }
 
-bool isPackage(const QFileInfo& item) {
-    return item.isDir() && item.suffix().compare(QStringLiteral("ambrel"), Qt::CaseInsensitive) == 0;
+std::filesystem::path native(const QString& path) {
+    return QFile::encodeName(path).toStdString();
 }
 
-bool isOrdinaryFolder(const QString& path) {
-    const QFileInfo item(path);
-    return item.isDir() && !isPackage(item);
-}
-
-QString pathOf(const QModelIndex& index) {
-    return index.siblingAtColumn(PanelColumns::name).data(QFileSystemModel::FilePathRole).toString();
-}
-
-QString join(const QString& folder, const QString& name) {
-    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
-}
-
-QString withoutTrailingSeparators(QString path) {
-    while (path.size() > 1 && path.endsWith(u'/')) {
-        path.chop(1);
+std::filesystem::path withoutTrailingSeparators(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) {
+        path.pop_back();
     }
     return path;
 }
 
+bool isWrittenAsFolder(const std::string& path) {
+    return path.ends_with('/') || path.ends_with("/.") || path.ends_with("/..");
+}
+
+bool isOrdinaryFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error) && !FolderContents::isPackageName(path);
+}
+
 } // namespace
 
-ItemPanel::ItemPanel(Purpose purpose, const Texts& texts, const QString& folder, RecoveryPanels::Completion completion,
-                     QWidget* window)
-    : QFileDialog(withToolkitPrepared(window), texts.title, folder), purpose_(purpose),
-      proposedName_(texts.proposedName), completion_(std::move(completion)) {
+ItemPanel::ItemPanel(Purpose purpose, const Texts& texts, const std::filesystem::path& folder,
+                     RecoveryPanels::Completion completion, QWidget* window)
+    : QDialog(window), purpose_(purpose), proposedName_(texts.proposedName), completion_(std::move(completion)),
+      files_(new FolderModel(this)), list_(new FolderView(*files_, this)), places_(new PlacesView(this)),
+      path_(new PathLabel(this)), back_(new PanelButton(backSymbol(), localized(genericBack()), this)),
+      up_(new PanelButton(RecoverySymbol::arrowUp, PanelTexts::localized(PanelTexts::Text::enclosingFolder), this)),
+      newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
+      fileName_(new PanelNameField(localized(detailsFilename()), this)),
+      cancel_(new SecondaryRecoveryButton(std::nullopt, this)), accept_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setOption(DontUseNativeDialog);
-    setOption(DontResolveSymlinks);
-    setOption(ReadOnly, purpose == Purpose::existingItem);
-    // In this mode the toolkit takes any name, new or not; its mode for saving would ask about overwriting and would
-    // enter an existing folder of the proposed name.
-    setAcceptMode(AcceptOpen);
-    setFileMode(AnyFile);
-    setViewMode(Detail);
-    prepareModel();
+    setLayoutDirection(interfaceDirection());
+    setWindowTitle(texts.title);
     setAccessibleName(texts.title);
-    setPalette(PanelPalette::colors());
-    setSidebarUrls(PanelPlaces::urls());
-    setHistory({});
-    prepareViews();
-    prepareFileName();
-    prepareButtons(texts.prompt);
-    nameWidgets();
-    hideWidgets();
-    resize(panelSize);
+    QPalette colors = PanelPalette::colors();
+    colors.setColor(QPalette::Window, RecoveryPalette::background());
+    setPalette(colors);
+    list_->setAccessibleName(localized(detailsResources()));
+    newFolder_->setLabel(localized(organizationNewFolder()));
+    cancel_->setLabel(localized(genericCancel()));
+    accept_->setLabel(texts.prompt);
+    accept_->setDefault(true);
+    fileName_->setText(proposedName_);
+    fileName_->selectAll();
+    layOut();
+    connectParts();
+    addShortcuts();
+    takeNameChange();
+    showFolder(folder);
+    setMinimumSize(leastSize);
+    resize(initialSize);
+    if (purpose == Purpose::newItem) {
+        fileName_->setFocus();
+    } else {
+        list_->setFocus();
+    }
 }
 
 ItemPanel::~ItemPanel() {
     complete(std::nullopt);
 }
 
+const std::filesystem::path& ItemPanel::folder() const {
+    return files_->folder();
+}
+
 void ItemPanel::done(int result) {
-    QFileDialog::done(result);
+    QDialog::done(result);
     complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
 }
 
+/// Takes what the user named or selected, whichever was last.
 void ItemPanel::accept() {
-    const QString path = requestedPath();
-    if (path.isEmpty()) {
-        return;
-    }
-    if (!isPlaceToGo(path)) {
-        take(withoutTrailingSeparators(path));
-        return;
-    }
-    const bool isTyped = selectedPath().isEmpty();
-    goTo(QDir::cleanPath(path));
-    if (isTyped) {
-        fileName_->setText(proposedName_);
-        fileName_->selectAll();
-    }
-}
-
-void ItemPanel::prepareModel() {
-    auto* const files = findChild<QFileSystemModel*>();
-    auto* const columns = new PanelColumns(this);
-    // Before the views hear of it: in the place of a current item that goes away, they select the next one.
-    connect(files, &QFileSystemModel::rowsAboutToBeRemoved, this, [this] { isItemLeaving_ = true; });
-    setProxyModel(columns);
-    connect(columns, &PanelColumns::rowsRemoved, this, [this] {
-        isItemLeaving_ = false;
-        if (std::exchange(isNeighborSelected_, false)) {
-            selection_->clearSelection();
+    const QModelIndex selected = list_->selectedItem();
+    if (!selected.isValid()) {
+        if (const auto path = typedPath()) {
+            takeTyped(*path);
         }
-    });
-}
-
-void ItemPanel::prepareViews() {
-    auto* const tree = findChild<QTreeView*>(QStringLiteral("treeView"));
-    tree->hideColumn(PanelColumns::type);
-    tree->header()->setSectionResizeMode(PanelColumns::name, QHeaderView::Stretch);
-    prepareView(*tree);
-    prepareView(*findChild<QAbstractItemView*>(QStringLiteral("listView")));
-    selection_ = tree->selectionModel();
-    // The toolkit's own reaction would put no folder's name into the field, and some selected item's at a wrong time.
-    disconnect(selection_, &QItemSelectionModel::selectionChanged, this, nullptr);
-    connect(selection_, &QItemSelectionModel::selectionChanged, this, &ItemPanel::nameSelectedItem);
-    if (purpose_ == Purpose::existingItem) {
-        connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
-                [this] { fileName_->clear(); });
-    }
-    // The toolkit offers this only in a menu that can also delete and rename.
-    auto* const showHidden = findChild<QAction*>(QStringLiteral("qt_show_hidden_action"));
-    showHidden->setShortcut(Qt::CTRL | Qt::Key_H);
-    addAction(showHidden);
-}
-
-/// Leaves to a list only what choosing needs: nothing in it can be moved, renamed or deleted.
-void ItemPanel::prepareView(QAbstractItemView& view) {
-    // The toolkit's own reaction would enter a package.
-    disconnect(&view, &QAbstractItemView::activated, this, nullptr);
-    connect(&view, &QAbstractItemView::activated, this, &ItemPanel::activate);
-    view.setItemDelegate(new FolderNameDelegate(&view));
-    view.setContextMenuPolicy(Qt::PreventContextMenu);
-    view.setDragDropMode(QAbstractItemView::NoDragDrop);
-    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    qDeleteAll(view.findChildren<QShortcut*>());
-}
-
-void ItemPanel::prepareFileName() {
-    fileName_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    // A list of proposals would take the return key that confirms.
-    fileName_->setCompleter(nullptr);
-    // The toolkit selects what is typed as soon as there is such an item, and keeps it selected when it no longer is.
-    disconnect(fileName_, &QLineEdit::textChanged, this, nullptr);
-    fileName_->setText(proposedName_);
-    fileName_->selectAll();
-    fileName_->setFocus();
-    connect(fileName_, &QLineEdit::textChanged, this, &ItemPanel::takeNameChange);
-}
-
-/// The toolkit renames and disables its own buttons as it sees fit, so that others stand in their place.
-void ItemPanel::prepareButtons(const QString& prompt) {
-    auto* const toolkitButtons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    auto* const buttons = new QDialogButtonBox(toolkitButtons->orientation(), this);
-    delete layout()->replaceWidget(toolkitButtons, buttons);
-    toolkitButtons->hide();
-    acceptButton_ =
-        buttons->addButton(QString(prompt).replace(u'&', QStringLiteral("&&")), QDialogButtonBox::AcceptRole);
-    acceptButton_->setDefault(true);
-    acceptButton_->setEnabled(!fileName_->text().isEmpty());
-    buttons->addButton(AmbrelStrings::localized(AmbrelStrings::genericCancel()), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, &ItemPanel::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &ItemPanel::reject);
-}
-
-void ItemPanel::nameWidgets() {
-    using namespace AmbrelStrings;
-    setLabelText(LookIn, localized(filesExportFolder()));
-    setLabelText(FileName, localized(detailsFilename()));
-    fileName_->setAccessibleName(localized(detailsFilename()));
-    findChild<QTreeView*>(QStringLiteral("treeView"))->setAccessibleName(localized(detailsResources()));
-    const std::pair<const char*, QString> buttons[] = {{"backButton", localized(genericBack())},
-                                                       {"newFolderButton", localized(organizationNewFolder())}};
-    for (const auto& [name, text] : buttons) {
-        auto* const button = findChild<QWidget*>(QLatin1String(name));
-        button->setToolTip(text);
-        button->setAccessibleName(text);
+    } else if (purpose_ == Purpose::newItem) {
+        activate(selected);
+    } else {
+        take(files_->path(selected));
     }
 }
 
-void ItemPanel::hideWidgets() {
-    for (const auto* const name :
-         {"fileTypeCombo", "fileTypeLabel", "forwardButton", "listModeButton", "detailModeButton"}) {
-        findChild<QWidget*>(QLatin1String(name))->hide();
+void ItemPanel::layOut() {
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(sidebar());
+    auto* const content = new QVBoxLayout;
+    content->setContentsMargins(padding, padding, padding, padding);
+    content->setSpacing(spacing);
+    content->addLayout(pathRow());
+    content->addWidget(list_, 1);
+    content->addLayout(nameRow());
+    content->addSpacing(spacing / 2);
+    content->addLayout(buttonRow());
+    layout->addLayout(content, 1);
+}
+
+QWidget* ItemPanel::sidebar() {
+    auto* const sidebar = new QWidget(this);
+    QPalette colors = PanelPalette::colors();
+    colors.setColor(QPalette::Window, RecoveryPalette::rail());
+    colors.setColor(QPalette::Base, RecoveryPalette::rail());
+    sidebar->setPalette(colors);
+    sidebar->setAutoFillBackground(true);
+    auto* const layout = new QVBoxLayout(sidebar);
+    layout->setContentsMargins(sidebarPadding, padding, sidebarPadding, padding);
+    layout->addWidget(places_);
+    return sidebar;
+}
+
+QBoxLayout* ItemPanel::pathRow() {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addWidget(back_);
+    row->addWidget(up_);
+    row->addWidget(path_, 1);
+    newFolder_->setFont(recoveryFont(13, QFont::Medium));
+    newFolder_->setButtonHeight(34);
+    newFolder_->setVisible(purpose_ == Purpose::newItem);
+    row->addWidget(newFolder_);
+    return row;
+}
+
+QBoxLayout* ItemPanel::nameRow() {
+    auto* const label = new QLabel(localized(detailsFilename()), this);
+    label->setFont(recoveryFont(13, QFont::Medium));
+    label->setBuddy(fileName_);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addWidget(label);
+    row->addWidget(fileName_, 1);
+    return row;
+}
+
+QBoxLayout* ItemPanel::buttonRow() {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addStretch();
+    for (RecoveryButton* const button :
+         {static_cast<RecoveryButton*>(cancel_), static_cast<RecoveryButton*>(accept_)}) {
+        button->setButtonHeight(buttonHeight);
+        row->addWidget(button);
     }
-    findChild<QWidget*>(QStringLiteral("newFolderButton"))->setVisible(purpose_ == Purpose::newItem);
+    return row;
+}
+
+void ItemPanel::connectParts() {
+    connect(files_, &FolderModel::wasRead, this, &ItemPanel::takeReading);
+    connect(list_, &FolderView::itemActivated, this, &ItemPanel::activate);
+    connect(list_, &FolderView::itemSelected, this, &ItemPanel::nameSelectedItem);
+    connect(list_, &FolderView::upRequested, this, &ItemPanel::goUp);
+    connect(list_, &FolderView::pathTyped, this, &ItemPanel::beginPath);
+    connect(places_, &PlacesView::placeChosen, this, &ItemPanel::goTo);
+    connect(back_, &PanelButton::clicked, this, &ItemPanel::goBack);
+    connect(up_, &PanelButton::clicked, this, &ItemPanel::goUp);
+    connect(newFolder_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::makeFolder);
+    connect(fileName_, &PanelNameField::textChanged, this, &ItemPanel::takeNameChange);
+    connect(accept_, &PrimaryRecoveryButton::clicked, this, &ItemPanel::accept);
+    connect(cancel_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::reject);
+}
+
+void ItemPanel::addShortcuts() {
+    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this,
+            [this] { files_->setShowsHidden(!files_->showsHidden()); });
+    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, &ItemPanel::goBack);
+    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, this, &ItemPanel::goUp);
 }
 
 void ItemPanel::activate(const QModelIndex& index) {
-    const QString path = pathOf(index);
-    if (isOrdinaryFolder(path)) {
+    const std::filesystem::path path = files_->path(index);
+    if (files_->item(index).kind == FolderContents::Item::Kind::folder) {
         goTo(path);
     } else {
         take(path);
@@ -221,66 +224,108 @@ void ItemPanel::activate(const QModelIndex& index) {
 
 /// Where a new item is named, a selected folder is a place to go to and leaves the name as it is.
 void ItemPanel::nameSelectedItem() {
-    if (isItemLeaving_) {
-        isNeighborSelected_ = true;
+    const QModelIndex selected = list_->selectedItem();
+    if (!selected.isValid()) {
         return;
     }
-    const QString path = selectedPath();
-    if (path.isEmpty() || (purpose_ == Purpose::newItem && isOrdinaryFolder(path))) {
-        return;
+    const FolderContents::Item& item = files_->item(selected);
+    if (purpose_ == Purpose::existingItem || item.kind != FolderContents::Item::Kind::folder) {
+        const QScopedValueRollback naming(isNamingSelection_, true);
+        fileName_->setText(FileNameText::readable(item.name));
     }
-    const QScopedValueRollback naming(isNamingSelection_, true);
-    fileName_->setText(QFileInfo(path).fileName());
 }
 
-void ItemPanel::takeNameChange(const QString& name) {
-    acceptButton_->setEnabled(!name.isEmpty());
+void ItemPanel::takeNameChange() {
+    accept_->setEnabled(!fileName_->text().isEmpty());
     if (!isNamingSelection_) {
-        selection_->clearSelection();
+        list_->clearSelection();
     }
 }
 
-QString ItemPanel::requestedPath() const {
-    const QString selected = selectedPath();
-    return selected.isEmpty() ? typedPath() : selected;
+void ItemPanel::beginPath(const QString& beginning) {
+    fileName_->setText(beginning);
+    fileName_->setFocus();
+    fileName_->deselect();
+    fileName_->end(false);
 }
 
-QString ItemPanel::selectedPath() const {
-    const QModelIndexList rows = selection_->selectedRows();
-    return rows.isEmpty() ? QString() : pathOf(rows.first());
+void ItemPanel::takeReading() {
+    const bool isOfNoUse = files_->state() == FolderModel::State::unreadable ||
+                           (purpose_ == Purpose::newItem && !files_->isFolderWritable());
+    const std::filesystem::path home = PanelPlaces::home().path;
+    if (std::exchange(isAtBeginning_, false) && isOfNoUse && folder() != home) {
+        showFolder(home);
+        return;
+    }
+    newFolder_->setEnabled(files_->isFolderWritable());
 }
 
-QString ItemPanel::typedPath() const {
-    QString name = fileName_->text();
+void ItemPanel::makeFolder() {
+    auto* const panel = new NewFolderPanel(folder(), this);
+    connect(panel, &NewFolderPanel::made, this, &ItemPanel::goTo);
+    panel->open();
+}
+
+std::optional<std::filesystem::path> ItemPanel::typedPath() const {
+    const QString name = fileName_->text();
     if (name.isEmpty() || name.contains(QChar::Null)) {
-        return {};
+        return std::nullopt;
     }
-    if (name.startsWith(u'/')) {
-        return name;
-    }
-    const QString shownFolder = findChild<QFileSystemModel*>()->rootPath();
-    const QString path = join(shownFolder.startsWith(u'/') ? shownFolder : QStringLiteral("/"), name);
+    const std::filesystem::path path = folder() / native(name);
     const bool isFromHome = name == u"~" || name.startsWith(u"~/");
-    return isFromHome && !QFileInfo::exists(path) ? QDir::homePath() + name.sliced(1) : path;
+    std::error_code error;
+    return isFromHome && !std::filesystem::exists(path, error)
+               ? std::filesystem::path(PanelPlaces::home().path.native() + native(name.sliced(1)).native())
+               : path;
 }
 
-bool ItemPanel::isPlaceToGo(const QString& path) const {
-    const bool isWrittenAsFolder = path.endsWith(QStringLiteral("/")) || path.endsWith(QStringLiteral("/.")) ||
-                                   path.endsWith(QStringLiteral("/.."));
-    const bool isSelectedFolder = purpose_ == Purpose::newItem && selection_->hasSelection();
-    return (isWrittenAsFolder || isSelectedFolder) && isOrdinaryFolder(QDir::cleanPath(path));
+void ItemPanel::takeTyped(const std::filesystem::path& path) {
+    const std::filesystem::path folder = withoutTrailingSeparators(path.lexically_normal());
+    if (!isWrittenAsFolder(path) || !isOrdinaryFolder(folder)) {
+        take(withoutTrailingSeparators(path));
+        return;
+    }
+    goTo(folder);
+    fileName_->setText(proposedName_);
+    fileName_->selectAll();
 }
 
-void ItemPanel::goTo(const QString& folder) {
-    setDirectory(folder);
-    selection_->clearSelection();
+void ItemPanel::goTo(const std::filesystem::path& folder) {
+    if (folder != files_->folder()) {
+        history_.push_back(files_->folder());
+    }
+    showFolder(folder);
+}
+
+void ItemPanel::goBack() {
+    if (!history_.empty()) {
+        const std::filesystem::path last = std::move(history_.back());
+        history_.pop_back();
+        showFolder(last);
+    }
+}
+
+void ItemPanel::goUp() {
+    if (folder().has_relative_path()) {
+        goTo(folder().parent_path());
+    }
+}
+
+void ItemPanel::showFolder(const std::filesystem::path& folder) {
+    isAtBeginning_ = isAtBeginning_ && files_->folder().empty();
     if (purpose_ == Purpose::existingItem) {
         fileName_->clear();
     }
+    newFolder_->setEnabled(false);
+    files_->setFolder(folder);
+    places_->showFolder(folder);
+    path_->setPath(folder);
+    back_->setEnabled(!history_.empty());
+    up_->setEnabled(folder.has_relative_path());
 }
 
-void ItemPanel::take(const QString& path) {
-    choice_ = QFile::encodeName(path).toStdString();
+void ItemPanel::take(const std::filesystem::path& path) {
+    choice_ = path;
     done(Accepted);
 }
 

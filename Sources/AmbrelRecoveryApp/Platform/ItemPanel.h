@@ -2,18 +2,24 @@
 
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 
-#include <QFileDialog>
+#include <QDialog>
 
-class QAbstractItemView;
-class QItemSelectionModel;
-class QLineEdit;
-class QModelIndex;
-class QPushButton;
+#include <vector>
+
+class FolderModel;
+class FolderView;
+class PanelButton;
+class PanelNameField;
+class PathLabel;
+class PlacesView;
+class PrimaryRecoveryButton;
+class QBoxLayout;
+class SecondaryRecoveryButton;
 
 /// A file panel in which the user names one item. A backup package is an item like a file: it is taken and never
-/// entered. Whether the item exists, and what it is, is for the caller to judge. Nothing is remembered on disk.
-/// Main thread; shown with open().
-class ItemPanel final : public QFileDialog {
+/// entered. Whether the item exists, and what it is, is for the caller to judge. Nothing that exists can be changed in
+/// it, and nothing is remembered on disk. Main thread; shown with open().
+class ItemPanel final : public QDialog {
     Q_OBJECT
 
 public:
@@ -26,49 +32,63 @@ public:
         QString proposedName;
     };
 
-    /// A panel that begins in `folder`, over `window`. `completion` is called once, when the panel is no longer shown,
-    /// with an absolute path, or with none where the panel was dismissed or destroyed. The panel deletes itself then.
-    ItemPanel(Purpose purpose, const Texts& texts, const QString& folder, RecoveryPanels::Completion completion,
-              QWidget* window);
+    /// A panel that begins in `folder`, or at home where that cannot be read, or not be written for a new item.
+    /// `completion` is called once, when the panel is no longer shown, with an absolute path, or with none where the
+    /// panel was dismissed or destroyed. The panel deletes itself then.
+    ItemPanel(Purpose purpose, const Texts& texts, const std::filesystem::path& folder,
+              RecoveryPanels::Completion completion, QWidget* window);
     ~ItemPanel() override;
 
+    /// The folder that is shown.
+    const std::filesystem::path& folder() const;
+
+    void accept() override;
     void done(int result) override;
 
-protected:
-    void accept() override;
-
 private:
-    void prepareModel();
-    void prepareViews();
-    void prepareView(QAbstractItemView& view);
-    void prepareFileName();
-    void prepareButtons(const QString& prompt);
-    void nameWidgets();
-    void hideWidgets();
+    void layOut();
+    QBoxLayout* pathRow();
+    QBoxLayout* nameRow();
+    QBoxLayout* buttonRow();
+    QWidget* sidebar();
+    void connectParts();
+    void addShortcuts();
 
     void activate(const QModelIndex& index);
     void nameSelectedItem();
-    void takeNameChange(const QString& name);
+    void takeNameChange();
+    void beginPath(const QString& beginning);
+    void takeReading();
+    void makeFolder();
 
-    /// The item that the user named or selected, whichever was last; empty where there is none.
-    QString requestedPath() const;
-    QString selectedPath() const;
-    QString typedPath() const;
+    /// The item that the user typed; none where there is none.
+    std::optional<std::filesystem::path> typedPath() const;
+    void takeTyped(const std::filesystem::path& path);
 
-    /// Whether the request is to go to `path` and not to take it.
-    bool isPlaceToGo(const QString& path) const;
-    void goTo(const QString& folder);
-    void take(const QString& path);
+    void goTo(const std::filesystem::path& folder);
+    void goBack();
+    void goUp();
+    void showFolder(const std::filesystem::path& folder);
+    void take(const std::filesystem::path& path);
     void complete(std::optional<std::filesystem::path> choice);
 
     const Purpose purpose_;
     const QString proposedName_;
     RecoveryPanels::Completion completion_;
     std::optional<std::filesystem::path> choice_;
+    bool isAtBeginning_ = true;
     bool isNamingSelection_ = false;
-    bool isItemLeaving_ = false;
-    bool isNeighborSelected_ = false;
-    QItemSelectionModel* selection_ = nullptr;
-    QLineEdit* fileName_ = nullptr;
-    QPushButton* acceptButton_ = nullptr;
+    /// The folders that were shown before, the last one at the end.
+    std::vector<std::filesystem::path> history_;
+
+    FolderModel* const files_;
+    FolderView* const list_;
+    PlacesView* const places_;
+    PathLabel* const path_;
+    PanelButton* const back_;
+    PanelButton* const up_;
+    SecondaryRecoveryButton* const newFolder_;
+    PanelNameField* const fileName_;
+    SecondaryRecoveryButton* const cancel_;
+    PrimaryRecoveryButton* const accept_;
 };

@@ -1,58 +1,63 @@
 #include "AmbrelRecoveryApp/Platform/PanelPlaces.h"
 
+#include "AmbrelRecoveryApp/Platform/FileNameText.h"
+#include "AmbrelRecoveryApp/Platform/MountedVolumes.h"
+#include "AmbrelRecoveryApp/Platform/PanelTexts.h"
+
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
-#include <QStorageInfo>
 
 #include <algorithm>
-#include <array>
-#include <string_view>
+#include <utility>
+
+using PanelTexts::Text;
 
 namespace {
 
-/// What the system keeps for itself.
-constexpr std::array systemFolders{"/boot", "/dev", "/efi", "/etc", "/proc", "/run", "/snap", "/sys", "/usr", "/var"};
-/// Where removable and network volumes are mounted within those.
-constexpr std::array mountFolders{"/run/media", "/var/media", "/var/mnt"};
-/// File systems in memory, of other programs, and of software packages.
-constexpr std::array<std::string_view, 8> typesWithoutFiles{"autofs", "devtmpfs", "fuse.lxcfs", "fuse.portal",
-                                                            "nsfs",   "squashfs", "ramfs",      "tmpfs"};
-
-bool isWithin(const QString& path, const char* folder) {
-    const QLatin1String name(folder);
-    return path == name || path.startsWith(name + u'/');
-}
-
-bool isWithinAny(const QString& path, const auto& folders) {
-    return std::ranges::any_of(folders, [&](const char* folder) { return isWithin(path, folder); });
-}
-
-void append(QList<QUrl>& places, const QString& folder) {
-    const QUrl place = QUrl::fromLocalFile(folder);
-    if (QDir(folder).exists() && !places.contains(place)) {
-        places.append(place);
-    }
+std::filesystem::path native(const QString& path) {
+    return QFile::encodeName(path).toStdString();
 }
 
 } // namespace
 
-bool PanelPlaces::isForFiles(const QString& root, const QByteArray& type) {
-    const bool hasFiles =
-        std::ranges::find(typesWithoutFiles, std::string_view(type.constData())) == typesWithoutFiles.end();
-    return hasFiles && (!isWithinAny(root, systemFolders) || isWithinAny(root, mountFolders));
+PanelPlaces::Place PanelPlaces::home() {
+    return {PanelTexts::localized(Text::home), native(QDir::homePath()), RecoverySymbol::house};
 }
 
-QList<QUrl> PanelPlaces::urls() {
-    QList<QUrl> places;
-    append(places, QDir::homePath());
-    for (const auto location : {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation,
-                                QStandardPaths::DownloadLocation, QStandardPaths::PicturesLocation}) {
-        append(places, QStandardPaths::writableLocation(location));
-    }
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        if (volume.isValid() && volume.isReady() && isForFiles(volume.rootPath(), volume.fileSystemType())) {
-            append(places, volume.rootPath());
+std::vector<PanelPlaces::Place> PanelPlaces::usualFolders() {
+    std::vector<Place> places;
+    for (const auto& [location, text] : {std::pair(QStandardPaths::DesktopLocation, Text::desktop),
+                                         std::pair(QStandardPaths::DocumentsLocation, Text::documents),
+                                         std::pair(QStandardPaths::DownloadLocation, Text::downloads),
+                                         std::pair(QStandardPaths::MusicLocation, Text::music),
+                                         std::pair(QStandardPaths::PicturesLocation, Text::pictures),
+                                         std::pair(QStandardPaths::MoviesLocation, Text::videos)}) {
+        const std::filesystem::path path = native(QStandardPaths::writableLocation(location));
+        if (path != native(QDir::homePath()) && std::ranges::find(places, path, &Place::path) == places.end()) {
+            places.push_back({PanelTexts::localized(text), path, RecoverySymbol::folder});
         }
     }
+    return places;
+}
+
+std::vector<PanelPlaces::Place> PanelPlaces::volumes() {
+    QFile table(QString::fromLatin1(MountedVolumes::tablePath));
+    std::vector<Place> places;
+    if (table.open(QIODevice::ReadOnly)) {
+        for (std::filesystem::path& root : MountedVolumes::forFiles(table.readAll())) {
+            QString name =
+                root == "/" ? PanelTexts::localized(Text::computer) : FileNameText::readable(root.filename().native());
+            places.push_back({std::move(name), std::move(root), RecoverySymbol::externaldrive});
+        }
+    }
+    return places;
+}
+
+std::vector<PanelPlaces::Place> PanelPlaces::existing(std::vector<Place> places) {
+    std::erase_if(places, [](const Place& place) {
+        std::error_code error;
+        return !std::filesystem::is_directory(place.path, error);
+    });
     return places;
 }

@@ -1,19 +1,35 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
+#include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
+
 #include <QString>
-#include <QUrl>
+
+#include <filesystem>
+#include <vector>
 
 /// The places that file panels offer beside their list.
 namespace PanelPlaces {
 
-/// The home folder, the usual folders that exist in it, and every mounted volume that a user may keep files on, each
-/// once. Main thread.
-QList<QUrl> urls();
+struct Place {
+    /// In the interface language, or the name of a volume.
+    QString name;
+    std::filesystem::path path;
+    RecoverySymbol symbol = RecoverySymbol::folder;
 
-/// Whether a volume that is mounted at `root` (an absolute path) with a file system of `type` (the system's name for
-/// it) is one that a user may keep files on: not the system's own, and not one that holds no files.
-bool isForFiles(const QString& root, const QByteArray& type);
+    friend bool operator==(const Place&, const Place&) = default;
+};
+
+/// The user's home folder. Any thread.
+Place home();
+
+/// The desktop's usual folders of the user, whether they exist or not, without those that are the home folder itself.
+/// Main thread.
+std::vector<Place> usualFolders();
+
+/// Every mounted volume that a user may keep files on. No volume is touched. Any thread.
+std::vector<Place> volumes();
+
+/// Those of `places` that are folders. Blocks for as long as the file system does; any thread.
+std::vector<Place> existing(std::vector<Place> places);
 
 } // namespace PanelPlaces

@@ -1,10 +1,11 @@
 #include "FilePanelsTestCase.h"
 
-#include <QFileSystemModel>
+#include "AmbrelRecoveryApp/Platform/FolderView.h"
+#include "AmbrelRecoveryApp/Platform/PanelNameField.h"
+
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeView>
 
 #include <fstream>
 
@@ -38,12 +39,12 @@ ItemPanel& FilePanelsTest::savePanel() {
     return *window->findChild<ItemPanel*>();
 }
 
-QTreeView& FilePanelsTest::list(ItemPanel& panel) {
-    return *panel.findChild<QTreeView*>("treeView");
+FolderView& FilePanelsTest::list(ItemPanel& panel) {
+    return *panel.findChild<FolderView*>();
 }
 
 QLineEdit& FilePanelsTest::nameField(ItemPanel& panel) {
-    return *panel.findChild<QLineEdit*>("fileNameEdit");
+    return *panel.findChild<PanelNameField*>();
 }
 
 QPushButton* FilePanelsTest::button(ItemPanel& panel, const QString& text) {
@@ -66,18 +67,12 @@ void FilePanelsTest::enterAndReturn(ItemPanel& panel, const Path& path) {
 }
 
 QModelIndex FilePanelsTest::row(ItemPanel& panel, const Path& item) {
-    const auto& view = list(panel);
+    const auto& files = *panel.findChild<FolderModel*>();
     QModelIndex found;
     const bool isShown = QTest::qWaitFor(
         [&] {
-            for (int number = 0; number < view.model()->rowCount(view.rootIndex()); ++number) {
-                const QModelIndex candidate = view.model()->index(number, 0, view.rootIndex());
-                if (candidate.data(QFileSystemModel::FilePathRole) == QString::fromStdString(item.native())) {
-                    found = candidate;
-                    return true;
-                }
-            }
-            return false;
+            found = files.folder() == item.parent_path() ? files.indexOf(item.filename()) : QModelIndex();
+            return found.isValid();
         },
         generousMilliseconds);
     EXPECT_TRUE(isShown);
@@ -93,6 +88,12 @@ void FilePanelsTest::doubleClick(ItemPanel& panel, const Path& item) {
     const QPoint place = list(panel).visualRect(row(panel, item)).center();
     QTest::mouseClick(list(panel).viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list(panel).viewport(), Qt::LeftButton, {}, place);
+}
+
+void FilePanelsTest::waitForFolder(ItemPanel& panel, const Path& folder) {
+    const auto& files = *panel.findChild<FolderModel*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return files.folder() == folder && files.state() == FolderModel::State::loaded; },
+                                generousMilliseconds));
 }
 
 void FilePanelsTest::expectOneChoice(const std::optional<Path>& expected) {

@@ -11,10 +11,10 @@
 #include <optional>
 #include <vector>
 
+class FolderView;
 class QLineEdit;
 class QModelIndex;
 class QPushButton;
-class QTreeView;
 
 /// A window with file panels, whose home folder is a temporary one that holds one item of each kind: the package
 /// "Family Photos.ambrel", the folder "folder" and the file "file.txt".
@@ -31,7 +31,7 @@ protected:
     ItemPanel& openPanel();
     ItemPanel& savePanel();
 
-    static QTreeView& list(ItemPanel& panel);
+    static FolderView& list(ItemPanel& panel);
     static QLineEdit& nameField(ItemPanel& panel);
     /// The visible button of this label; none where there is none.
     static QPushButton* button(ItemPanel& panel, const QString& text);
@@ -46,7 +46,9 @@ protected:
     static void select(ItemPanel& panel, const Path& item);
     static void doubleClick(ItemPanel& panel, const Path& item);
 
-    static Path shownFolder(ItemPanel& panel) { return panel.directory().path().toStdString(); }
+    /// Waits until the panel shows this folder and what is in it.
+    static void waitForFolder(ItemPanel& panel, const Path& folder);
+    static Path shownFolder(ItemPanel& panel) { return panel.folder(); }
 
     void expectOneChoice(const std::optional<Path>& expected);
 

@@ -1,10 +1,10 @@
+#include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "FilePanelsTestCase.h"
 
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeView>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -192,7 +192,7 @@ TEST_F(OpenPanelTest, takesNamesAsTheyAre) {
 
 TEST_F(OpenPanelTest, changesNothingInTheFolder) {
     ItemPanel& panel = openPanel();
-    EXPECT_FALSE(panel.findChild<QWidget*>("newFolderButton")->isVisible());
+    EXPECT_EQ(button(panel, "New folder"), nullptr);
     select(panel, home() / "file.txt");
     for (const auto key : {Qt::Key_Delete, Qt::Key_F2}) {
         QTest::keyClick(&list(panel), key);
@@ -208,7 +208,7 @@ TEST_F(OpenPanelTest, showsHiddenItemsOnDemand) {
     std::filesystem::create_directory(home() / ".hidden.ambrel");
     ItemPanel& panel = openPanel();
     row(panel, home() / "file.txt");
-    EXPECT_FALSE(panel.filter().testFlag(QDir::Hidden));
+    EXPECT_FALSE(panel.findChild<FolderModel*>()->indexOf(".hidden.ambrel").isValid());
     QTest::keyClick(&nameField(panel), Qt::Key_H, Qt::ControlModifier);
     EXPECT_TRUE(row(panel, home() / ".hidden.ambrel").isValid());
 }

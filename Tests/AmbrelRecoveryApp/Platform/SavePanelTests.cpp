@@ -1,22 +1,26 @@
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Platform/FolderView.h"
+#include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
+#include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "FilePanelsTestCase.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QToolButton>
-#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace {
 
 class SavePanelTest : public FilePanelsTest {
 protected:
-    /// Presses the button that makes a folder, and gives the field in which its name is typed.
-    QLineEdit& makeFolder(ItemPanel& panel) {
+    /// Presses the button that makes a folder, and gives the panel that asks for its name.
+    NewFolderPanel& askForFolder(ItemPanel& panel) {
         row(panel, home() / "folder");
-        panel.findChild<QToolButton*>("newFolderButton")->click();
-        return *list(panel).viewport()->findChild<QLineEdit*>();
+        button(panel, "New folder")->click();
+        return *panel.findChild<NewFolderPanel*>();
     }
+
+    static PanelNameField& nameOf(NewFolderPanel& asking) { return *asking.findChild<PanelNameField*>(); }
 };
 
 } // namespace
@@ -116,37 +120,52 @@ TEST_F(SavePanelTest, keepsTheNameWhenTheFocusGoesThroughTheList) {
     EXPECT_EQ(nameField(panel).text(), "Ambrel Recovered");
 }
 
-TEST_F(SavePanelTest, makesAFolderThatCanBeNamedAndEntered) {
+TEST_F(SavePanelTest, makesAFolderAndGoesThere) {
     ItemPanel& panel = savePanel();
-    QLineEdit& name = makeFolder(panel);
-    EXPECT_TRUE(std::filesystem::is_directory(home() / "New Folder"));
-    name.selectAll();
-    QTest::keyClicks(&name, "Recovered photos");
-    QTest::keyClick(&name, Qt::Key_Return);
-    QTest::qWait(0);
+    NewFolderPanel& asking = askForFolder(panel);
+    EXPECT_EQ(nameOf(asking).selectedText(), "New folder");
+    QTest::keyClicks(&nameOf(asking), "Recovered photos");
+    QTest::keyClick(&nameOf(asking), Qt::Key_Return);
+    waitForFolder(panel, home() / "Recovered photos");
     EXPECT_TRUE(std::filesystem::is_directory(home() / "Recovered photos"));
-    EXPECT_FALSE(std::filesystem::exists(home() / "New Folder"));
-    EXPECT_TRUE(choices.empty());
-    row(panel, home() / "Recovered photos");
-    exportButton(panel).click();
-    EXPECT_EQ(shownFolder(panel), home() / "Recovered photos");
+    EXPECT_FALSE(std::filesystem::exists(home() / "New folder"));
     EXPECT_EQ(nameField(panel).text(), "Ambrel Recovered");
+    EXPECT_TRUE(choices.empty());
+    QTest::qWait(0);
+    EXPECT_EQ(panel.findChild<NewFolderPanel*>(), nullptr);
+    exportButton(panel).click();
+    expectOneChoice(home() / "Recovered photos" / "Ambrel Recovered");
 }
 
-TEST_F(SavePanelTest, keepsTheNameOfAMadeFolderWhereTheTypedOneCannotBe) {
-    for (const QString typed : {"", ".", "..", "a/b", "file.txt"}) {
-        ItemPanel& panel = savePanel();
-        QLineEdit& name = makeFolder(panel);
-        name.setText(typed);
-        QTest::keyClick(&name, Qt::Key_Return);
-        QTest::qWait(0);
-        EXPECT_EQ(QApplication::activeModalWidget(), &panel);
-        EXPECT_TRUE(std::filesystem::is_directory(home() / "New Folder"));
-        EXPECT_TRUE(std::filesystem::is_regular_file(home() / "file.txt"));
-        std::filesystem::remove(home() / "New Folder");
-        panel.close();
-        QTest::qWait(0);
+TEST_F(SavePanelTest, makesNoFolderWhereTheNameIsTakenAndAsksOn) {
+    ItemPanel& panel = savePanel();
+    NewFolderPanel& asking = askForFolder(panel);
+    nameOf(asking).setText("file.txt");
+    QTest::keyClick(&nameOf(asking), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asking.accessibleDescription().isEmpty(); }));
+    EXPECT_EQ(asking.accessibleDescription(), "An item with this name already exists.");
+    EXPECT_TRUE(asking.isVisible());
+    EXPECT_TRUE(std::filesystem::is_regular_file(home() / "file.txt"));
+    nameOf(asking).setText(QString(300, u'x'));
+    EXPECT_EQ(asking.accessibleDescription(), "");
+    QTest::keyClick(&nameOf(asking), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asking.accessibleDescription().isEmpty(); }));
+    EXPECT_EQ(asking.accessibleDescription(), "The folder could not be created.");
+}
+
+TEST_F(SavePanelTest, takesNoNameThatNoFolderCanHave) {
+    ItemPanel& panel = savePanel();
+    NewFolderPanel& asking = askForFolder(panel);
+    for (const QString& typed : {QString(""), QString("."), QString(".."), QString("a/b"), QString(QChar(u'\0'))}) {
+        nameOf(asking).setText(typed);
+        QTest::keyClick(&nameOf(asking), Qt::Key_Return);
+        EXPECT_TRUE(asking.isVisible());
+        EXPECT_FALSE(asking.findChild<PrimaryRecoveryButton*>()->isEnabled());
     }
+    QTest::keyClick(&nameOf(asking), Qt::Key_Escape);
+    EXPECT_FALSE(asking.isVisible());
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_FALSE(std::filesystem::exists(home() / "New folder"));
 }
 
 TEST_F(SavePanelTest, changesNothingThatWasThereBefore) {

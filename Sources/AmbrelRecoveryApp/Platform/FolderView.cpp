@@ -1,0 +1,162 @@
+#include "AmbrelRecoveryApp/Platform/FolderView.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Platform/FolderHeader.h"
+#include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
+#include "AmbrelRecoveryApp/Platform/PanelTexts.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int textSize = 13;
+/// A folder that answers sooner shows no message in between.
+constexpr std::chrono::milliseconds slownessDelay(300);
+
+} // namespace
+
+FolderView::FolderView(FolderModel& model, QWidget* parent) : QTreeView(parent), model_(model) {
+    setFont(recoveryFont(textSize, QFont::Normal));
+    setItemDelegate(new PanelRowDelegate(FolderModel::SymbolRole, this));
+    setHeader(new FolderHeader(this));
+    setModel(&model);
+    // After the selection's own reaction, which drops it.
+    connect(&model, &QAbstractItemModel::modelReset, this, &FolderView::takeReset);
+    setFrameShape(QFrame::NoFrame);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setDragDropMode(QAbstractItemView::NoDragDrop);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setVerticalScrollBar(new QuietScrollBar(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSortingEnabled(true);
+    sortByColumn(FolderModel::name, Qt::AscendingOrder);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
+    header()->setSectionResizeMode(FolderModel::name, QHeaderView::Stretch);
+    slowness_.setSingleShot(true);
+    slowness_.setInterval(slownessDelay);
+    connect(&slowness_, &QTimer::timeout, this, [this] {
+        isSlow_ = true;
+        viewport()->update();
+    });
+    connect(this, &QTreeView::doubleClicked, this, &FolderView::itemActivated);
+}
+
+QModelIndex FolderView::selectedItem() const {
+    const QModelIndexList rows = selectionModel()->selectedRows(FolderModel::name);
+    return rows.isEmpty() ? QModelIndex() : rows.first();
+}
+
+void FolderView::keyboardSearch(const QString& search) {
+    if (search == u"/" || search == u"~") {
+        emit pathTyped(search);
+    } else {
+        QTreeView::keyboardSearch(search);
+    }
+}
+
+void FolderView::reset() {
+    scrollPlace_ = verticalScrollBar()->value();
+    QTreeView::reset();
+}
+
+/// A folder that was read again keeps what was selected in it, and an item that went away is not replaced by the next.
+void FolderView::takeReset() {
+    if (model_.state() == FolderModel::State::loading) {
+        selectedName_.clear();
+        currentName_.clear();
+        isSlow_ = false;
+        slowness_.start();
+    } else {
+        slowness_.stop();
+        restore();
+    }
+    setAccessibleDescription(message());
+}
+
+void FolderView::restore() {
+    const std::string selected = std::exchange(selectedName_, {});
+    if (const QModelIndex current = currentName_.empty() ? QModelIndex() : model_.indexOf(currentName_);
+        current.isValid()) {
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    }
+    if (const QModelIndex index = selected.empty() ? QModelIndex() : model_.indexOf(selected); index.isValid()) {
+        selectionModel()->select(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(scrollPlace_);
+}
+
+QString FolderView::message() const {
+    switch (model_.state()) {
+    case FolderModel::State::loading:
+        return isSlow_ ? PanelTexts::localized(PanelTexts::Text::loading) : QString();
+    case FolderModel::State::unreadable:
+        return PanelTexts::localized(PanelTexts::Text::folderCannotBeOpened);
+    case FolderModel::State::loaded:
+        return model_.rowCount() == 0 ? AmbrelStrings::localized(AmbrelStrings::albumsFolderEmptyTitle()) : QString();
+    }
+    Q_UNREACHABLE();
+}
+
+void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    PanelRowDelegate::paintRow(*painter, *this, option.rect, selectionModel()->isRowSelected(index.row()),
+                               index.row() == currentIndex().row());
+    QTreeView::drawRow(painter, option, index);
+}
+
+void FolderView::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isArrow = (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) &&
+                         (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;
+    if (isReturn && selectedItem().isValid()) {
+        emit itemActivated(selectedItem());
+    } else if (isReturn) {
+        event->ignore();
+    } else if (isArrow && !selectedItem().isValid()) {
+        // The toolkit would begin after the first item, on which the focus is but which is not selected.
+        const QModelIndex first = currentIndex().isValid() ? currentIndex() : model_.index(0, FolderModel::name);
+        selectionModel()->setCurrentIndex(first, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    } else if (isUp || event->key() == Qt::Key_Backspace) {
+        emit upRequested();
+    } else {
+        QTreeView::keyPressEvent(event);
+    }
+}
+
+void FolderView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    QPainter painter(viewport());
+    painter.setPen(RecoveryPalette::secondary());
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, message());
+}
+
+void FolderView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    for (const auto column : {FolderModel::size, FolderModel::date}) {
+        const QString heading = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        const int width =
+            std::max(model_.widestText(column, fontMetrics()), header()->fontMetrics().horizontalAdvance(heading));
+        header()->resizeSection(column, width + FolderHeader::padding);
+    }
+}
+
+void FolderView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    const QModelIndex item = selectedItem();
+    selectedName_ = item.isValid() ? model_.item(item).name : std::string();
+    currentName_ = selectedName_.empty() ? currentName_ : selectedName_;
+    emit itemSelected();
+}

@@ -1,0 +1,130 @@
+#include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/PanelNameField.h"
+#include "AmbrelRecoveryApp/Platform/PanelPalette.h"
+#include "AmbrelRecoveryApp/Platform/PanelTexts.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include <cerrno>
+#include <system_error>
+
+#include <sys/stat.h>
+
+using namespace AmbrelStrings;
+using PanelTexts::Text;
+
+namespace {
+
+constexpr int panelWidth = 380;
+constexpr int padding = 24;
+constexpr int buttonHeight = 40;
+
+std::error_code makeFolder(const std::filesystem::path& folder) {
+    constexpr mode_t everyoneAsTheMaskAllows = 0777;
+    const bool isMade = mkdir(folder.c_str(), everyoneAsTheMaskAllows) == 0;
+    return isMade ? std::error_code() : std::error_code(errno, std::generic_category());
+}
+
+bool canBeName(const QString& name) {
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') && !name.contains(QChar::Null);
+}
+
+} // namespace
+
+NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
+    : QDialog(panel), folder_(std::move(folder)), name_(new PanelNameField(localized(organizationName()), this)),
+      message_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::warning(), this)),
+      create_(new PrimaryRecoveryButton(std::nullopt, this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setPalette(PanelPalette::colors());
+    setWindowTitle(localized(organizationNewFolder()));
+    setAccessibleName(localized(organizationNewFolder()));
+    setFixedWidth(panelWidth);
+    message_->hide();
+    create_->setLabel(PanelTexts::localized(Text::create));
+    create_->setButtonHeight(buttonHeight);
+    create_->setDefault(true);
+    auto* const cancel = new SecondaryRecoveryButton(std::nullopt, this);
+    cancel->setLabel(localized(genericCancel()));
+    cancel->setButtonHeight(buttonHeight);
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(10);
+    auto* const label = new TextLabel(recoveryFont(13, QFont::Medium), RecoveryPalette::secondary(), this);
+    label->setText(localized(organizationName()));
+    layout->addWidget(label);
+    layout->addWidget(name_);
+    layout->addWidget(message_);
+    layout->addSpacing(8);
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(10);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(create_);
+    layout->addLayout(buttons);
+
+    name_->setText(localized(organizationNewFolder()));
+    name_->selectAll();
+    name_->setFocus();
+    connect(name_, &QLineEdit::textChanged, this, &NewFolderPanel::follow);
+    connect(create_, &PrimaryRecoveryButton::clicked, this, &NewFolderPanel::accept);
+    connect(cancel, &SecondaryRecoveryButton::clicked, this, &NewFolderPanel::reject);
+}
+
+void NewFolderPanel::accept() {
+    if (isMaking_ || !canBeName(name_->text())) {
+        return;
+    }
+    const std::filesystem::path folder = folder_ / QFile::encodeName(name_->text()).toStdString();
+    isMaking_ = true;
+    create_->setEnabled(false);
+    try {
+        BackgroundTask::run([folder] { return makeFolder(folder); },
+                            [panel = QPointer(this), folder](std::future<std::error_code>& outcome) {
+                                if (panel) {
+                                    panel->take(folder, outcome.get());
+                                }
+                            });
+    } catch (const std::system_error& error) {
+        take(folder, error.code());
+    }
+}
+
+void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_code& error) {
+    isMaking_ = false;
+    create_->setEnabled(true);
+    if (!error) {
+        emit made(folder);
+        QDialog::accept();
+        return;
+    }
+    const bool isTaken = error == std::errc::file_exists;
+    showMessage(PanelTexts::localized(isTaken ? Text::nameIsTaken : Text::folderNotCreated));
+    name_->setFocus();
+    name_->selectAll();
+}
+
+void NewFolderPanel::follow() {
+    create_->setEnabled(!isMaking_ && canBeName(name_->text()));
+    showMessage({});
+}
+
+void NewFolderPanel::showMessage(const QString& message) {
+    message_->setText(message);
+    message_->setVisible(!message.isEmpty());
+    setAccessibleDescription(message);
+    layout()->activate();
+    adjustSize();
+}

@@ -1,0 +1,46 @@
+#include "AmbrelRecoveryApp/Platform/PanelButton.h"
+
+#include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+#include "AmbrelRecoveryApp/Platform/PanelPalette.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int buttonSize = 34;
+constexpr int symbolSize = 16;
+constexpr qreal cornerRadius = 10;
+
+} // namespace
+
+PanelButton::PanelButton(RecoverySymbol symbol, const QString& label, QWidget* parent)
+    : QAbstractButton(parent), symbol_(symbol) {
+    setAccessibleName(label);
+    setToolTip(label);
+    setStyleSheet(PanelPalette::toolTipStyleSheet());
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+}
+
+QSize PanelButton::sizeHint() const {
+    return {buttonSize, buttonSize};
+}
+
+void PanelButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
+    painter.setPen(Qt::NoPen);
+    const bool isLit = isEnabled() && (isDown() || underMouse());
+    painter.setBrush(isLit ? RecoveryPalette::highlight() : RecoveryPalette::raised());
+    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    QRect symbol(0, 0, symbolSize, symbolSize);
+    symbol.moveCenter(rect().center());
+    SymbolPainter::paint(painter, symbol_, symbol, RecoveryPalette::primary());
+    if (FocusRing::isShown(*this)) {
+        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
+    }
+}

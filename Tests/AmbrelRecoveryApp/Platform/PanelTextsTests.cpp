@@ -1,0 +1,39 @@
+#include "AmbrelRecoveryApp/Platform/PanelTexts.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+
+#include <QString>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <utility>
+
+using PanelTexts::Text;
+
+namespace {
+
+/// The words that a language has from English.
+const std::set<std::pair<QString, Text>> loanwords = {
+    {"de", Text::downloads}, {"de", Text::videos},   {"de", Text::computer},
+    {"fr", Text::documents}, {"it", Text::computer},
+};
+
+} // namespace
+
+TEST(PanelTexts, areThereInEveryLanguageOfTheInterface) {
+    for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
+        for (int number = 0; number < PanelTexts::textCount; ++number) {
+            SCOPED_TRACE(language.toStdString() + " " + std::to_string(number));
+            const auto text = static_cast<Text>(number);
+            const QString shown = PanelTexts::resolved(text, language);
+            EXPECT_FALSE(shown.isEmpty());
+            EXPECT_EQ(shown, shown.trimmed());
+            const bool isEnglish = shown == PanelTexts::resolved(text, "en");
+            EXPECT_EQ(isEnglish, language == u"en" || loanwords.contains({language, text}));
+        }
+    }
+}
+
+TEST(PanelTexts, areEnglishInOtherLanguages) {
+    EXPECT_EQ(PanelTexts::resolved(Text::home, "nl"), "Home");
+}

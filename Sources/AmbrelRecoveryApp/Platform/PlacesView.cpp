@@ -39,6 +39,8 @@ PlacesView::PlacesView(QWidget* parent) : QListView(parent), model_(new PlacesMo
     setFont(recoveryFont(textSize, QFont::Normal));
     setItemDelegate(new PlaceDelegate(this));
     setModel(model_);
+    // After the selection's own reaction, which drops it.
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] { showFolder(folder_); });
     setAccessibleName(PanelTexts::localized(PanelTexts::Text::locations));
     setFrameShape(QFrame::NoFrame);
     setFixedWidth(listWidth);
@@ -64,11 +66,6 @@ void PlacesView::showFolder(const std::filesystem::path& folder) {
     } else {
         clearSelection();
     }
-}
-
-void PlacesView::reset() {
-    QListView::reset();
-    showFolder(folder_);
 }
 
 void PlacesView::keyPressEvent(QKeyEvent* event) {

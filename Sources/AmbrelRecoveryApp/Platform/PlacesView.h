@@ -14,8 +14,6 @@ public:
     /// Marks the place that is shown; none where no place is at `folder`.
     void showFolder(const std::filesystem::path& folder);
 
-    void reset() override;
-
 signals:
     void placeChosen(const std::filesystem::path& folder);
 

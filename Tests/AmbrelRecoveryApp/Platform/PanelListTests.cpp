@@ -162,6 +162,7 @@ TEST_F(PanelListTest, placesAreHomeTheUsualFoldersThatExistAndTheVolumes) {
     EXPECT_EQ(placesOf(panel).front(), home());
     EXPECT_TRUE(QTest::qWaitFor([&] { return std::ranges::count(placesOf(panel), home() / "Pictures") == 1; },
                                 generousMilliseconds));
+    EXPECT_TRUE(places(panel).selectionModel()->isRowSelected(0));
     EXPECT_EQ(std::ranges::count(placesOf(panel), home() / "Documents"), 0);
     EXPECT_EQ(std::ranges::count(placesOf(panel), "/"), 1);
 }

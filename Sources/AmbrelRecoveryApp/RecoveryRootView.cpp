@@ -7,6 +7,7 @@
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
 #include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
+#include "AmbrelRecoveryApp/Screens/DropArea.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/HeaderView.h"
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
@@ -68,6 +69,7 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     transition_ = new ScreenTransition(this);
     alert_ = new ErrorAlert(this);
     announcer_ = new Announcer(this);
+    dropArea_ = new DropArea(this);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -98,6 +100,7 @@ void RecoveryRootView::connectScreens() {
     connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
     connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
 
+    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
     connect(alert_, &ErrorAlert::dismissed, &model_, &RecoveryViewModel::dismissPresentedError);
 }
 
@@ -159,9 +162,22 @@ void RecoveryRootView::applyContents() {
     content_->chooseBackup()->apply(chooseBackupContent(state_));
     content_->snapshots()->apply(snapshotsContent(state_));
     content_->completion()->apply(completionContent(state_));
+    if (model_.destinationURL() != shownPath_) {
+        shownPath_.reset();
+    }
+    content_->completion()->applyPath(shownPath_);
     content_->showScreen(screen);
     applyCredential();
     alert_->apply(errorAlertContent(state_));
+    dropArea_->setAccepting(!state_.isBusy() && !state_.presentedError);
+}
+
+void RecoveryRootView::showPath(const std::filesystem::path& folder) {
+    if (state_.phase == RecoveryScreenState::Phase::complete && model_.destinationURL() == folder) {
+        shownPath_ = folder;
+        content_->completion()->applyPath(shownPath_);
+        content_->completion()->selectPath();
+    }
 }
 
 void RecoveryRootView::applyCredential() {

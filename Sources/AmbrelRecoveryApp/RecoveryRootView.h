@@ -7,9 +7,11 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <filesystem>
 #include <optional>
 
 class Announcer;
+class DropArea;
 class ErrorAlert;
 class JourneyRail;
 class MainContent;
@@ -24,6 +26,10 @@ class RecoveryRootView final : public QWidget {
 public:
     /// `model` must outlive the view.
     explicit RecoveryRootView(RecoveryViewModel& model, QWidget* parent = nullptr);
+
+    /// Shows the path of the exported folder on the last screen, for the user to find it by; nothing where `folder` is
+    /// not that folder.
+    void showPath(const std::filesystem::path& folder);
 
 signals:
     /// The screens show the model again as it is; however many changes came before, this is emitted once for them.
@@ -57,6 +63,9 @@ private:
     ScreenTransition* transition_ = nullptr;
     ErrorAlert* alert_ = nullptr;
     Announcer* announcer_ = nullptr;
+    DropArea* dropArea_ = nullptr;
+    /// The exported folder where its path is shown.
+    std::optional<std::filesystem::path> shownPath_;
     /// Where the focus goes once the alert is gone or the window is there.
     QPointer<QWidget> nextFocus_;
 };

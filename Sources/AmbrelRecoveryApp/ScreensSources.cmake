@@ -12,6 +12,7 @@ set(screens_sources
   Controls/Motion.cpp
   Controls/Notice.cpp
   Controls/ParagraphDirection.cpp
+  Controls/PathView.cpp
   Controls/PrimaryRecoveryButton.cpp
   Controls/ProgressIndicator.cpp
   Controls/ProgressIndicatorAccessible.cpp
@@ -37,6 +38,7 @@ set(screens_sources
   Screens/CompletionContent.cpp
   Screens/CompletionScreen.cpp
   Screens/CredentialCard.cpp
+  Screens/DropArea.cpp
   Screens/ErrorAlert.cpp
   Screens/ErrorAlertAccessible.cpp
   Screens/ErrorAlertContent.cpp

@@ -10,6 +10,7 @@ CompletionContent completionContent(const RecoveryScreenState& state) {
     CompletionContent content{
         .title = localized(AmbrelStrings::filesExportCompletedTitle()),
         .exported = std::nullopt,
+        .pathLabel = localized(AmbrelStrings::filesExportFolder()),
         .revealLabel = RecoveryAppCopy::showInFinder(locale),
         .startAgainLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
     };

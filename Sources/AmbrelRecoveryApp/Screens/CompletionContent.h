@@ -11,6 +11,8 @@ struct CompletionContent {
     QString title;
     /// How many items were recovered; none without an export report.
     std::optional<QString> exported;
+    /// What the path of the exported folder is called where that path is shown.
+    QString pathLabel;
     QString revealLabel;
     QString startAgainLabel;
 

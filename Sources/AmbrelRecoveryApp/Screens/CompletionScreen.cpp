@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
 
 #include "AmbrelRecoveryApp/Controls/Card.h"
+#include "AmbrelRecoveryApp/Controls/PathView.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
@@ -15,8 +16,10 @@
 CompletionScreen::CompletionScreen(QWidget* parent)
     : QWidget(parent), title_(new TextLabel(recoveryFont(24, QFont::DemiBold), RecoveryPalette::primary(), this)),
       exported_(new TextLabel(recoveryFont(15, QFont::Normal), RecoveryPalette::secondary(), this)),
-      reveal_(new PrimaryRecoveryButton(std::nullopt, this)),
+      pathLabel_(new TextLabel(recoveryFont(12, QFont::DemiBold), RecoveryPalette::muted(), this)),
+      path_(new PathView(this)), reveal_(new PrimaryRecoveryButton(std::nullopt, this)),
       startAgain_(new SecondaryRecoveryButton(std::nullopt, this)) {
+    applyPath(std::nullopt);
     startAgain_->setButtonHeight(reveal_->sizeHint().height());
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -42,6 +45,8 @@ QWidget* CompletionScreen::makeCard() {
     layout->addSpacing(1);
     layout->addWidget(title_);
     layout->addWidget(exported_);
+    layout->addWidget(pathLabel_);
+    layout->addWidget(path_);
     layout->addSpacing(9);
     layout->addWidget(new ButtonRow({reveal_, startAgain_}, card));
     return card;
@@ -51,6 +56,21 @@ void CompletionScreen::apply(const CompletionContent& content) {
     title_->setText(content.title);
     exported_->setVisible(content.exported.has_value());
     exported_->setText(content.exported.value_or(QString()));
+    pathLabel_->setText(content.pathLabel);
+    path_->setAccessibleName(content.pathLabel);
     reveal_->setLabel(content.revealLabel);
     startAgain_->setLabel(content.startAgainLabel);
+}
+
+void CompletionScreen::applyPath(const std::optional<std::filesystem::path>& folder) {
+    pathLabel_->setVisible(folder.has_value());
+    path_->setVisible(folder.has_value());
+    if (folder) {
+        path_->setPath(*folder);
+    }
+}
+
+void CompletionScreen::selectPath() {
+    path_->selectAll();
+    path_->setFocus();
 }

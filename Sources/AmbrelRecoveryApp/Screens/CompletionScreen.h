@@ -4,6 +4,10 @@
 
 #include <QWidget>
 
+#include <filesystem>
+#include <optional>
+
+class PathView;
 class PrimaryRecoveryButton;
 class SecondaryRecoveryButton;
 class TextLabel;
@@ -16,6 +20,10 @@ public:
     explicit CompletionScreen(QWidget* parent = nullptr);
 
     void apply(const CompletionContent& content);
+    /// Shows the path of the exported folder, or hides it where there is none to show.
+    void applyPath(const std::optional<std::filesystem::path>& folder);
+    /// Selects the path that is shown, and gives it the focus.
+    void selectPath();
     PrimaryRecoveryButton* revealButton() const { return reveal_; }
 
 signals:
@@ -27,6 +35,8 @@ private:
 
     TextLabel* const title_;
     TextLabel* const exported_;
+    TextLabel* const pathLabel_;
+    PathView* const path_;
     PrimaryRecoveryButton* const reveal_;
     SecondaryRecoveryButton* const startAgain_;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QList>
+#include <QTextEdit>
+
+#include <filesystem>
+
+/// A path that can be read, selected by mouse and keyboard, and copied, but not changed. It wraps and is never cut off;
+/// its parts stand in their order from left to right whatever the direction of their letters.
+class PathView final : public QTextEdit {
+    Q_OBJECT
+
+public:
+    explicit PathView(QWidget* parent = nullptr);
+
+    void setPath(const std::filesystem::path& path);
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    /// The selected part of the path, without the marks that keep its parts in order.
+    QMimeData* createMimeDataFromSelection() const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// The places of those marks in what is shown.
+    QList<qsizetype> marks_;
+};

@@ -1,0 +1,130 @@
+#include "AmbrelRecoveryApp/Controls/PathView.h"
+
+#include "../Model/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "ScreensTestSupport.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+
+namespace {
+
+/// What the copy key copies of the whole path.
+QString copied(PathView& view) {
+    QApplication::clipboard()->clear();
+    view.selectAll();
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    return QApplication::clipboard()->text();
+}
+
+TEST(PathViewTests, isCopiedAsItIsInEveryScript) {
+    for (const char* const path : {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/",
+                                   "/home/\u2068strange\u2069/name"}) {
+        PathView view;
+        view.setPath(path);
+        EXPECT_EQ(copied(view), QString::fromUtf8(path));
+    }
+}
+
+TEST(PathViewTests, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
+    PathView view;
+    view.setPath("/home/سارة/صور");
+    EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068home\u2069/\u2068سارة\u2069/\u2068صور\u2069"));
+    EXPECT_EQ(view.document()->defaultTextOption().textDirection(), Qt::LeftToRight);
+}
+
+TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {
+    PathView view;
+    view.setPath("/ab/cd");
+    view.show();
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_End, Qt::ControlModifier);
+    for (int step = 0; step < 3; ++step) {
+        QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier);
+    }
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("cd"));
+}
+
+TEST(PathViewTests, cannotBeChanged) {
+    PathView view;
+    view.setPath("/ab/cd");
+    const QString before = view.toPlainText();
+    QTest::keyClicks(&view, QStringLiteral("x"));
+    QTest::keyClick(&view, Qt::Key_Delete);
+    QTest::keyClick(&view, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(view.toPlainText(), before);
+    EXPECT_FALSE(view.acceptDrops());
+}
+
+TEST(PathViewTests, isAsHighAsThePathNeeds) {
+    PathView view;
+    view.setPath("/short");
+    const int oneLine = view.heightForWidth(400);
+    view.setPath("/" + std::string(300, 'w'));
+    EXPECT_GT(view.heightForWidth(400), 3 * oneLine);
+    EXPECT_GT(view.heightForWidth(400), view.heightForWidth(800));
+}
+
+class CompletionPathTests : public RecoveryViewModelTestCase {
+protected:
+    ~CompletionPathTests() override { view.reset(); }
+
+    void complete() {
+        makeModel();
+        view = std::make_unique<RecoveryRootView>(*model);
+        view->resize(880, 660);
+        view->show();
+        view->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+        inspect(inspectionDocument());
+        setEngineThatPrints(exportDocument());
+        panels.answer = path("Ambrel Recovered");
+        model->chooseDestinationAndExport();
+        waitForPhase(Phase::complete);
+        QCoreApplication::processEvents();
+    }
+
+    PathView& pathView() const { return *view->findChild<PathView*>(); }
+
+    std::unique_ptr<RecoveryRootView> view;
+};
+
+TEST_F(CompletionPathTests, thePathIsHiddenUntilItIsNeeded) {
+    complete();
+    EXPECT_FALSE(pathView().isVisible());
+}
+
+TEST_F(CompletionPathTests, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
+    complete();
+    view->showPath(path("Ambrel Recovered"));
+    EXPECT_TRUE(pathView().isVisible());
+    EXPECT_TRUE(pathView().hasFocus());
+    EXPECT_TRUE(pathView().textCursor().hasSelection());
+    const QAccessibleInterface& accessible = *QAccessible::queryAccessibleInterface(&pathView());
+    EXPECT_EQ(accessible.text(QAccessible::Name), QStringLiteral("Folder"));
+    EXPECT_TRUE(accessible.state().readOnly);
+    EXPECT_EQ(copied(pathView()).toStdString(), path("Ambrel Recovered").native());
+    QTest::keyClick(&pathView(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Show in Finder"));
+}
+
+TEST_F(CompletionPathTests, thePathGoesWithTheRecoveryThatItBelongsTo) {
+    complete();
+    view->showPath(path("Ambrel Recovered"));
+    model->startAgain();
+    QCoreApplication::processEvents();
+    view->showPath(path("Ambrel Recovered"));
+    EXPECT_FALSE(pathView().isVisibleTo(view.get()));
+}
+
+TEST_F(CompletionPathTests, anAnswerForAnotherFolderIsNotShown) {
+    complete();
+    view->showPath(path("Another"));
+    EXPECT_FALSE(pathView().isVisible());
+}
+
+} // namespace

@@ -1,5 +1,10 @@
 set(platform_sources
+  Platform/BusAddress.cpp
+  Platform/BusConnection.cpp
   Platform/DesktopFileViewer.cpp
+  Platform/DesktopNotification.cpp
+  Platform/DesktopNotifications.cpp
+  Platform/DesktopSleepInhibitor.cpp
   Platform/FileNameText.cpp
   Platform/FilePanels.cpp
   Platform/FileURL.cpp
@@ -10,6 +15,7 @@ set(platform_sources
   Platform/ItemPanel.cpp
   Platform/MountedVolumes.cpp
   Platform/NewFolderPanel.cpp
+  Platform/OperationGuard.cpp
   Platform/PanelButton.cpp
   Platform/PanelNameField.cpp
   Platform/PanelPalette.cpp
@@ -18,4 +24,5 @@ set(platform_sources
   Platform/PanelTexts.cpp
   Platform/PathLabel.cpp
   Platform/PlacesModel.cpp
-  Platform/PlacesView.cpp)
+  Platform/PlacesView.cpp
+  Platform/SleepInhibition.cpp)

@@ -3,7 +3,10 @@
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
+#include "AmbrelRecoveryApp/Platform/DesktopNotifications.h"
+#include "AmbrelRecoveryApp/Platform/DesktopSleepInhibitor.h"
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
+#include "AmbrelRecoveryApp/Platform/OperationGuard.h"
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
@@ -51,6 +54,7 @@ void center(QWidget& window) {
 RecoveryApplicationDelegate::RecoveryApplicationDelegate() = default;
 
 RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
+    guard_.reset();
     // The view reads the model for as long as it lives.
     window_.reset();
 }
@@ -63,9 +67,20 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     fileViewer_ = std::make_unique<DesktopFileViewer>();
     model_ = std::make_unique<RecoveryViewModel>(
         engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<LocalCloudItems>()});
-    window_->layout()->addWidget(new RecoveryRootView(*model_));
+    auto* const view = new RecoveryRootView(*model_);
+    window_->layout()->addWidget(view);
+    QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
+    sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
+    notifications_ = std::make_unique<DesktopNotifications>();
+    guard_ = std::make_unique<OperationGuard>(*model_, window_.get(), *sleepInhibitor_, *notifications_);
     center(*window_);
     window_->show();
     window_->raise();
     window_->activateWindow();
+}
+
+void RecoveryApplicationDelegate::applicationWillTerminate() {
+    if (model_) {
+        model_->startAgain();
+    }
 }

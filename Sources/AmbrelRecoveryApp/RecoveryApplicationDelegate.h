@@ -4,8 +4,11 @@
 
 #include <memory>
 
-class RecoveryFileViewer;
+class DesktopFileViewer;
+class OperationGuard;
+class RecoveryNotifications;
 class RecoveryPanels;
+class RecoverySleepInhibitor;
 class RecoveryViewModel;
 
 /// Builds the application's one window on its one workflow. Main thread only.
@@ -21,6 +24,10 @@ public:
     /// Finds the engine and opens the window. A missing engine does not stop the start: the workflow tells of it.
     void applicationDidFinishLaunching();
 
+    /// Stops what is running and forgets every secret, where the process ends without a return from the event loop. A
+    /// running engine is asked to end, and is not waited for.
+    void applicationWillTerminate();
+
     /// Whether closing the one window ends the application: yes.
     bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
 
@@ -28,6 +35,9 @@ private:
     // In the order in which they need each other.
     std::unique_ptr<QWidget> window_;
     std::unique_ptr<RecoveryPanels> panels_;
-    std::unique_ptr<RecoveryFileViewer> fileViewer_;
+    std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;
+    std::unique_ptr<RecoverySleepInhibitor> sleepInhibitor_;
+    std::unique_ptr<RecoveryNotifications> notifications_;
+    std::unique_ptr<OperationGuard> guard_;
 };

@@ -15,6 +15,25 @@ namespace {
 /// How long the end of the process waits for an engine that was asked to end.
 constexpr std::chrono::seconds endOfProcessWait(5);
 
+/// The delegate while there is one.
+RecoveryApplicationDelegate* livingDelegate = nullptr;
+
+/// Waits for what still runs, at most for a bounded time.
+void finishBackgroundWork(int status) {
+    if (!BackgroundTask::waitForAll(endOfProcessWait)) {
+        // Threads that still wait for the engine would find the application gone.
+        std::_Exit(status);
+    }
+}
+
+/// The toolkit ends the process by itself when it loses the display, as it does at the end of some sessions.
+void endWithoutDisplay() {
+    if (livingDelegate != nullptr) {
+        livingDelegate->applicationWillTerminate();
+        finishBackgroundWork(EXIT_FAILURE);
+    }
+}
+
 int runApplication(int argumentCount, char** arguments) {
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));
@@ -23,12 +42,12 @@ int runApplication(int argumentCount, char** arguments) {
     {
         RecoveryApplicationDelegate delegate;
         delegate.applicationDidFinishLaunching();
+        livingDelegate = &delegate;
+        std::atexit(endWithoutDisplay);
         QApplication::exec();
+        livingDelegate = nullptr;
     }
-    if (!BackgroundTask::waitForAll(endOfProcessWait)) {
-        // Threads that still wait for the engine would find the application gone.
-        std::_Exit(EXIT_SUCCESS);
-    }
+    finishBackgroundWork(EXIT_SUCCESS);
     return EXIT_SUCCESS;
 }
 

@@ -137,6 +137,21 @@ class Application:
         item.grab_focus()
         wait_for(f"the keyboard in {item!r}", lambda: "focused" in item.states)
 
+    @property
+    def is_active(self):
+        """Whether the main window is the active one: only in that has anything the keyboard."""
+        return self._focused() is not None
+
+    def focus_window(self):
+        """Directs the keyboard to the main window, and waits until that is the active one."""
+        window_manager.give_keyboard(self._desktop.display, self._window_identifier())
+        wait_for("the main window to be active", lambda: self.is_active)
+
+    def take_keyboard_away(self):
+        """Directs the keyboard to no window, and waits until the main window is not active any more."""
+        window_manager.take_keyboard_away(self._desktop.display)
+        wait_for("the main window to be left", lambda: not self.is_active)
+
     def tab_to(self, name, role):
         """Presses the tab key in the main window until the control of this name and role has the keyboard."""
         window_manager.give_keyboard(self._desktop.display, self._window_identifier())

@@ -17,7 +17,7 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bu
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
   <type>session</type>
-  <listen>unix:path={directory}/session-bus</listen>
+  <listen>unix:path={directory}/{bus}</listen>
   <auth>EXTERNAL</auth>
   <servicedir>{directory}/services</servicedir>
   <policy context="default">
@@ -75,11 +75,11 @@ class Desktop:
         processes.end_all(processes.descendants(os.getpid()))
         shutil.rmtree(self._directory, ignore_errors=True)
 
-    def _write(self, name, text):
+    def _write(self, name, text, **values):
         path = os.path.join(self._directory, name)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "w", encoding="utf-8") as file:
-            file.write(text.format(directory=self._directory))
+            file.write(text.format(directory=self._directory, **values))
         return path
 
     def _start_announcing(self, arguments, descriptor_option, **options):
@@ -102,6 +102,7 @@ class Desktop:
             number = self._start_announcing(
                 ["Xvfb", "-displayfd", "DESCRIPTOR", "-screen", "0", _SCREEN, "-nolisten", "tcp", "-noreset"],
                 "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+        self._display = self._started[-1]
         self.environment = {
             "DISPLAY": f":{number}",
             "FONTCONFIG_FILE": self._write("fonts.conf", _FONTS),
@@ -114,16 +115,30 @@ class Desktop:
 
     def _start_session_bus(self):
         self._write("services/org.a11y.Bus.service", _ACCESSIBILITY_SERVICE)
-        configuration = self._write("bus.conf", _BUS_CONFIGURATION)
         runtime = os.path.join(self._directory, "runtime")
         os.mkdir(runtime, 0o700)
         self.environment["XDG_RUNTIME_DIR"] = runtime
+        # There is no system bus unless a test starts one; never the machine's own.
+        self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self._directory}/system-bus"
+        self._bus_address = self._start_bus("session-bus")
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._bus_address
+
+    def _start_bus(self, name):
         environment = dict(self.environment, HOME=self._directory, GSETTINGS_BACKEND="memory")
-        self._bus_address = self._start_announcing(
+        configuration = self._write(f"{name}.conf", _BUS_CONFIGURATION, bus=name)
+        return self._start_announcing(
             ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=DESCRIPTOR"],
             "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
             env=environment)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._bus_address
+
+    def start_system_bus(self):
+        """Starts the system bus at the address that the environment names, if it does not run yet."""
+        if not os.path.exists(os.path.join(self._directory, "system-bus")):
+            self._start_bus("system-bus")
+
+    def end_display(self):
+        """Ends the display as at the end of a session. Nothing can be looked at or pressed on this desktop any more."""
+        processes.stop(self._display)
 
     @property
     def display(self):

@@ -33,24 +33,38 @@ class Closing(RecoveryTestCase):
         self.engine.wait_for_run(1)
         self.assert_ends_well(application)
 
-    def test_during_an_export(self):
+    def exporting(self):
+        """(application, destination) while the engine exports."""
         self.engine.behave(export=waits())
         application = self.start()
         application.choose_package(self.empty_package())
         application.inspect("secret")
         application.wait_for_snapshots()
-        application.choose_destination(self.scratch / "Recovered")
+        destination = self.scratch / "Recovered"
+        application.choose_destination(destination)
         self.engine.wait_for_run(2)
+        return application, destination
+
+    def test_during_an_export(self):
+        application, destination = self.exporting()
         self.assert_ends_well(application)
-        self.assertFalse((self.scratch / "Recovered").exists())
+        self.assertFalse(destination.exists())
 
     def test_at_a_logout(self):
-        application = self.start()
-        application.choose_package(self.empty_package())
-        application.inspect("secret")
-        self.engine.wait_for_run(1)
+        for number, ending in enumerate((signal.SIGTERM, signal.SIGHUP, signal.SIGINT), start=1):
+            with self.subTest(ending.name):
+                application = self.start()
+                application.choose_package(self.empty_package(f"{number}.ambrel"))
+                application.inspect("secret")
+                self.engine.wait_for_run(number)
+                application.process.send_signal(ending)
+                self.assert_ended_well(application)
+
+    def test_during_an_export_at_a_logout(self):
+        application, destination = self.exporting()
         application.process.send_signal(signal.SIGTERM)
         self.assert_ended_well(application)
+        self.assertFalse(destination.exists())
 
     def test_right_after_a_cancellation(self):
         application = self.start()
@@ -69,6 +83,21 @@ class Closing(RecoveryTestCase):
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()
         self.assert_ends_well(application)
+
+
+class EndOfTheDisplay(RecoveryTestCase):
+    """A session that takes its display away without asking; the toolkit ends the process then."""
+
+    def test_during_an_inspection(self):
+        engine = self.scripted_engine(inspect=waits())
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        engine.wait_for_run(1)
+        self.desktop.end_display()
+        application.wait_for_end()
+        self.assertEqual(set(), processes.running(str(self.installation.engine)))
+        self.assertEqual([], self.temporary_files())
 
 
 if __name__ == "__main__":

@@ -7,6 +7,7 @@ import os
 _CLIENT_MESSAGE = 33
 _REVERT_TO_PARENT = 2
 _CURRENT_TIME = 0
+_NO_WINDOW = 0
 
 
 class _ClientMessage(ctypes.Structure):
@@ -61,3 +62,8 @@ def give_keyboard(display, window):
     """Directs the keyboard to a window, as a click into it does."""
     with _connection(display) as (x11, connection):
         x11.XSetInputFocus(connection, window, _REVERT_TO_PARENT, _CURRENT_TIME)
+
+
+def take_keyboard_away(display):
+    """Directs the keyboard to no window at all."""
+    give_keyboard(display, _NO_WINDOW)

@@ -12,7 +12,10 @@ namespace {
 struct Count {
     std::mutex mutex;
     std::condition_variable changed;
-    int running = 0;
+    int awaited = 0;
+    int abandoned = 0;
+
+    int& of(BackgroundTask::AtEnd atEnd) { return atEnd == BackgroundTask::AtEnd::awaited ? awaited : abandoned; }
 };
 
 /// Never destroyed: work that outlives the wait at the end of the process still counts itself down.
@@ -55,16 +58,17 @@ void BackgroundTask::postToMainThread(std::function<void()> function) {
 
 bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
     std::unique_lock lock(count().mutex);
-    return count().changed.wait_for(lock, limit, [] { return count().running == 0; });
+    const bool isOver = count().changed.wait_for(lock, limit, [] { return count().awaited == 0; });
+    return isOver && count().abandoned == 0;
 }
 
-BackgroundTask::Running::Running() {
+BackgroundTask::Running::Running(AtEnd atEnd) : atEnd_(atEnd) {
     const std::lock_guard lock(count().mutex);
-    ++count().running;
+    ++count().of(atEnd_);
 }
 
 BackgroundTask::Running::~Running() {
     const std::lock_guard lock(count().mutex);
-    --count().running;
+    --count().of(atEnd_);
     count().changed.notify_all();
 }

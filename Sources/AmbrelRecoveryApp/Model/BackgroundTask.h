@@ -17,16 +17,27 @@ namespace BackgroundTask {
 /// Any thread. Needs the application object.
 void postToMainThread(std::function<void()> function);
 
-/// Waits until no work runs any more, at most `limit`. True where that came to be. Any thread.
+/// What the end of the process does about work that still runs.
+enum class AtEnd {
+    /// It waits, since the work leaves something behind otherwise.
+    awaited,
+    /// It does not wait: the work only asks another program for something, which may never answer.
+    abandoned
+};
+
+/// Waits until no awaited work runs any more, at most `limit`. True where no work of either kind runs then. Any thread.
 bool waitForAll(std::chrono::milliseconds limit);
 
 /// Counts one running piece of work for waitForAll() while it lives.
 class Running {
 public:
-    Running();
+    explicit Running(AtEnd atEnd);
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
     ~Running();
+
+private:
+    const AtEnd atEnd_;
 };
 
 /// The outcome of `work()`, which is destroyed with everything it captured once it has returned or thrown.
@@ -49,8 +60,8 @@ std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
 /// Calls `work()` on a new thread and then `completion(std::future<Outcome>&)` on the main thread; the future is ready
 /// and holds what the work returned or threw. Main thread. Throws std::system_error where no thread can be had.
 template<typename Work, typename Completion>
-void run(Work work, Completion completion) {
-    auto running = std::make_unique<Running>();
+void run(Work work, Completion completion, AtEnd atEnd = AtEnd::awaited) {
+    auto running = std::make_unique<Running>(atEnd);
     std::thread([work = std::move(work), completion = std::move(completion), running = std::move(running)]() mutable {
         // Shared, because what is posted must be copyable.
         const auto outcome = std::make_shared<std::future<std::invoke_result_t<Work>>>(outcomeOf(std::move(work)));

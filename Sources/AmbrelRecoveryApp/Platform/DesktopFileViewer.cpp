@@ -75,7 +75,6 @@ void DesktopFileViewer::settle(const Attempt& attempt, bool isShown) {
     if (isShown) {
         return;
     }
-    if (!QDesktopServices::openUrl(QUrl::fromEncoded(FileURL::encoded(attempt.folder.parent_path())))) {
-        emit revealFailed(attempt.folder);
-    }
+    QDesktopServices::openUrl(QUrl::fromEncoded(FileURL::encoded(attempt.folder.parent_path())));
+    emit revealUnconfirmed(attempt.folder);
 }

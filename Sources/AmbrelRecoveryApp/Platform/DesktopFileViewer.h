@@ -21,8 +21,9 @@ public:
     void reveal(const std::filesystem::path& folder) override;
 
 signals:
-    /// Neither the file manager nor anything else on this desktop could show `folder`.
-    void revealFailed(const std::filesystem::path& folder);
+    /// No file manager has said that it shows `folder`. The folder that holds it was opened in its place where anything
+    /// on this desktop opens folders, of which nothing tells.
+    void revealUnconfirmed(const std::filesystem::path& folder);
 
 private:
     struct Attempt {

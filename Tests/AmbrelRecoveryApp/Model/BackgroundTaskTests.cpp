@@ -63,6 +63,18 @@ TEST(BackgroundTask, waitsForRunningWorkUpToALimit) {
     EXPECT_TRUE(completed);
 }
 
+TEST(BackgroundTask, doesNotWaitForAbandonedWorkButTellsOfIt) {
+    constexpr std::chrono::hours tooLongForATest(1);
+    std::promise<void> gate;
+    bool completed = false;
+    BackgroundTask::run([opened = gate.get_future().share()] { opened.wait(); },
+                        [&completed](std::future<void>&) { completed = true; }, BackgroundTask::AtEnd::abandoned);
+    EXPECT_FALSE(BackgroundTask::waitForAll(tooLongForATest));
+    gate.set_value();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return completed; }, generousMilliseconds));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return BackgroundTask::waitForAll(tooLongForATest); }, generousMilliseconds));
+}
+
 TEST(BackgroundTask, keepsTheOrderOfWhatOneThreadPosts) {
     std::vector<int> order;
     BackgroundTask::run(

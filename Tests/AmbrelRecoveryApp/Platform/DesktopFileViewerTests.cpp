@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "FakeFileManager.h"
+#include "SilentSocket.h"
 
 #include <QDBusConnection>
 #include <QDesktopServices>
@@ -18,10 +19,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
 
@@ -46,28 +43,6 @@ public slots:
 };
 
 namespace {
-
-/// A socket that takes connections and never says a word.
-class SilentSocket {
-public:
-    explicit SilentSocket(const QString& path) : descriptor_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        path.toUtf8().toStdString().copy(address.sun_path, sizeof address.sun_path - 1);
-        const void* const pointer = &address;
-        isListening_ = ::bind(descriptor_, static_cast<const sockaddr*>(pointer), sizeof address) == 0 &&
-                       ::listen(descriptor_, 5) == 0;
-    }
-    SilentSocket(const SilentSocket&) = delete;
-    SilentSocket& operator=(const SilentSocket&) = delete;
-    ~SilentSocket() { ::close(descriptor_); }
-
-    bool isListening() const { return isListening_; }
-
-private:
-    int descriptor_;
-    bool isListening_ = false;
-};
 
 /// A session bus at one and the same address in all tests: the program reads its address only once.
 class DesktopFileViewerTest : public testing::Test {
@@ -197,13 +172,21 @@ TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
-TEST_F(DesktopFileViewerTest, tellsWhenNothingCouldShowTheFolder) {
-    std::vector<std::filesystem::path> failed;
-    QObject::connect(&viewer, &DesktopFileViewer::revealFailed,
-                     [&](const std::filesystem::path& item) { failed.push_back(item); });
+TEST_F(DesktopFileViewerTest, tellsWhenNoFileManagerSaysThatItShowsTheItem) {
+    startBus();
+    FakeFileManager manager;
+    startManager(manager);
+    const FolderOpener opener;
+    std::vector<std::filesystem::path> unconfirmed;
+    QObject::connect(&viewer, &DesktopFileViewer::revealUnconfirmed,
+                     [&](const std::filesystem::path& item) { unconfirmed.push_back(item); });
     viewer.reveal("/home/someone/x");
-    waitUntil([&] { return !failed.empty(); });
-    EXPECT_EQ(failed, std::vector<std::filesystem::path>{"/home/someone/x"});
+    waitUntil([&] { return !manager.shown.isEmpty(); });
+    QDBusConnection::disconnectFromBus("file manager");
+    viewer.reveal("/home/someone/y");
+    waitUntil([&] { return !unconfirmed.empty(); });
+    EXPECT_EQ(unconfirmed, std::vector<std::filesystem::path>{"/home/someone/y"});
+    EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
 TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// Keeps the machine awake. Main thread.
+class RecoverySleepInhibitor {
+public:
+    RecoverySleepInhibitor() = default;
+    RecoverySleepInhibitor(const RecoverySleepInhibitor&) = delete;
+    RecoverySleepInhibitor& operator=(const RecoverySleepInhibitor&) = delete;
+    virtual ~RecoverySleepInhibitor() = default;
+
+    /// Keeps the machine from falling asleep until end(), as far as the desktop lets it. The desktop may show `reason`
+    /// to the user. Does nothing where it has begun already.
+    virtual void begin(const QString& reason) = 0;
+
+    /// Lets the machine sleep again. Does nothing where nothing has begun.
+    virtual void end() = 0;
+};

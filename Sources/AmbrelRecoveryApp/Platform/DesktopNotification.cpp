@@ -1,0 +1,114 @@
+#include "AmbrelRecoveryApp/Platform/DesktopNotification.h"
+
+#include "AmbrelRecoveryApp/Platform/BusAddress.h"
+#include "AmbrelRecoveryApp/Platform/BusConnection.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingReply>
+
+#include <utility>
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.Notifications");
+const QString object = QStringLiteral("/org/freedesktop/Notifications");
+const QString applicationName = QStringLiteral("Ambrel Recovery");
+/// The action of a click on the notification itself.
+const QString defaultAction = QStringLiteral("default");
+
+QString withoutMarkup(QString text) {
+    return text.replace(QLatin1Char('&'), QLatin1String("&amp;"))
+        .replace(QLatin1Char('<'), QLatin1String("&lt;"))
+        .replace(QLatin1Char('>'), QLatin1String("&gt;"));
+}
+
+} // namespace
+
+DesktopNotification::DesktopNotification(QString text, std::chrono::milliseconds limit, QObject* parent)
+    : QObject(parent), text_(std::move(text)), limit_(limit) {
+    BusConnection::open(BusAddress::ofSessionBus(), limit_, this, [this](std::shared_ptr<BusConnection> bus) {
+        bus_ = std::move(bus);
+        if (bus_ && !isWithdrawn_) {
+            askForCapabilities();
+        }
+    });
+}
+
+DesktopNotification::~DesktopNotification() = default;
+
+void DesktopNotification::withdraw() {
+    if (std::exchange(isWithdrawn_, true) || isUnanswered_) {
+        return;
+    }
+    if (!identifier_) {
+        end();
+        return;
+    }
+    // The connection lasts until the service has answered, so that the request is not lost.
+    call(QStringLiteral("CloseNotification"), {*identifier_}, [this](const QDBusPendingCall&) { end(); });
+}
+
+void DesktopNotification::askForCapabilities() {
+    isUnanswered_ = true;
+    bus_->listen(service, object, service, QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
+    bus_->listen(service, object, service, QStringLiteral("NotificationClosed"), this, SLOT(noteClosing(uint, uint)));
+    call(QStringLiteral("GetCapabilities"), {}, [this](const QDBusPendingCall& answer) {
+        const QDBusPendingReply<QStringList> capabilities = answer;
+        isUnanswered_ = false;
+        if (isWithdrawn_ || capabilities.isError()) {
+            end();
+        } else {
+            notify(capabilities.value().contains(QStringLiteral("body-markup")));
+        }
+    });
+}
+
+void DesktopNotification::notify(bool understandsMarkup) {
+    constexpr uint replacingNone = 0;
+    constexpr int theServicesOwnTime = -1;
+    isUnanswered_ = true;
+    call(QStringLiteral("Notify"),
+         {applicationName, replacingNone, QString(), applicationName, understandsMarkup ? withoutMarkup(text_) : text_,
+          QStringList{defaultAction, applicationName}, QVariantMap(), theServicesOwnTime},
+         [this](const QDBusPendingCall& answer) { takeIdentifier(answer); });
+}
+
+void DesktopNotification::takeIdentifier(const QDBusPendingCall& answer) {
+    const QDBusPendingReply<uint> identifier = answer;
+    isUnanswered_ = false;
+    if (identifier.isError()) {
+        end();
+        return;
+    }
+    identifier_ = identifier.value();
+    if (std::exchange(isWithdrawn_, false)) {
+        withdraw();
+    }
+}
+
+void DesktopNotification::call(const QString& method, const QVariantList& arguments,
+                               std::function<void(const QDBusPendingCall&)> answered) {
+    QDBusMessage message = QDBusMessage::createMethodCall(service, object, service, method);
+    message.setArguments(arguments);
+    bus_->call(message, limit_, this, std::move(answered));
+}
+
+void DesktopNotification::noteAction(uint identifier, const QString& action) {
+    if (identifier == identifier_ && action == defaultAction) {
+        emit activated();
+    }
+}
+
+void DesktopNotification::noteClosing(uint identifier, uint /*reason*/) {
+    if (identifier == identifier_) {
+        end();
+    }
+}
+
+void DesktopNotification::end() {
+    identifier_.reset();
+    bus_.reset();
+    if (isWithdrawn_) {
+        deleteLater();
+    }
+}

@@ -1,0 +1,71 @@
+"""A service on a message bus, as far as the application speaks to it: it notes every call, and a test may answer."""
+
+import threading
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402
+
+from waiting import wait_for  # noqa: E402
+
+_BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
+
+
+class BusService:
+    """Owns `name` on the bus at an address, with one object, until it is closed.
+
+    `calls` are (method, arguments) in the order of their arrival, `callers` the connections that made them. `answer`
+    is called for each on a thread of the service's own.
+    """
+
+    def __init__(self, bus_address, name, path, interface):
+        self.calls = []
+        self.callers = []
+        self._name = name
+        self._path = path
+        self._interface = interface
+        self._bus = None
+        self._context = GLib.MainContext()
+        self._loop = GLib.MainLoop(self._context)
+        self._ready = threading.Event()
+        self._address = bus_address
+        self._thread = threading.Thread(target=self._serve, name=name, daemon=True)
+        self._thread.start()
+        if not self._ready.wait(20):
+            raise RuntimeError(f"{name} could not be taken on the bus")
+
+    def wait_for_call(self, method=None):
+        """The first call, of a method where one is named, since `calls` was cleared, as (method, arguments)."""
+        return wait_for(f"a call of {method or self._name}",
+                        lambda: next((call for call in self.calls if method in (None, call[0])), None))
+
+    def is_connected(self, caller):
+        """Whether a connection that made a call is still there."""
+        return self._bus.call_sync(*_BUS, "NameHasOwner", GLib.Variant("(s)", (caller,)), None,
+                                   Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
+
+    def close(self):
+        self._loop.quit()
+        self._thread.join(10)
+
+    def answer(self, method, invocation):
+        """Answers a call; in the simplest case with nothing."""
+        invocation.return_value(None)
+
+    def _serve(self):
+        self._context.push_thread_default()
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        self._bus = Gio.DBusConnection.new_for_address_sync(self._address, flags, None, None)
+        interface = Gio.DBusNodeInfo.new_for_xml(f"<node>{self._interface}</node>").interfaces[0]
+        self._bus.register_object(self._path, interface, self._called, None, None)
+        self._bus.call_sync(*_BUS, "RequestName", GLib.Variant("(su)", (self._name, 0)), None,
+                            Gio.DBusCallFlags.NONE, -1, None)
+        self._ready.set()
+        self._loop.run()
+        self._bus.close_sync(None)
+
+    def _called(self, _bus, sender, _path, _interface, method, arguments, invocation):
+        self.callers.append(sender)
+        self.calls.append((method, arguments.unpack()))
+        self.answer(method, invocation)

@@ -32,7 +32,7 @@ constexpr std::array languages = {
         u"No se puede abrir esta carpeta", u"Cargando…",
         u"Cortar", u"Copiar", u"Pegar", u"Seleccionar todo"}},
     Language{u"pt-BR", {
-        u"Locais", u"Pasta pessoal", u"Área de trabalho", u"Documentos", u"Transferências", u"Música", u"Imagens",
+        u"Locais", u"Pasta pessoal", u"Área de trabalho", u"Documentos", u"Downloads", u"Música", u"Imagens",
         u"Vídeos", u"Computador",
         u"Pasta superior", u"Data de modificação", u"Criar",
         u"Já existe um item com este nome.", u"Não foi possível criar a pasta.",
@@ -108,8 +108,8 @@ constexpr std::array languages = {
         u"剪切", u"拷贝", u"粘贴", u"全选"}},
     Language{u"zh-Hant", {
         u"位置", u"個人檔案夾", u"桌面", u"文件", u"下載項目", u"音樂", u"圖片", u"影片", u"電腦",
-        u"上層檔案夾", u"修改日期", u"製作",
-        u"已有同名的項目。", u"無法製作檔案夾。",
+        u"上層檔案夾", u"修改日期", u"建立",
+        u"已有同名的項目。", u"無法建立檔案夾。",
         u"無法打開此檔案夾", u"正在載入…",
         u"剪下", u"拷貝", u"貼上", u"全選"}},
 };

@@ -6,6 +6,7 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
 #include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <utility>
 
@@ -33,6 +34,8 @@ AmbrelRecoveryProcessResult RecoveryEngineRun::run(AmbrelRecoveryProcessRunner& 
                                                    const std::vector<std::string>& arguments,
                                                    const AmbrelRecoveryCredentialSession& session,
                                                    AmbrelRecoveryAppFactor factor, const std::stop_token& stopToken) {
+    // The stack of a thread that ends is kept for the next one.
+    const SecretStackWiper wiper;
     if (stopToken.stop_requested()) {
         throw CancellationError();
     }

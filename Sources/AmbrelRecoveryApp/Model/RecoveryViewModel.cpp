@@ -6,6 +6,7 @@
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <QPointer>
 
@@ -117,6 +118,7 @@ void RecoveryViewModel::inspectBackup() {
     if (!runner_ || !canInspect()) {
         return;
     }
+    const SecretStackWiper wiper;
     SecretBytes credential = credential_.utf8();
     publish(credential_, SecretText());
     dropCredentialSession();

@@ -98,6 +98,15 @@ constexpr std::array showInFinderRows = {
 };
 constexpr Table showInFinderTable = {u"Show in Finder", showInFinderRows};
 
+constexpr std::array capsLockRows = {
+    Row{u"es", u"Bloq Mayús activado"},   Row{u"pt", u"Caps Lock ativado"},    Row{u"de", u"Feststelltaste ist aktiv"},
+    Row{u"fr", u"Verr. Maj. activé"},     Row{u"it", u"Bloc Maiusc attivo"},   Row{u"ja", u"Caps Lockがオンです"},
+    Row{u"ko", u"Caps Lock이 켜져 있음"}, Row{u"ru", u"Включён Caps Lock"},    Row{u"pl", u"Caps Lock jest włączony"},
+    Row{u"tr", u"Caps Lock açık"},        Row{u"ar", u"مفتاح Caps Lock مفعّل"}, Row{u"zh-Hans", u"大写锁定已打开"},
+    Row{u"zh-Hant", u"大寫鎖定已開啟"},
+};
+constexpr Table capsLockTable = {u"Caps Lock is on", capsLockRows};
+
 QString text(const Table& table, const icu::Locale& locale) {
     const QString identifier = RecoveryAppCopy::languageIdentifier(locale);
     const auto row = std::ranges::find(table.rows, identifier, &Row::language);
@@ -140,4 +149,8 @@ QString RecoveryAppCopy::providerPreparation(const icu::Locale& locale) {
 
 QString RecoveryAppCopy::showInFinder(const icu::Locale& locale) {
     return text(showInFinderTable, locale);
+}
+
+QString RecoveryAppCopy::capsLock(const icu::Locale& locale) {
+    return text(capsLockTable, locale);
 }

@@ -30,4 +30,7 @@ QString providerPreparation(const icu::Locale& locale);
 /// The button that reveals the recovered folder.
 QString showInFinder(const icu::Locale& locale);
 
+/// Stands in the field for the secret while Caps Lock is on.
+QString capsLock(const icu::Locale& locale);
+
 } // namespace RecoveryAppCopy

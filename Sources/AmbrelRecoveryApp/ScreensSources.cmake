@@ -6,6 +6,8 @@ set(screens_sources
   Controls/Announcer.cpp
   Controls/Card.cpp
   Controls/CenteredText.cpp
+  Controls/CapsLock_linux.cpp
+  Controls/ClipboardSecret.cpp
   Controls/CopperGlow.cpp
   Controls/FocusRing.cpp
   Controls/IconButton.cpp

@@ -1,12 +1,17 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 
+#include "AmbrelRecoveryApp/Controls/CapsLock.h"
+#include "AmbrelRecoveryApp/Controls/ClipboardSecret.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -18,6 +23,7 @@ namespace {
 
 constexpr int fieldHeight = 42;
 constexpr int fontSize = 15;
+constexpr int hintFontSize = 12;
 constexpr qreal maskTracking = 3.6;
 constexpr int horizontalPadding = 14;
 /// What a line edit keeps free by itself.
@@ -54,32 +60,6 @@ int characterCount(QStringView units) {
     return count;
 }
 
-bool isLineBreak(QChar character) {
-    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
-           character == QChar::ParagraphSeparator;
-}
-
-/// The text without the line breaks around it and with a space for each one in it: a copied line brings its end along,
-/// and a copied list of words has one word a line.
-SecretBytes onOneLine(QStringView text) {
-    while (!text.isEmpty() && isLineBreak(text.back())) {
-        text.chop(1);
-    }
-    while (!text.isEmpty() && isLineBreak(text.front())) {
-        text = text.sliced(1);
-    }
-    SecretBytes line(static_cast<std::size_t>(text.size()) * sizeof(char16_t));
-    qsizetype length = 0;
-    for (qsizetype index = 0; index < text.size(); ++index) {
-        const bool isFirstOfTwo = text[index] == u'\r' && text[index + 1] == u'\n';
-        if (!isFirstOfTwo) {
-            const QChar character = isLineBreak(text[index]) ? QChar(u' ') : text[index];
-            copyUnits(line, length++, QStringView(&character, 1));
-        }
-    }
-    return SecretBytes::copyOf(std::as_const(line).bytes().first(static_cast<std::size_t>(length) * sizeof(char16_t)));
-}
-
 /// Whether the event types a text, by the rules of Qt's own text controls.
 bool isTyping(const QKeyEvent& event) {
     const QString text = event.text();
@@ -104,7 +84,7 @@ bool wouldTakeSecretOut(const QKeyEvent& event) {
 
 } // namespace
 
-SecureField::SecureField(QWidget* parent) : QLineEdit(parent) {
+SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new QLabel(this)) {
     setEchoMode(QLineEdit::Password);
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setMaxLength(std::numeric_limits<int>::max());
@@ -123,6 +103,16 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent) {
     colors.setColor(QPalette::Highlight, RecoveryPalette::copper());
     colors.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
     setPalette(colors);
+    capsLockHint_->setFont(recoveryFont(hintFontSize, QFont::DemiBold));
+    capsLockHint_->setTextFormat(Qt::PlainText);
+    capsLockHint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    colors.setColor(QPalette::WindowText, RecoveryPalette::copper());
+    capsLockHint_->setPalette(colors);
+    capsLockHint_->hide();
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(horizontalPadding, 0, horizontalPadding, 0);
+    layout->addStretch();
+    layout->addWidget(capsLockHint_);
     connect(this, &QLineEdit::textChanged, this, &SecureField::followMask);
     connect(this, &QLineEdit::textChanged, this, &SecureField::spaceMask);
 }
@@ -130,6 +120,27 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent) {
 void SecureField::setPrompt(const QString& prompt) {
     setPlaceholderText(prompt);
     setAccessibleName(prompt);
+}
+
+void SecureField::setCapsLockHint(const QString& hint) {
+    capsLockHint_->setText(hint);
+    tellCapsLock(!capsLockHint_->isHidden());
+}
+
+/// Beside the mask for the eye; as the field's description, which is read out when it changes, for the ear.
+void SecureField::tellCapsLock(bool isOn) {
+    capsLockHint_->setVisible(isOn);
+    const int space = isOn ? capsLockHint_->sizeHint().width() + horizontalPadding : 0;
+    const bool isMirrored = isRightToLeft();
+    setTextMargins(isMirrored ? space : 0, 0, isMirrored ? 0 : space, 0);
+    setAccessibleDescription(isOn ? capsLockHint_->text() : QString());
+}
+
+void SecureField::followCapsLock(const QKeyEvent& event) {
+    const std::optional<bool> isOn = CapsLock::after(event);
+    if (isOn && *isOn == capsLockHint_->isHidden()) {
+        tellCapsLock(*isOn);
+    }
 }
 
 QStringView SecureField::secret() const {
@@ -167,15 +178,15 @@ void SecureField::type(QStringView text) {
 }
 
 void SecureField::pasteFrom(QClipboard::Mode mode) {
-    QString text = QGuiApplication::clipboard()->text(mode);
-    const SecretBytes line = onOneLine(text);
-    text.fill(QChar());
+    const SecretBytes line = ClipboardSecret::line(mode);
     if (!line.empty()) {
         type(unitsIn(line));
     }
 }
 
 void SecureField::keyPressEvent(QKeyEvent* event) {
+    const SecretStackWiper wiper;
+    followCapsLock(*event);
     if (event->matches(QKeySequence::Paste)) {
         const bool isOfSelection = event->key() == Qt::Key_Insert && event->modifiers().testFlag(Qt::ControlModifier);
         pasteFrom(isOfSelection ? QClipboard::Selection : QClipboard::Clipboard);
@@ -188,7 +199,19 @@ void SecureField::keyPressEvent(QKeyEvent* event) {
     event->accept();
 }
 
+void SecureField::keyReleaseEvent(QKeyEvent* event) {
+    followCapsLock(*event);
+    QLineEdit::keyReleaseEvent(event);
+}
+
+void SecureField::focusOutEvent(QFocusEvent* event) {
+    // Meanwhile nobody tells of the key.
+    tellCapsLock(false);
+    QLineEdit::focusOutEvent(event);
+}
+
 void SecureField::inputMethodEvent(QInputMethodEvent* event) {
+    const SecretStackWiper wiper;
     const int start = cursorPosition() + event->replacementStart();
     if (event->replacementLength() > 0 && start >= 0) {
         setSelection(start, event->replacementLength());
@@ -202,6 +225,7 @@ void SecureField::inputMethodEvent(QInputMethodEvent* event) {
 
 void SecureField::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection()) {
+        const SecretStackWiper wiper;
         deselect();
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
         pasteFrom(QClipboard::Selection);

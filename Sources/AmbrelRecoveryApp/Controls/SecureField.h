@@ -5,10 +5,12 @@
 #include <QClipboard>
 #include <QLineEdit>
 
+class QLabel;
+
 /// A field for a secret. What is typed is held in memory that is wiped; the line edit under it only ever holds a mask
 /// of as many bullets, so that the secret is in none of its buffers, undo histories or messages to assistive
-/// technology. It can be pasted into, but neither copied nor cut nor dragged from, and input methods are told not to
-/// learn from it.
+/// technology. It can be pasted into, also with the middle button, but neither copied nor cut nor dragged from, and
+/// input methods are told not to learn from it. It tells when Caps Lock is on, once a key was used in it.
 class SecureField final : public QLineEdit {
     Q_OBJECT
 
@@ -17,6 +19,9 @@ public:
 
     /// The text shown while the field is empty, which is the accessible name too.
     void setPrompt(const QString& prompt);
+
+    /// The text shown in the field while Caps Lock is on, which is its accessible description meanwhile.
+    void setCapsLockHint(const QString& hint);
 
     /// The secret. Valid until it changes.
     QStringView secret() const;
@@ -32,8 +37,10 @@ signals:
     void secretEdited();
 
 protected:
+    void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -43,6 +50,8 @@ private:
     using QLineEdit::paste;
     using QLineEdit::setText;
 
+    void tellCapsLock(bool isOn);
+    void followCapsLock(const QKeyEvent& event);
     void type(QStringView text);
     void pasteFrom(QClipboard::Mode mode);
     void showMask();
@@ -51,6 +60,7 @@ private:
     qsizetype unitOffset(int character) const;
     void replaceUnits(qsizetype start, qsizetype end, QStringView text);
 
+    QLabel* const capsLockHint_;
     /// UTF-16.
     SecretBytes units_;
     /// While the mask follows the secret and not the other way round.

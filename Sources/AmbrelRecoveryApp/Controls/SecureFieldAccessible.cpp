@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
 
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <algorithm>
 
@@ -111,6 +112,7 @@ void SecureFieldAccessible::insertText(int offset, const QString& text) {
 }
 
 void SecureFieldAccessible::replaceText(int start, int end, const QString& text) {
+    const SecretStackWiper wiper;
     if (!field().isEnabled()) {
         return;
     }

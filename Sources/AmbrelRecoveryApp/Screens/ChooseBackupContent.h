@@ -38,6 +38,8 @@ struct ChooseBackupContent {
         QStringList factorLabels;
         int chosenFactor = 0;
         QString prompt;
+        /// Shown while Caps Lock is on.
+        QString capsLockHint;
 
         bool operator==(const Credential&) const = default;
     };

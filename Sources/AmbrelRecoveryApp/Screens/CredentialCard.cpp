@@ -37,4 +37,5 @@ void CredentialCard::apply(const ChooseBackupContent::Credential& content) {
     picker_->setAccessibleName(content.kindLabel);
     picker_->apply(content.factorLabels, content.chosenFactor);
     field_->setPrompt(content.prompt);
+    field_->setCapsLockHint(content.capsLockHint);
 }

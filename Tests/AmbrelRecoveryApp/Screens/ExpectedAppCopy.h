@@ -13,6 +13,7 @@ struct ExpectedAppCopy {
     QStringView providerPreparationTitle;
     QStringView providerPreparation;
     QStringView showInFinder;
+    QStringView capsLock;
 };
 
 inline constexpr std::array expectedAppCopy = {
@@ -25,6 +26,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"If the backup is in iCloud Drive, Files may need time to download it. Keep this Mac "
                                u"online; cancelling does not change the backup.",
         .showInFinder = u"Show in Finder",
+        .capsLock = u"Caps Lock is on",
     },
     ExpectedAppCopy{
         .locale = "es",
@@ -35,6 +37,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Si la copia está en iCloud Drive, Archivos puede necesitar tiempo para descargarla. "
                                u"Mantén el Mac conectado a internet; puedes cancelar sin modificar la copia.",
         .showInFinder = u"Mostrar en Finder",
+        .capsLock = u"Bloq Mayús activado",
     },
     ExpectedAppCopy{
         .locale = "pt",
@@ -45,6 +48,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Se o backup estiver no iCloud Drive, o app Arquivos pode precisar de tempo para "
                                u"baixá-lo. Mantenha o Mac conectado; você pode cancelar sem alterar o backup.",
         .showInFinder = u"Mostrar no Finder",
+        .capsLock = u"Caps Lock ativado",
     },
     ExpectedAppCopy{
         .locale = "de",
@@ -55,6 +59,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Liegt das Backup in iCloud Drive, benötigt „Dateien“ möglicherweise Zeit zum Laden. "
                                u"Lass den Mac online; ein Abbruch verändert das Backup nicht.",
         .showInFinder = u"Im Finder anzeigen",
+        .capsLock = u"Feststelltaste ist aktiv",
     },
     ExpectedAppCopy{
         .locale = "fr",
@@ -65,6 +70,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Si la sauvegarde est dans iCloud Drive, Fichiers peut avoir besoin de temps pour la "
                                u"télécharger. Gardez le Mac en ligne ; l’annulation ne modifie pas la sauvegarde.",
         .showInFinder = u"Afficher dans le Finder",
+        .capsLock = u"Verr. Maj. activé",
     },
     ExpectedAppCopy{
         .locale = "it",
@@ -75,6 +81,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Se il backup è su iCloud Drive, File potrebbe impiegare del tempo per scaricarlo. "
                                u"Mantieni il Mac online; l’annullamento non modifica il backup.",
         .showInFinder = u"Mostra nel Finder",
+        .capsLock = u"Bloc Maiusc attivo",
     },
     ExpectedAppCopy{
         .locale = "ja",
@@ -86,6 +93,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"Driveにある場合、「ファイル」によるダウンロードに時間がかかることがあります。Macをオン"
                                u"ラインにしてください。キャンセルしてもバックアップは変更されません。",
         .showInFinder = u"Finderで表示",
+        .capsLock = u"Caps Lockがオンです",
     },
     ExpectedAppCopy{
         .locale = "ko",
@@ -96,6 +104,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"백업이 iCloud Drive에 있으면 파일 앱에서 다운로드하는 데 시간이 걸릴 수 있습니다. "
                                u"Mac을 온라인 상태로 유지하십시오. 취소해도 백업은 변경되지 않습니다.",
         .showInFinder = u"Finder에서 보기",
+        .capsLock = u"Caps Lock이 켜져 있음",
     },
     ExpectedAppCopy{
         .locale = "ru",
@@ -106,6 +115,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Если копия находится в iCloud Drive, приложению «Файлы» может понадобиться время, "
                                u"чтобы скачать её. Не отключайте Mac от интернета; отмена не изменит резервную копию.",
         .showInFinder = u"Показать в Finder",
+        .capsLock = u"Включён Caps Lock",
     },
     ExpectedAppCopy{
         .locale = "pl",
@@ -116,6 +126,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Jeśli backup jest w iCloud Drive, aplikacja Pliki może potrzebować czasu na jego "
                                u"pobranie. Pozostaw Maca online; anulowanie nie zmieni backupu.",
         .showInFinder = u"Pokaż w Finderze",
+        .capsLock = u"Caps Lock jest włączony",
     },
     ExpectedAppCopy{
         .locale = "tr",
@@ -126,6 +137,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"Yedekleme iCloud Drive’daysa Dosyalar’ın indirmesi zaman alabilir. Mac’i internete "
                                u"bağlı tutun; iptal etmek yedeklemeyi değiştirmez.",
         .showInFinder = u"Finder’da Göster",
+        .capsLock = u"Caps Lock açık",
     },
     ExpectedAppCopy{
         .locale = "ar",
@@ -136,6 +148,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation = u"إذا كانت النسخة الاحتياطية في iCloud Drive، فقد يحتاج تطبيق «الملفات» إلى وقت "
                                u"لتنزيلها. أبقِ Mac متصلاً بالإنترنت؛ لا يؤدي الإلغاء إلى تغيير النسخة.",
         .showInFinder = u"إظهار في Finder",
+        .capsLock = u"مفتاح Caps Lock مفعّل",
     },
     ExpectedAppCopy{
         .locale = "zh-Hans",
@@ -146,6 +159,7 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation =
             u"如果备份位于 iCloud Drive，“文件”可能需要一些时间下载。请让 Mac 保持联网；取消不会更改备份。",
         .showInFinder = u"在 Finder 中显示",
+        .capsLock = u"大写锁定已打开",
     },
     ExpectedAppCopy{
         .locale = "zh-Hant",
@@ -156,5 +170,6 @@ inline constexpr std::array expectedAppCopy = {
         .providerPreparation =
             u"如果備份位於 iCloud Drive，「檔案」可能需要一些時間下載。請讓 Mac 保持連線；取消不會更改備份。",
         .showInFinder = u"在 Finder 中顯示",
+        .capsLock = u"大寫鎖定已開啟",
     },
 };

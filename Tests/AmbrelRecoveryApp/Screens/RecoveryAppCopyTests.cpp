@@ -21,6 +21,7 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::providerPreparationTitle(language), expected.providerPreparationTitle.toString());
         EXPECT_EQ(RecoveryAppCopy::providerPreparation(language), expected.providerPreparation.toString());
         EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
+        EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
     }
 }
 

@@ -5,11 +5,16 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
+
+/// The lock among the modifiers of X11 and Wayland.
+constexpr quint32 lockModifier = 2;
 
 class SecureFieldTests : public testing::Test {
 protected:
@@ -31,6 +36,11 @@ protected:
     void paste(const QString& text) {
         QGuiApplication::clipboard()->setText(text);
         press(Qt::Key_V, Qt::ControlModifier);
+    }
+    /// As the window system delivers it.
+    void pressWithNativeModifiers(Qt::Key key, const QString& text, quint32 modifiers) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, 0, 0, modifiers, text);
+        QApplication::sendEvent(&field, &press);
     }
     QAccessibleInterface& accessible() { return *QAccessible::queryAccessibleInterface(&field); }
 
@@ -98,6 +108,49 @@ TEST_F(SecureFieldTests, cannotBeCopiedOrCutFrom) {
     EXPECT_EQ(secret(), QStringLiteral("secret"));
     EXPECT_EQ(field.contextMenuPolicy(), Qt::NoContextMenu);
     EXPECT_FALSE(field.dragEnabled());
+}
+
+TEST_F(SecureFieldTests, cannotBeDraggedIntoOrSelectedForOthers) {
+    EXPECT_FALSE(field.acceptDrops());
+    type(QStringLiteral("secret"));
+    field.selectAll();
+    EXPECT_EQ(field.selectedText(), QString(6, QChar(0x2022)));
+}
+
+TEST_F(SecureFieldTests, tellsThatCapsLockIsOnOnceAKeyTellsIt) {
+    field.setCapsLockHint(QStringLiteral("Caps Lock is on"));
+    const auto* const hint = field.findChild<QLabel*>();
+    ASSERT_NE(hint, nullptr);
+    pressWithNativeModifiers(Qt::Key_A, QStringLiteral("a"), 0);
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_EQ(accessible().text(QAccessible::Description), QString());
+    pressWithNativeModifiers(Qt::Key_A, QStringLiteral("A"), lockModifier);
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(hint->text(), QStringLiteral("Caps Lock is on"));
+    EXPECT_EQ(accessible().text(QAccessible::Description), QStringLiteral("Caps Lock is on"));
+    EXPECT_TRUE(field.rect().contains(hint->geometry()));
+    pressWithNativeModifiers(Qt::Key_A, QStringLiteral("a"), 0);
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_EQ(secret(), QStringLiteral("aAa"));
+}
+
+TEST_F(SecureFieldTests, followsTheCapsLockKeyItself) {
+    const auto* const hint = field.findChild<QLabel*>();
+    ASSERT_NE(hint, nullptr);
+    // An event has the state before it.
+    pressWithNativeModifiers(Qt::Key_CapsLock, QString(), 0);
+    EXPECT_TRUE(hint->isVisible());
+    pressWithNativeModifiers(Qt::Key_CapsLock, QString(), lockModifier);
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_EQ(secret(), QString());
+}
+
+TEST_F(SecureFieldTests, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
+    const auto* const hint = field.findChild<QLabel*>();
+    ASSERT_NE(hint, nullptr);
+    pressWithNativeModifiers(Qt::Key_CapsLock, QString(), 0);
+    field.clearFocus();
+    EXPECT_FALSE(hint->isVisible());
 }
 
 TEST_F(SecureFieldTests, cannotBeUndone) {

@@ -130,6 +130,10 @@ class Accessible:
         return self._property(_ACCESSIBLE, "Name")
 
     @property
+    def description(self):
+        return self._property(_ACCESSIBLE, "Description")
+
+    @property
     def role(self):
         return Atspi.role_get_name(Atspi.Role(self._call(_ACCESSIBLE, "GetRole")[0]))
 

@@ -34,34 +34,35 @@ def _library():
 
 
 @contextlib.contextmanager
-def _connection(display):
+def connection(display):
+    """(library, connection) of a client of its own at a display; what was asked for is done when it ends."""
     x11 = _library()
-    connection = x11.XOpenDisplay(os.fsencode(display))
-    if not connection:
+    client = x11.XOpenDisplay(os.fsencode(display))
+    if not client:
         raise RuntimeError(f"cannot open display {display}")
     try:
-        yield x11, connection
-        x11.XSync(connection, 0)
+        yield x11, client
+        x11.XSync(client, 0)
     finally:
-        x11.XCloseDisplay(connection)
+        x11.XCloseDisplay(client)
 
 
 def request_close(display, window):
     """Asks the program to close a window, as the close button in the title bar does."""
-    with _connection(display) as (x11, connection):
+    with connection(display) as (x11, client):
         event = _Event()
         event.client.type = _CLIENT_MESSAGE
         event.client.window = window
-        event.client.message_type = x11.XInternAtom(connection, b"WM_PROTOCOLS", 0)
+        event.client.message_type = x11.XInternAtom(client, b"WM_PROTOCOLS", 0)
         event.client.format = 32
-        event.client.data[0] = x11.XInternAtom(connection, b"WM_DELETE_WINDOW", 0)
-        x11.XSendEvent(connection, window, 0, 0, ctypes.byref(event))
+        event.client.data[0] = x11.XInternAtom(client, b"WM_DELETE_WINDOW", 0)
+        x11.XSendEvent(client, window, 0, 0, ctypes.byref(event))
 
 
 def give_keyboard(display, window):
     """Directs the keyboard to a window, as a click into it does."""
-    with _connection(display) as (x11, connection):
-        x11.XSetInputFocus(connection, window, _REVERT_TO_PARENT, _CURRENT_TIME)
+    with connection(display) as (x11, client):
+        x11.XSetInputFocus(client, window, _REVERT_TO_PARENT, _CURRENT_TIME)
 
 
 def take_keyboard_away(display):

@@ -1,0 +1,278 @@
+"""Where the secret is in the running process, and that it is nowhere once it is no longer needed.
+
+The whole memory of the process is searched from outside, for every fragment of the secret in every encoding. That takes
+the capability CAP_SYS_PTRACE, as root has it. Run by another user, this file gives itself a user namespace in which it
+has it; where the system forbids that, the tests fail and say so.
+"""
+
+import hashlib
+import os
+import random
+import resource
+import signal
+import string
+import subprocess
+import sys
+import unittest
+
+from accessibility import Gone
+from application import WINDOW_TITLE
+from engines import fails, waits
+from process_memory import FRAGMENT_LENGTH, fragments, traces
+from recovery_test_case import RecoveryTestCase
+from waiting import wait_for
+import processes
+import x_selection
+
+_IN_NAMESPACE = "AMBREL_TEST_IN_NAMESPACE"
+_LENGTH = 48
+_NOBODY = 65534
+# The engine notes only what tells that it got the secret.
+_NOTE_DIGEST = 'sha256sum | cut -c 1-64 >"$run.new/input"'
+
+
+def random_secret():
+    """No character twice, so that every fragment is one of a kind."""
+    return "".join(random.SystemRandom().sample(string.ascii_letters + string.digits, _LENGTH))
+
+
+class SecretMemory(RecoveryTestCase):
+    def setUp(self):
+        super().setUp()
+        self.engine = self.scripted_engine(read_input=_NOTE_DIGEST)
+
+    def behave(self, **behaviour):
+        self.engine.behave(read_input=_NOTE_DIGEST, **behaviour)
+
+    # Entering a secret
+
+    def wait_until_entered(self, application):
+        wait_for("the secret in the field", lambda: application.secure_field().character_count == _LENGTH)
+
+    def type_secret(self, application, secret):
+        application.type_credential(secret, by_keyboard=True)
+        self.wait_until_entered(application)
+
+    def paste_secret(self, application, secret):
+        application.focus(WINDOW_TITLE, application.secure_field())
+        with x_selection.copied(self.desktop.display, "CLIPBOARD", secret):
+            application.key("ctrl+v")
+            self.wait_until_entered(application)
+
+    def paste_selected_secret(self, application, secret):
+        x, y, width, height = application.secure_field().extents
+        with x_selection.copied(self.desktop.display, "PRIMARY", secret):
+            self.desktop.keys("mousemove", str(x + width // 2), str(y + height // 2), "click", "2")
+            self.wait_until_entered(application)
+
+    # Looking for it
+
+    def assert_held_in_wiped_memory(self, application, secret, encoding):
+        """The secret is found, and only as a whole, in one encoding and in memory that is neither swapped nor dumped."""
+        found = traces(application.process.pid, secret)
+        self.assertNotEqual([], found, "the secret is held, but the search does not find it")
+        for trace in found:
+            self.assertEqual((secret, encoding), (trace.text, trace.encoding), trace)
+            self.assertTrue(trace.mapping.is_locked and trace.mapping.is_left_out_of_dumps, trace)
+        return found
+
+    def assert_gone(self, application, secret):
+        found = [str(trace) for trace in traces(application.process.pid, secret)]
+        self.assertEqual([], found, "traces of the secret were left in the memory of the application")
+
+    def assert_not_in(self, contents, secret, where):
+        self.assertEqual([], fragments(contents, secret), f"traces of the secret were left in {where}")
+
+    def assert_nowhere_outside(self, application, secret):
+        """Neither files nor the display nor assistive technology nor command lines have any of it."""
+        for directory, folders, files in os.walk(self.scratch):
+            if directory == str(self.scratch):
+                folders.remove(self.installation.directory.name)
+            for name in files:
+                path = os.path.join(directory, name)
+                with open(path, "rb") as file:
+                    self.assert_not_in(file.read(), secret, path)
+        for contents in x_selection.properties(self.desktop.display):
+            self.assert_not_in(contents, secret, "a property of a window")
+        for selection in ("PRIMARY", "CLIPBOARD"):
+            self.assertFalse(x_selection.selection_has_owner(self.desktop.display, selection), selection)
+        for text in self.accessible_texts(application):
+            self.assert_not_in(text.encode(), secret, "the accessibility tree")
+        for pid in processes.descendants(application.process.pid) | {application.process.pid}:
+            for name in ("cmdline", "environ"):
+                with open(f"/proc/{pid}/{name}", "rb") as file:
+                    self.assert_not_in(file.read(), secret, f"{name} of {processes.command_of(pid)}")
+
+    def accessible_texts(self, application):
+        for shown in application.shown():
+            yield shown.name
+            try:
+                yield shown.item.description
+                yield shown.item.text
+            except Gone:
+                pass  # It has no text besides its name.
+
+    def assert_engine_got(self, secret):
+        self.assertEqual(hashlib.sha256(f"{secret}\n".encode()).hexdigest(), self.engine.runs[-1].input.decode().strip())
+
+    # The road
+
+    def refuse(self, application, enter):
+        """Enters a secret that the engine refuses."""
+        secret = random_secret()
+        enter(application, secret)
+        self.assert_held_in_wiped_memory(application, secret, "utf-16-le")
+        self.assert_nowhere_outside(application, secret)
+        self.behave(inspect=fails("credential does not unlock package"))
+        application.press_inspect()
+        application.wait_for_alert()
+        self.assert_engine_got(secret)
+        self.assert_gone(application, secret)
+        application.dismiss_alert()
+
+    def unlock(self, application, enter):
+        """Enters a secret that the engine accepts; afterwards the session has the one copy of it."""
+        secret = random_secret()
+        enter(application, secret)
+        self.behave()
+        application.press_inspect()
+        application.wait_for_snapshots()
+        self.assert_engine_got(secret)
+        found = self.assert_held_in_wiped_memory(application, secret, "utf-8")
+        self.assertEqual(1, len(found), [str(trace) for trace in found])
+        self.assert_nowhere_outside(application, secret)
+        return secret
+
+    def walk(self, application, enter_first, enter_second):
+        application.choose_package(self.empty_package())
+        self.refuse(application, enter_first)
+        secret = self.unlock(application, enter_second)
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        self.assert_engine_got(secret)
+        self.assert_gone(application, secret)
+        self.assert_nowhere_outside(application, secret)
+        return secret
+
+    def test_a_typed_secret(self):
+        application = self.start()
+        secret = self.walk(application, self.type_secret, self.type_secret)
+        application.press(self.catalogue["recovery.choose-another-package.action"])
+        application.button(self.catalogue["recovery.inspect.action"])
+        self.assert_gone(application, secret)
+
+    def test_a_pasted_secret(self):
+        self.walk(self.start(), self.paste_secret, self.paste_selected_secret)
+
+    def test_a_secret_that_is_typed_and_deleted(self):
+        application = self.start()
+        secret = random_secret()
+        self.type_secret(application, secret)
+        application.key("ctrl+a")
+        application.key("BackSpace")
+        wait_for("the empty field", lambda: application.secure_field().character_count == 0)
+        self.assert_gone(application, secret)
+
+    def test_a_secret_whose_inspection_is_cancelled(self):
+        self.behave(inspect=waits())
+        application = self.start()
+        application.choose_package(self.empty_package())
+        secret = random_secret()
+        self.type_secret(application, secret)
+        application.press_inspect()
+        self.engine.wait_for_run(1)
+        self.assert_engine_got(secret)
+        self.assert_held_in_wiped_memory(application, secret, "utf-8")
+        self.assert_nowhere_outside(application, secret)
+        application.press(self.catalogue["recovery.action.cancel-restore"])
+        application.button(self.catalogue["recovery.inspect.action"])
+        wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)))
+        wait_for("the removal of the output files", lambda: not self.temporary_files())
+        self.assert_gone(application, secret)
+
+    def test_a_secret_of_which_another_package_needs_nothing(self):
+        application = self.start()
+        application.choose_package(self.empty_package())
+        secret = random_secret()
+        self.type_secret(application, secret)
+        application.choose_package(self.empty_package("Other Photos.ambrel"))
+        wait_for("the empty field", lambda: application.secure_field().character_count == 0)
+        self.assert_gone(application, secret)
+
+    # What a crash leaves, and who may look
+
+    def core_was_dumped(self, process):
+        """Waits for the end of a process by a signal; whether a core dump was made."""
+        end = os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
+        self.assertIn(end.si_code, (os.CLD_KILLED, os.CLD_DUMPED))
+        self.assertEqual(signal.SIGSEGV, end.si_status)
+        process.wait()
+        return end.si_code == os.CLD_DUMPED
+
+    def test_a_crash_dumps_no_core(self):
+        limits = resource.getrlimit(resource.RLIMIT_CORE)
+        self.addCleanup(resource.setrlimit, resource.RLIMIT_CORE, limits)
+        resource.setrlimit(resource.RLIMIT_CORE, (limits[1], limits[1]))
+        other = processes.start(["sleep", "60"], cwd=self.scratch)
+        wait_for("another program", lambda: processes.command_of(other.pid).startswith("sleep"))
+        os.kill(other.pid, signal.SIGSEGV)
+        if not self.core_was_dumped(other):
+            self.skipTest("this system dumps no core of any program, so that nothing can be shown")
+
+        application = self.start()
+        self.type_secret(application, random_secret())
+        before = set(os.listdir(self.scratch))
+        os.kill(application.process.pid, signal.SIGSEGV)
+        self.assertFalse(self.core_was_dumped(application.process))
+        self.assertEqual(before, set(os.listdir(self.scratch)))
+
+    def test_other_programs_of_the_same_user_are_kept_out(self):
+        self.behave(self_test=waits())
+        for directory in (self.scratch, self.scratch / "engine runs"):
+            directory.chmod(0o777)
+        as_user = ["setpriv", f"--reuid={_NOBODY}", f"--regid={_NOBODY}", "--clear-groups"] if os.geteuid() == 0 else []
+        started = {}
+        for name, command in (("other", ["sleep", "60"]), ("own", [str(self.installation.executable), "--self-test"])):
+            started[name] = processes.start([*as_user, *command], cwd="/", env=dict(os.environ, TMPDIR="/tmp"))
+            self.addCleanup(processes.stop, started[name])
+        self.engine.wait_for_run(1)
+        user = os.stat(f"/proc/{started['other'].pid}").st_uid
+        # The system gives the files of a process that cannot be looked into to root.
+        self.assertNotEqual(0, user)
+        self.assertEqual(0, os.stat(f"/proc/{started['own'].pid}/mem").st_uid)
+        self.assertEqual(user, os.stat(f"/proc/{started['other'].pid}/mem").st_uid)
+
+
+class Search(unittest.TestCase):
+    """The search by itself: it finds the smallest fragment wherever it lies, and nothing else."""
+
+    def test_every_fragment_is_found_in_every_encoding(self):
+        secret = random_secret()
+        for encoding in ("utf-8", "utf-16-le", "utf-32-le"):
+            for first in range(_LENGTH - FRAGMENT_LENGTH + 1):
+                part = secret[first:first + FRAGMENT_LENGTH]
+                contents = b"\1" * 5 + part.encode(encoding) + b"\1"
+                self.assertEqual([(encoding, 5, part)], fragments(contents, secret))
+
+    def test_less_than_a_fragment_is_none(self):
+        secret = random_secret()
+        for first in range(_LENGTH - FRAGMENT_LENGTH + 1):
+            self.assertEqual([], fragments(secret[first:first + FRAGMENT_LENGTH - 1].encode() + b"\1", secret))
+
+
+def _may_search():
+    """Whether this process has CAP_SYS_PTRACE."""
+    with open("/proc/self/status", encoding="utf-8") as status:
+        effective = next(line.split()[1] for line in status if line.startswith("CapEff"))
+    return int(effective, 16) >> 19 & 1
+
+
+if __name__ == "__main__":
+    if not _may_search() and _IN_NAMESPACE not in os.environ:
+        os.environ[_IN_NAMESPACE] = "1"
+        sys.stdout.flush()
+        can_have_namespace = subprocess.run(["unshare", "--user", "--map-root-user", "true"], check=False,
+                                            stdin=subprocess.DEVNULL).returncode == 0
+        if can_have_namespace:
+            os.execvp("unshare", ["unshare", "--user", "--map-root-user", sys.executable, "-B", *sys.argv])
+    unittest.main()

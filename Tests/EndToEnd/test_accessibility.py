@@ -56,6 +56,16 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_snapshots()
         self.assertEqual(b"Correct Horse 1\n", self.engine.runs[0].input)
 
+    def test_the_secure_field_tells_of_caps_lock(self):
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.type_credential("a", by_keyboard=True)
+        self.assertEqual("", application.secure_field().description)
+        application.key("Caps_Lock")
+        self.addCleanup(self.desktop.keys, "key", "Caps_Lock")
+        wait_for("the description", lambda: application.secure_field().description == "Caps Lock is on")
+        application.wait_for_object("Caps Lock is on", "label")
+
     def test_the_prompt_follows_the_factor(self):
         application = self.start()
         for factor, prompt in (("recovery-key", "recovery-key"), ("passphrase", "backup-passphrase")):

@@ -17,8 +17,10 @@
 #include <malloc.h>
 
 // The C library's own functions under the names that stay theirs.
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the C library's.
 extern "C" void __libc_free(void* block);
 extern "C" void* __libc_realloc(void* block, std::size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 
 extern "C" void free(void* block) noexcept {
     // Also what the allocator rounded up: the block of whoever had it before may have reached that far.

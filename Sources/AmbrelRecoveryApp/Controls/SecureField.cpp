@@ -106,8 +106,6 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     capsLockHint_->setFont(recoveryFont(hintFontSize, QFont::DemiBold));
     capsLockHint_->setTextFormat(Qt::PlainText);
     capsLockHint_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    colors.setColor(QPalette::WindowText, RecoveryPalette::copper());
-    capsLockHint_->setPalette(colors);
     capsLockHint_->hide();
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(horizontalPadding, 0, horizontalPadding, 0);

@@ -7,11 +7,19 @@
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
 #include <chrono>
+#include <system_error>
 #include <utility>
 
 namespace {
 
 constexpr std::chrono::milliseconds waitSlice(100);
+
+/// The path itself where it is empty or relative to a working directory that is gone: a run finds nothing there.
+std::filesystem::path standardized(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return (error ? path : absolute).lexically_normal();
+}
 
 double wallClockSeconds() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
@@ -65,7 +73,7 @@ private:
 };
 
 AmbrelRecoveryProcessRunner::AmbrelRecoveryProcessRunner(const std::filesystem::path& executableURL)
-    : executableURL_(std::filesystem::absolute(executableURL).lexically_normal()) {}
+    : executableURL_(standardized(executableURL)) {}
 
 AmbrelRecoveryProcessRunner::~AmbrelRecoveryProcessRunner() = default;
 

@@ -21,7 +21,8 @@ public:
     /// The time-out, in seconds, that the application gives every run of the engine.
     static constexpr double defaultTimeout = 1800;
 
-    /// A runner for the engine at `executableURL`, a file path, which is not looked at before a run.
+    /// A runner for the engine at `executableURL`, a file path, which is not looked at before a run; an empty one is
+    /// unavailable then, like any other where no file is.
     explicit AmbrelRecoveryProcessRunner(const std::filesystem::path& executableURL);
 
     AmbrelRecoveryProcessRunner(const AmbrelRecoveryProcessRunner&) = delete;
@@ -33,8 +34,8 @@ public:
 
     /// Runs the engine with `arguments`, unchanged, and returns what it left, whatever its exit status.
     /// With a credential the engine reads its bytes, one line feed and the end of its standard input; without one it
-    /// reads the null device. An engine that runs longer than `timeout` seconds is asked to end and awaited. One that
-    /// was asked to end through cancelCurrentOperation() gives an ordinary result.
+    /// reads the null device. An engine that runs longer than `timeout` seconds of wall-clock time is asked to end and
+    /// awaited. One that was asked to end through cancelCurrentOperation() gives an ordinary result.
     /// Where `stopToken` was stopped before the launch was over, the engine is asked to end at once: this catches a
     /// cancellation that came too early for cancelCurrentOperation() to find a process.
     /// Throws AmbrelRecoveryProcessError or std::bad_alloc; whatever happens, no process, file or copy of the

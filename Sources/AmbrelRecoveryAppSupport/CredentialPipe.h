@@ -19,11 +19,13 @@ public:
     int readEnd() const { return readEnd_.get(); }
 
     /// After the launch: leaves the reading to the engine, writes everything, wipes the copy and closes the pipe.
-    /// Blocks while the pipe is full. False where the engine cannot be reached any more; without a credential there is
-    /// nothing to do.
+    /// Blocks while the pipe is full. True where the engine can read everything or, for a credential that the pipe
+    /// holds, could have done so before it ended; false where a longer one finds the engine's end closed, and where the
+    /// system fails. Without a credential there is nothing to do.
     bool deliver();
 
 private:
+    bool holdsPayload() const;
     bool writePayload();
 
     UniqueDescriptor readEnd_;

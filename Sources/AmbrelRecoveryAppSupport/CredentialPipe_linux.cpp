@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryAppSupport/CredentialPipe.h"
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+#include "AmbrelRecoveryAppSupport/RetryInterrupted.h"
 
 #include <algorithm>
 #include <array>
@@ -67,23 +68,32 @@ bool CredentialPipe::deliver() {
     if (!writeEnd_) {
         return true;
     }
-    // While this process could read too, a write to an engine that is gone would wait for ever.
-    readEnd_.close();
+    // What the pipe holds is delivered also where the engine has ended by itself before it read: its own exit status
+    // and message tell more than a broken pipe. A longer credential must find the pipe broken then, or it would wait
+    // for ever.
+    if (!holdsPayload()) {
+        readEnd_.close();
+    }
     const bool written = writePayload();
+    readEnd_.close();
     payload_.wipe();
     return writeEnd_.close() && written;
+}
+
+bool CredentialPipe::holdsPayload() const {
+    const int capacity = fcntl(writeEnd_.get(), F_GETPIPE_SZ);
+    return capacity >= 0 && static_cast<std::size_t>(capacity) >= payload_.size();
 }
 
 bool CredentialPipe::writePayload() {
     const BrokenPipeSignalBlock block;
     std::span<const std::byte> rest = payload_.bytes();
     while (!rest.empty()) {
-        const ssize_t count = write(writeEnd_.get(), rest.data(), rest.size());
-        if (count >= 0) {
-            rest = rest.subspan(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
+        const ssize_t count = retryInterrupted([&] { return write(writeEnd_.get(), rest.data(), rest.size()); });
+        if (count < 0) {
             return false;
         }
+        rest = rest.subspan(static_cast<std::size_t>(count));
     }
     return true;
 }

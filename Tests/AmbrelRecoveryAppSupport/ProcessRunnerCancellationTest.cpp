@@ -89,16 +89,12 @@ TEST_F(ProcessRunnerCancellationTest, OfATokenThatIsAlreadyStoppedEndsTheEngineA
     EXPECT_EQ(run({"wait"}, std::nullopt, patience, source.get_token()).exitCode, SIGTERM);
 }
 
-TEST_F(ProcessRunnerCancellationTest, OfATokenThatIsAlreadyStoppedEndsTheEngineBeforeOrAfterTheCredential) {
+TEST_F(ProcessRunnerCancellationTest, OfATokenThatIsAlreadyStoppedNeverLooksLikeAFailedLaunch) {
     std::stop_source source;
     source.request_stop();
+    // The engine may be gone before the credential is written.
     for (int count = 0; count < 10; ++count) {
-        try {
-            EXPECT_EQ(run({"wait"}, "credential", patience, source.get_token()).exitCode, SIGTERM);
-        } catch (Error error) {
-            // The engine was gone before the credential could be written.
-            EXPECT_EQ(error, Error::launchFailed);
-        }
+        EXPECT_EQ(run({"wait"}, "credential", patience, source.get_token()).exitCode, SIGTERM);
     }
 }
 

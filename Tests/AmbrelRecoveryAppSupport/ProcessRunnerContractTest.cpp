@@ -49,6 +49,15 @@ TEST_F(ProcessRunnerContractTest, StandardizesTheExecutablesPath) {
               fs::current_path() / "ambrel-recovery");
 }
 
+TEST_F(ProcessRunnerContractTest, TakesAPathThatCannotBeStandardizedAndFindsNothingThere) {
+    EXPECT_EQ(errorOfRunning(""), Error::executableUnavailable);
+    EXPECT_EQ(AmbrelRecoveryProcessRunner("").executableURL(), "");
+    fs::create_directory(directory_ / "gone");
+    const ScopedWorkingDirectory elsewhere(directory_ / "gone");
+    fs::remove(directory_ / "gone");
+    EXPECT_EQ(errorOfRunning("engine"), Error::executableUnavailable);
+}
+
 TEST_F(ProcessRunnerContractTest, DoesNotLookAtTheExecutableBeforeARun) {
     const fs::path engine = directory_ / "engine";
     AmbrelRecoveryProcessRunner runner(engine);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cerrno>
+
+/// Makes a system call that reports failure as -1, and makes it again for as long as a signal interrupts it.
+template<typename Call>
+auto retryInterrupted(const Call& call) {
+    for (;;) {
+        const auto result = call();
+        if (result != -1 || errno != EINTR) {
+            return result;
+        }
+    }
+}

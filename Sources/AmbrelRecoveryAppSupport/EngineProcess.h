@@ -32,7 +32,8 @@ public:
     ~EngineProcess();
 
     /// Starts the engine. It inherits the environment and the working directory, the three streams and no other
-    /// descriptor; no signal is blocked or ignored in it. Throws AmbrelRecoveryProcessError::launchFailed.
+    /// descriptor; no signal is blocked or ignored in it. It is asked to end where this process, or the thread that
+    /// called this, goes away before it. Throws AmbrelRecoveryProcessError::launchFailed.
     void launch();
 
     /// Asks the engine to end (SIGTERM): at once where it runs, and as soon as it runs where its launch is not over.

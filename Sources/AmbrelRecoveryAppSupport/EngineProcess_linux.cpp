@@ -3,14 +3,19 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
+#include <cstddef>
+#include <cstdlib>
+#include <thread>
 #include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
+#include <sched.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,61 +26,81 @@ extern "C" {
 
 namespace {
 
-void require(int error) {
-    if (error != 0) {
-        throw AmbrelRecoveryProcessError::launchFailed;
-    }
-}
-
-/// What happens to the descriptors of the new process before it runs the engine.
-class FileActions {
-public:
-    FileActions() { require(posix_spawn_file_actions_init(&actions_)); }
-    FileActions(const FileActions&) = delete;
-    FileActions& operator=(const FileActions&) = delete;
-    ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
-
-    posix_spawn_file_actions_t* get() { return &actions_; }
-
-private:
-    posix_spawn_file_actions_t actions_;
+/// What the new process needs to become the engine. It shares this memory with the launching thread, which stands still
+/// until it has become the engine or given up.
+struct Becoming {
+    const EngineProcess::Configuration& configuration;
+    char* const* arguments;
+    pid_t application;
+    bool failed = false;
 };
 
-void redirectStreams(FileActions& actions, const EngineProcess::Configuration& configuration) {
-    if (configuration.standardInput < 0) {
-        require(posix_spawn_file_actions_addopen(actions.get(), STDIN_FILENO, "/dev/null", O_RDONLY, 0));
-    } else {
-        require(posix_spawn_file_actions_adddup2(actions.get(), configuration.standardInput, STDIN_FILENO));
-    }
-    require(posix_spawn_file_actions_adddup2(actions.get(), configuration.standardOutput, STDOUT_FILENO));
-    require(posix_spawn_file_actions_adddup2(actions.get(), configuration.standardError, STDERR_FILENO));
-    // Libraries of the application may hold descriptors that are not marked to close on exec.
-    require(posix_spawn_file_actions_addclosefrom_np(actions.get(), STDERR_FILENO + 1));
+/// Gives a signal its default action. The system's own call, because the C library's leaves out the two signals that it
+/// keeps for itself, and these could be ignored, too.
+void restoreDefaultAction(int signal) {
+    // The system's structure is smaller than this, and all zeros in it mean the default action.
+    const std::array<unsigned long, 8> defaultAction{};
+    constexpr std::size_t maskSize = 8;
+    syscall(SYS_rt_sigaction, signal, defaultAction.data(), nullptr, maskSize);
 }
 
-/// Gives the new process the signal state of a freshly logged-in user: nothing blocked, nothing ignored.
-class DefaultSignals {
-public:
-    DefaultSignals() {
-        require(posix_spawnattr_init(&attributes_));
-        sigset_t signals;
-        sigemptyset(&signals);
-        posix_spawnattr_setsigmask(&attributes_, &signals);
-        // sigfillset() leaves out the two signals of the C library, which posix_spawn would then leave ignored.
-        std::memset(&signals, 0xFF, sizeof signals);
-        posix_spawnattr_setsigdefault(&attributes_, &signals);
-        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+bool redirect(long source, int stream) {
+    return source == stream || (source >= 0 && syscall(SYS_dup3, source, stream, 0) >= 0);
+}
+
+/// The first steps of the new process. Nothing but calls of the system is allowed here: locks of the other threads may
+/// be held for ever, and no function of a sanitizer may take this for the launching thread.
+__attribute__((no_sanitize("address", "thread", "undefined"))) int becomeEngine(void* context) {
+    auto& becoming = *static_cast<Becoming*>(context);
+    const EngineProcess::Configuration& configuration = becoming.configuration;
+    // An engine is of no use to anyone once the application is gone, however that came to be.
+    syscall(SYS_prctl, PR_SET_PDEATHSIG, SIGTERM, 0, 0, 0);
+    constexpr int signalCount = 64;
+    for (int signal = 1; signal <= signalCount; ++signal) {
+        restoreDefaultAction(signal);
     }
+    const long input = configuration.standardInput >= 0 ? configuration.standardInput
+                                                        : syscall(SYS_openat, AT_FDCWD, "/dev/null", O_RDONLY, 0);
+    if (syscall(SYS_getppid) == becoming.application && redirect(input, STDIN_FILENO) &&
+        redirect(configuration.standardOutput, STDOUT_FILENO) && redirect(configuration.standardError, STDERR_FILENO) &&
+        // Libraries of the application may hold descriptors that are not marked to close on exec.
+        syscall(SYS_close_range, STDERR_FILENO + 1, ~0U, 0) == 0) {
+        const std::uint64_t nothing = 0;
+        syscall(SYS_rt_sigprocmask, SIG_SETMASK, &nothing, nullptr, sizeof nothing);
+        syscall(SYS_execve, configuration.executable.c_str(), becoming.arguments, environ);
+    }
+    becoming.failed = true;
+    syscall(SYS_exit_group, EXIT_FAILURE);
+    return EXIT_FAILURE;
+}
 
-    DefaultSignals(const DefaultSignals&) = delete;
-    DefaultSignals& operator=(const DefaultSignals&) = delete;
-    ~DefaultSignals() { posix_spawnattr_destroy(&attributes_); }
-
-    const posix_spawnattr_t* get() const { return &attributes_; }
+/// Keeps every signal away from the calling thread while it lives: a handler must not run in the process that is
+/// becoming the engine and still shares all memory.
+class SignalBlock {
+public:
+    SignalBlock() {
+        sigset_t every;
+        sigfillset(&every);
+        pthread_sigmask(SIG_SETMASK, &every, &previous_);
+    }
+    SignalBlock(const SignalBlock&) = delete;
+    SignalBlock& operator=(const SignalBlock&) = delete;
+    ~SignalBlock() { pthread_sigmask(SIG_SETMASK, &previous_, nullptr); }
 
 private:
-    posix_spawnattr_t attributes_;
+    sigset_t previous_{};
 };
+
+/// Starts the process and returns its descriptor, or a negative number.
+int startProcess(Becoming& becoming) {
+    // Room for the few calls of becomeEngine() and for the dynamic linker, which may resolve them there.
+    alignas(16) std::array<std::byte, 65536> stack;
+    int descriptor = -1;
+    const SignalBlock block;
+    const int started = clone(becomeEngine, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD,
+                              &becoming, &descriptor);
+    return started < 0 ? -1 : descriptor;
+}
 
 bool wouldArriveShortened(const std::string& argument) {
     return argument.find('\0') != std::string::npos;
@@ -84,7 +109,7 @@ bool wouldArriveShortened(const std::string& argument) {
 std::vector<char*> argumentVector(const EngineProcess::Configuration& configuration) {
     std::vector<char*> vector;
     vector.reserve(configuration.arguments.size() + 2);
-    // The spawn call's type is older than const; it does not write through these pointers.
+    // The type of what a program gets is older than const; nobody writes through these pointers before it runs.
     vector.push_back(const_cast<char*>(configuration.executable.c_str()));
     for (const std::string& argument : configuration.arguments) {
         vector.push_back(const_cast<char*>(argument.c_str()));
@@ -109,23 +134,18 @@ void EngineProcess::launch() {
     if (std::ranges::any_of(configuration_.arguments, wouldArriveShortened)) {
         throw AmbrelRecoveryProcessError::launchFailed;
     }
-    FileActions actions;
-    redirectStreams(actions, configuration_);
-    const DefaultSignals signals;
     const std::vector<char*> arguments = argumentVector(configuration_);
-    pid_t identifier = -1;
-    require(posix_spawn(&identifier, configuration_.executable.c_str(), actions.get(), signals.get(), arguments.data(),
-                        environ));
-    // Until it is waited for, the identifier stays the engine's: nobody else in this process waits for children.
-    const int descriptor = pidfd_open(identifier, 0);
+    Becoming becoming{configuration_, arguments.data(), getpid()};
+    const int descriptor = startProcess(becoming);
     if (descriptor < 0) {
-        kill(identifier, SIGTERM);
-        while (waitpid(identifier, nullptr, 0) < 0 && errno == EINTR) {
-        }
         throw AmbrelRecoveryProcessError::launchFailed;
     }
     running_ = true;
     processDescriptor_ = descriptor;
+    if (becoming.failed) {
+        waitForExit();
+        throw AmbrelRecoveryProcessError::launchFailed;
+    }
     if (terminationRequested_) {
         requestTermination();
     }
@@ -142,7 +162,10 @@ void EngineProcess::requestTermination() noexcept {
 bool EngineProcess::waitForExit(std::chrono::milliseconds limit) {
     if (running_) {
         pollfd ending{processDescriptor_, POLLIN, 0};
-        poll(&ending, 1, static_cast<int>(limit.count()));
+        if (poll(&ending, 1, static_cast<int>(limit.count())) < 0 && errno != EINTR) {
+            // Without memory for the wait a caller that waits again and again must not take the whole processor.
+            std::this_thread::sleep_for(std::min(limit, std::chrono::milliseconds(10)));
+        }
         reap(WNOHANG);
     }
     return !running_;

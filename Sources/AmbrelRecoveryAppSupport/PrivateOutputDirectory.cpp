@@ -1,14 +1,19 @@
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
+#include "AmbrelRecoveryAppSupport/DirectoryContents.h"
+#include "AmbrelRecoveryAppSupport/RetryInterrupted.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <new>
+#include <string_view>
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <uuid/uuid.h>
@@ -28,6 +33,16 @@ std::string randomIdentifier() {
     return text.data();
 }
 
+/// Whether the name is the prefix with an identifier as randomIdentifier() writes it.
+bool isNameOfOutputDirectory(std::string_view name) {
+    const std::string_view prefix = PrivateOutputDirectory::namePrefix;
+    uuid_t identifier;
+    return name.starts_with(prefix) &&
+           std::ranges::none_of(name.substr(prefix.size()),
+                                [](char character) { return character >= 'a' && character <= 'f'; }) &&
+           uuid_parse_range(name.data() + prefix.size(), name.data() + name.size(), identifier) == 0;
+}
+
 [[noreturn]] void failUnavailable() {
     throw AmbrelRecoveryProcessError::temporaryOutputUnavailable;
 }
@@ -35,89 +50,148 @@ std::string randomIdentifier() {
 /// More than any document or message of an engine, and little enough to be held in memory.
 constexpr off_t largestOutput = off_t{1} << 30;
 
-bool isTooLarge(int descriptor) {
-    struct stat status {};
-    return fstat(descriptor, &status) != 0 || status.st_size > largestOutput;
-}
-
-/// Appends what can be read until the end of the file. False on a failure.
-bool readToEnd(int descriptor, std::string& contents) {
-    std::array<char, 65536> buffer;
-    for (;;) {
-        const ssize_t count = read(descriptor, buffer.data(), buffer.size());
-        if (count == 0) {
-            return true;
-        }
-        if (count > 0) {
-            contents.append(buffer.data(), static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
+/// Fills `contents` as far as the file goes. False on a failure.
+bool readInto(std::string& contents, int descriptor) {
+    std::size_t filled = 0;
+    while (filled < contents.size()) {
+        const ssize_t count =
+            retryInterrupted([&] { return read(descriptor, contents.data() + filled, contents.size() - filled); });
+        if (count < 0) {
             return false;
         }
+        if (count == 0) {
+            contents.resize(filled);
+        }
+        filled += static_cast<std::size_t>(count);
     }
+    return true;
 }
 
-/// Removes also what an engine made and locked away from the user.
-void removeWithEverythingIn(const std::filesystem::path& directory) {
-    std::error_code ignored;
-    chmod(directory.c_str(), 0700);
-    for (std::filesystem::recursive_directory_iterator entry(directory, ignored), end; !ignored && entry != end;
-         entry.increment(ignored)) {
-        if (entry->symlink_status(ignored).type() == std::filesystem::file_type::directory) {
-            chmod(entry->path().c_str(), 0700);
-        }
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Tells other processes that the directory is in use. False where one of them has taken it for abandoned already,
+/// which is possible for a moment after it was made. A file system without locks changes nothing: there nobody can take
+/// it.
+bool hold(const std::filesystem::path& path, int directory) {
+    if (retryInterrupted([=] { return flock(directory, LOCK_EX | LOCK_NB); }) != 0) {
+        return errno != EWOULDBLOCK;
     }
-    std::filesystem::remove_all(directory, ignored);
+    struct stat held {};
+    struct stat named {};
+    return fstat(directory, &held) == 0 && lstat(path.c_str(), &named) == 0 && isSameFile(held, named);
+}
+
+bool isPrivate(int directory) {
+    struct stat status {};
+    return fstat(directory, &status) == 0 && status.st_uid == geteuid() && (status.st_mode & ALLPERMS) == S_IRWXU;
+}
+
+UniqueDescriptor openDirectory(const std::filesystem::path& path) {
+    return aboveStandardStreams(UniqueDescriptor(
+        retryInterrupted([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); })));
+}
+
+/// True where the directory was removed.
+bool removeIfAbandoned(const std::filesystem::path& path) {
+    const UniqueDescriptor directory = openDirectory(path);
+    if (!directory || !isPrivate(directory.get()) || flock(directory.get(), LOCK_EX | LOCK_NB) != 0) {
+        return false;
+    }
+    removeDirectoryContents(directory.get());
+    return rmdir(path.c_str()) == 0;
 }
 
 } // namespace
 
-PrivateOutputDirectory::PrivateOutputDirectory() : path_(temporaryDirectory() / (namePrefix + randomIdentifier())) {
-    if (mkdir(path_.c_str(), 0700) != 0) {
+PrivateOutputDirectory::PrivateOutputDirectory() {
+    constexpr int attempts = 3;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (make()) {
+            return;
+        }
+    }
+    failUnavailable();
+}
+
+/// False where another process has removed the new directory, or is about to, because it took it for abandoned.
+bool PrivateOutputDirectory::make() {
+    path_ = temporaryDirectory() / (namePrefix + randomIdentifier());
+    if (retryInterrupted([this] { return mkdir(path_.c_str(), S_IRWXU); }) != 0) {
         failUnavailable();
     }
+    bool taken = true;
     // The umask may have taken away permissions that the user needs.
-    if (chmod(path_.c_str(), 0700) != 0) {
-        rmdir(path_.c_str());
+    if (retryInterrupted([this] { return chmod(path_.c_str(), S_IRWXU); }) == 0 &&
+        (descriptor_ = openDirectory(path_))) {
+        if (hold(path_, descriptor_.get())) {
+            return true;
+        }
+    } else {
+        taken = errno == ENOENT;
+    }
+    rmdir(path_.c_str());
+    if (!taken) {
         failUnavailable();
     }
+    return false;
 }
 
 PrivateOutputDirectory::~PrivateOutputDirectory() {
-    // An engine may have put a link in the directory's place; where that leads is nothing of ours.
-    std::error_code error;
-    if (std::filesystem::symlink_status(path_, error).type() != std::filesystem::file_type::directory) {
-        unlink(path_.c_str());
+    // What an ordinary run leaves is removed without a further descriptor, which may be what the system lacks.
+    unlinkat(descriptor_.get(), standardOutputName, 0);
+    unlinkat(descriptor_.get(), standardErrorName, 0);
+    if (rmdir(path_.c_str()) == 0) {
         return;
     }
-    // What an ordinary run leaves is removed without a descriptor, which may be what the system lacks.
-    unlink((path_ / standardOutputName).c_str());
-    unlink((path_ / standardErrorName).c_str());
-    if (rmdir(path_.c_str()) != 0) {
-        removeWithEverythingIn(path_);
+    const bool replacedByAnotherFile = errno == ENOTDIR;
+    removeDirectoryContents(descriptor_.get());
+    // An engine may have put a link in the directory's place; where that leads is nothing of ours.
+    if (replacedByAnotherFile) {
+        unlink(path_.c_str());
+    } else {
+        rmdir(path_.c_str());
     }
 }
 
 UniqueDescriptor PrivateOutputDirectory::createFile(const char* name) const {
-    UniqueDescriptor file = aboveStandardStreams(UniqueDescriptor(
-        open((path_ / name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR)));
-    if (!file || fchmod(file.get(), S_IRUSR | S_IWUSR) != 0) {
+    UniqueDescriptor file = aboveStandardStreams(UniqueDescriptor(retryInterrupted([=, this] {
+        return openat(descriptor_.get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    })));
+    if (!file || retryInterrupted([&] { return fchmod(file.get(), S_IRUSR | S_IWUSR); }) != 0) {
         failUnavailable();
     }
     return file;
 }
 
 std::string PrivateOutputDirectory::readFile(const char* name) const {
-    const UniqueDescriptor file(open((path_ / name).c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
-    if (!file || isTooLarge(file.get())) {
+    const UniqueDescriptor file(retryInterrupted(
+        [=, this] { return openat(descriptor_.get(), name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK); }));
+    struct stat status {};
+    if (!file || fstat(file.get(), &status) != 0 || status.st_size > largestOutput || S_ISDIR(status.st_mode)) {
         failUnavailable();
     }
-    std::string contents;
     try {
-        if (!readToEnd(file.get(), contents)) {
-            failUnavailable();
+        // Only as much as there is now: what the engine left running may write for ever.
+        std::string contents(static_cast<std::size_t>(status.st_size), '\0');
+        if (readInto(contents, file.get())) {
+            return contents;
         }
     } catch (const std::bad_alloc&) {
-        failUnavailable();
+        // Told like any other output that cannot be read.
     }
-    return contents;
+    failUnavailable();
+}
+
+void PrivateOutputDirectory::removeAbandoned() {
+    constexpr int mostAtOnce = 1000;
+    int removed = 0;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(temporaryDirectory(), error), end;
+         !error && entry != end && removed < mostAtOnce; entry.increment(error)) {
+        if (isNameOfOutputDirectory(entry->path().filename().native()) && removeIfAbandoned(entry->path())) {
+            ++removed;
+        }
+    }
 }

@@ -6,7 +6,8 @@
 #include <string>
 
 /// A directory of one engine run in the user's temporary directory, which only the user can open. It is removed with
-/// everything in it when this object is destroyed. Not synchronised.
+/// everything in it when this object is destroyed. Where the process dies before that, removeAbandoned() of a later one
+/// removes it: the living hold a lock on theirs. Not synchronised.
 class PrivateOutputDirectory {
 public:
     /// The names of the directories begin with this, followed by a random identifier.
@@ -30,10 +31,20 @@ public:
     /// AmbrelRecoveryProcessError::temporaryOutputUnavailable.
     UniqueDescriptor createFile(const char* name) const;
 
-    /// Every byte of the file. Throws AmbrelRecoveryProcessError::temporaryOutputUnavailable, also for a file of more
-    /// than 1 GiB: the output of an engine that has gone wrong must not take all memory.
+    /// Every byte that the file holds when this is called; what others add meanwhile is left out. Throws
+    /// AmbrelRecoveryProcessError::temporaryOutputUnavailable, also for a file of more than 1 GiB: the output of an
+    /// engine that has gone wrong must not take all memory.
     std::string readFile(const char* name) const;
 
+    /// Removes the directories in the temporary directory that processes of this user left when they died: real
+    /// directories of the user's with such a name and permissions 0700, on which nobody holds the lock. Links are not
+    /// followed, and what cannot be removed stays. Removes at most 1,000. Any thread; throws std::bad_alloc.
+    static void removeAbandoned();
+
 private:
+    bool make();
+
     std::filesystem::path path_;
+    /// The directory itself, wherever the engine moves it, with the lock that tells that it is in use.
+    UniqueDescriptor descriptor_;
 };

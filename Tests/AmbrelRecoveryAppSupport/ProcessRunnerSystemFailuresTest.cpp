@@ -1,4 +1,4 @@
-// Every system call of a run, failing.
+// System calls of a run that fail or are interrupted, one by one; FaultSweepTest goes through all of them.
 
 #include "ProcessRunnerTest.h"
 #include "Support/OpenDescriptors.h"
@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <new>
 
 #include <fcntl.h>
@@ -23,70 +25,17 @@ protected:
     }
 
     void TearDown() override {
-        SystemCallFaults::reset();
+        SystemCallFaults::pause();
         ProcessRunnerTest::TearDown();
     }
 };
 
-struct FailureCase {
-    const char* call;
-    int occurrence;
-    int error;
-    Error expected;
-};
-
 } // namespace
-
-TEST_F(ProcessRunnerSystemFailuresTest, EndInTheErrorOfTheirStep) {
-    const FailureCase cases[] = {
-        {"mkdir", 1, ENOSPC, Error::temporaryOutputUnavailable},
-        {"mkdir", 1, EEXIST, Error::temporaryOutputUnavailable},
-        {"chmod", 1, EPERM, Error::temporaryOutputUnavailable},
-        {"open", 1, ENOSPC, Error::temporaryOutputUnavailable}, // making stdout
-        {"fchmod", 1, EPERM, Error::temporaryOutputUnavailable},
-        {"open", 2, EDQUOT, Error::temporaryOutputUnavailable}, // making stderr
-        {"fchmod", 2, EPERM, Error::temporaryOutputUnavailable},
-        {"pipe2", 1, ENFILE, Error::launchFailed},
-        {"posix_spawn", 1, EAGAIN, Error::launchFailed},
-        {"posix_spawn", 1, ENOMEM, Error::launchFailed},
-        {"pidfd_open", 1, EMFILE, Error::launchFailed},
-        {"write", 1, EIO, Error::launchFailed},
-        {"open", 3, EIO, Error::temporaryOutputUnavailable}, // reading stdout back
-        {"read", 1, EIO, Error::temporaryOutputUnavailable},
-        {"open", 4, EMFILE, Error::temporaryOutputUnavailable}, // reading stderr back
-        {"read", 3, EIO, Error::temporaryOutputUnavailable},    // after the text and the end of stdout
-    };
-    for (const FailureCase& failure : cases) {
-        SCOPED_TRACE(testing::Message() << failure.call << " " << failure.occurrence << " " << failure.error);
-        SystemCallFaults::reset();
-        SystemCallFaults::fail(failure.call, failure.occurrence, failure.error);
-        EXPECT_EQ(errorOfRun({"echo-input"}, "credential"), failure.expected);
-        EXPECT_GE(SystemCallFaults::calls(failure.call), failure.occurrence);
-        EXPECT_EQ(privateDirectories(), std::set<std::string>());
-    }
-    SystemCallFaults::reset();
-    EXPECT_EQ(run({"echo-input"}, "credential").standardOutput, echoOf("credential\n"));
-}
-
-TEST_F(ProcessRunnerSystemFailuresTest, OfEveryCloseAreHarmlessExceptForTheEndOfTheCredential) {
-    run({"echo-input"}, "credential");
-    const int closes = SystemCallFaults::calls("close");
-    ASSERT_GE(closes, 6);
-    int failed = 0;
-    for (int occurrence = 1; occurrence <= closes; ++occurrence) {
-        SystemCallFaults::reset();
-        SystemCallFaults::fail("close", occurrence, EIO);
-        const std::optional<Error> error = errorOfRun({"echo-input"}, "credential");
-        EXPECT_TRUE(!error || error == Error::launchFailed) << occurrence;
-        failed += error ? 1 : 0;
-    }
-    EXPECT_EQ(failed, 1) << "the close of the pipe's write end and no other";
-}
 
 TEST_F(ProcessRunnerSystemFailuresTest, WithoutMemoryForTheCredentialTheRunIsNotStarted) {
     SystemCallFaults::fail("mmap", 1, ENOMEM);
     EXPECT_THROW(run({"echo-input"}, "credential"), std::bad_alloc);
-    EXPECT_EQ(SystemCallFaults::calls("posix_spawn"), 0);
+    EXPECT_EQ(SystemCallFaults::calls("clone"), 0);
 }
 
 TEST_F(ProcessRunnerSystemFailuresTest, OfTheDeliveryEndAnEngineThatWouldWaitForEver) {
@@ -95,13 +44,9 @@ TEST_F(ProcessRunnerSystemFailuresTest, OfTheDeliveryEndAnEngineThatWouldWaitFor
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, OfTheProcessDescriptorEndAnEngineThatWouldWaitForEver) {
-    SystemCallFaults::fail("pidfd_open", 1, ENFILE);
-    EXPECT_EQ(errorOfRun({"wait"}), Error::launchFailed);
-}
-
 TEST_F(ProcessRunnerSystemFailuresTest, ByInterruptionAreTriedAgain) {
-    for (const char* const call : {"write", "read", "poll", "waitid", "close"}) {
+    for (const char* const call :
+         {"open", "openat", "mkdir", "chmod", "fchmod", "flock", "write", "read", "poll", "waitid", "close"}) {
         SCOPED_TRACE(call);
         for (int occurrence = 1; occurrence <= 3; ++occurrence) {
             SystemCallFaults::reset();
@@ -139,7 +84,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, DoNotComeFromDescriptorsInOtherProgramsT
     // engine waiting for the end of its input.
     const std::map<int, std::string> before = openDescriptors();
     int marked = 0;
-    SystemCallFaults::during("pidfd_open", [&] {
+    SystemCallFaults::during("clone", [&] {
         for (const auto& [descriptor, target] : openDescriptors()) {
             if (!before.contains(descriptor)) {
                 EXPECT_NE(fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0) << target;
@@ -148,7 +93,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, DoNotComeFromDescriptorsInOtherProgramsT
         }
     });
     run({"echo-input"}, "credential");
-    EXPECT_EQ(marked, 5) << "two outputs, two ends of the pipe, the process";
+    EXPECT_EQ(marked, 6) << "the directory, two outputs, two ends of the pipe, the process";
 }
 
 TEST_F(ProcessRunnerSystemFailuresTest, AreNotCausedByTerminationRequestsToAnIdentifier) {
@@ -162,9 +107,34 @@ TEST_F(ProcessRunnerSystemFailuresTest, AreNotCausedByTerminationRequestsToAnIde
 
 TEST_F(ProcessRunnerSystemFailuresTest, ARequestToEndInTheMiddleOfTheLaunchIsNotLost) {
     // The engine runs already, but the runner does not hold its descriptor yet.
-    SystemCallFaults::during("pidfd_open", [this] { runner_.cancelCurrentOperation(); });
+    SystemCallFaults::during("clone", [this] { runner_.cancelCurrentOperation(); });
     constexpr double longEnough = 5;
     std::int32_t exitCode = 0;
     EXPECT_EQ(errorOf([&] { exitCode = run({"wait"}, std::nullopt, longEnough).exitCode; }), std::nullopt);
     EXPECT_EQ(exitCode, SIGTERM);
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, AnOutputThatGrowsWhileItIsReadIsReadAsItWas) {
+    // The engine is gone, but what it left running still writes.
+    SystemCallFaults::during("read", [this] {
+        const std::filesystem::path output = temporary_ / *privateDirectories().begin() / "stdout";
+        std::ofstream(output, std::ios::app) << "written later";
+    });
+    EXPECT_EQ(run({"write-output", "3"}).standardOutput, "abc");
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, AnOutputThatShrinksWhileItIsReadIsReadAsFarAsItGoes) {
+    SystemCallFaults::moveSingleBytes();
+    SystemCallFaults::during(
+        "read", [this] { std::filesystem::resize_file(temporary_ / *privateDirectories().begin() / "stdout", 2); });
+    EXPECT_EQ(run({"write-output", "3"}).standardOutput, "ab");
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, TheDeadlineIsOneOfTheWallClock) {
+    // Set forward beyond the deadline, it ends the run; set back, it gives the engine more time.
+    SystemCallFaults::during("poll", [] { SystemCallFaults::setClockForward(3600); });
+    EXPECT_EQ(errorOfRun({"wait"}, std::nullopt, 1800), Error::timedOut);
+    SystemCallFaults::reset();
+    SystemCallFaults::during("poll", [] { SystemCallFaults::setClockForward(-3600); });
+    EXPECT_EQ(run({"exit", "3"}, std::nullopt, 60).exitCode, 3);
 }

@@ -1,0 +1,89 @@
+#include "Support/MemoryScan.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <vector>
+
+#include <sys/uio.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::size_t secretSize = 48;
+
+unsigned char secretByte(std::size_t index) {
+    return static_cast<unsigned char>(((index * 37 + 11) % 251) ^ 0x5AU);
+}
+
+bool isSecretAt(const unsigned char* place) {
+    for (std::size_t index = 0; index < secretSize; ++index) {
+        if (place[index] != secretByte(index)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int copiesIn(const std::vector<unsigned char>& memory, std::size_t length) {
+    int copies = 0;
+    const unsigned char* const end = memory.data() + length;
+    for (const unsigned char* place = memory.data(); end - place >= static_cast<std::ptrdiff_t>(secretSize); ++place) {
+        place = static_cast<const unsigned char*>(
+            std::memchr(place, secretByte(0), static_cast<std::size_t>(end - place) - secretSize + 1));
+        if (place == nullptr) {
+            break;
+        }
+        copies += isSecretAt(place) ? 1 : 0;
+    }
+    return copies;
+}
+
+/// Through a copy in a buffer that is overwritten, so that the scan leaves nothing to find.
+int copiesBetween(std::uintptr_t start, std::uintptr_t end) {
+    static std::vector<unsigned char> buffer(std::size_t{1} << 20U);
+    int copies = 0;
+    while (start + secretSize <= end) {
+        const iovec here{buffer.data(), std::min(buffer.size(), end - start)};
+        const iovec there{reinterpret_cast<void*>(start), here.iov_len}; // NOLINT(performance-no-int-to-ptr)
+        const ssize_t length = process_vm_readv(getpid(), &here, 1, &there, 1, 0);
+        if (length < static_cast<ssize_t>(secretSize)) {
+            break;
+        }
+        copies += copiesIn(buffer, static_cast<std::size_t>(length));
+        start += static_cast<std::size_t>(length) - secretSize + 1;
+    }
+    std::ranges::fill(buffer, static_cast<unsigned char>(0));
+    return copies;
+}
+
+} // namespace
+
+std::string MemoryScan::hiddenSecret() {
+    std::string secret(secretSize, '\0');
+    for (std::size_t index = 0; index < secretSize; ++index) {
+        secret[index] = static_cast<char>(secretByte(index));
+    }
+    return secret;
+}
+
+int MemoryScan::copiesOfHiddenSecret() {
+    // Sanitizers reserve regions of this size that hold no data of the program.
+    constexpr std::uintptr_t largestRegion = 1U << 30U;
+    std::ifstream maps("/proc/self/maps");
+    int copies = 0;
+    for (std::string line; std::getline(maps, line);) {
+        std::istringstream words(line);
+        std::uintptr_t start = 0;
+        std::uintptr_t end = 0;
+        char dash = 0;
+        std::string permissions;
+        words >> std::hex >> start >> dash >> end >> permissions;
+        if (permissions.starts_with("rw") && end - start < largestRegion) {
+            copies += copiesBetween(start, end);
+        }
+    }
+    return copies;
+}

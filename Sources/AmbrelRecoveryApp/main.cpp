@@ -3,12 +3,15 @@
 #include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
 #include "AmbrelRecoveryApp/TerminationSignals.h"
+#include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
 #include <QApplication>
 
 #include <chrono>
 #include <cstdlib>
+#include <future>
 #include <span>
+#include <system_error>
 
 namespace {
 
@@ -34,6 +37,15 @@ void endWithoutDisplay() {
     }
 }
 
+/// Beside the first picture and not before it: how long it takes depends on what else lies in the temporary directory.
+void removeWhatKilledApplicationsLeft() {
+    try {
+        BackgroundTask::run(PrivateOutputDirectory::removeAbandoned, [](const std::future<void>&) {});
+    } catch (const std::system_error&) {
+        // Without a thread it is left to the next start.
+    }
+}
+
 int runApplication(int argumentCount, char** arguments) {
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));
@@ -44,6 +56,7 @@ int runApplication(int argumentCount, char** arguments) {
         delegate.applicationDidFinishLaunching();
         livingDelegate = &delegate;
         std::atexit(endWithoutDisplay);
+        removeWhatKilledApplicationsLeft();
         QApplication::exec();
         livingDelegate = nullptr;
     }

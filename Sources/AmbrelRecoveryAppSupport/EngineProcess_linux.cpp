@@ -22,6 +22,11 @@
 // Before version 2.37 the C library's header does not say that its functions have C linkage.
 extern "C" {
 #include <sys/pidfd.h>
+
+/// clone() under its other name. The thread sanitizer puts itself before the first one and takes every new process for
+/// a copy of this one, which a process that shares the memory is not.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+int __clone(int (*function)(void*), void* stack, int flags, void* context, ...) noexcept;
 }
 
 namespace {
@@ -97,8 +102,8 @@ int startProcess(Becoming& becoming) {
     alignas(16) std::array<std::byte, 65536> stack;
     int descriptor = -1;
     const SignalBlock block;
-    const int started = clone(becomeEngine, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD,
-                              &becoming, &descriptor);
+    const int started = __clone(becomeEngine, stack.data() + stack.size(),
+                                CLONE_VM | CLONE_VFORK | CLONE_PIDFD | SIGCHLD, &becoming, &descriptor);
     return started < 0 ? -1 : descriptor;
 }
 

@@ -21,7 +21,8 @@
 namespace {
 
 std::filesystem::path temporaryDirectory() {
-    const char* const configured = std::getenv("TMPDIR");
+    // Nothing in the application changes its environment.
+    const char* const configured = std::getenv("TMPDIR"); // NOLINT(concurrency-mt-unsafe)
     return configured != nullptr && *configured != '\0' ? configured : "/tmp";
 }
 

@@ -210,9 +210,9 @@ int kill(pid_t identifier, int signal) noexcept {
     return faulted("kill", -1, [&] { return real(identifier, signal); });
 }
 
-/// Only as this project calls it: with one argument behind the context, where the descriptor goes.
-int clone(int (*function)(void*), void* stack, int flags, void* context, ...) noexcept {
-    static auto* const real = next<int(int (*)(void*), void*, int, void*, ...)>("clone");
+/// Only as this project calls it: under this name, and with one argument behind the context, where the descriptor goes.
+int __clone(int (*function)(void*), void* stack, int flags, void* context, ...) noexcept {
+    static auto* const real = next<int(int (*)(void*), void*, int, void*, ...)>("__clone");
     va_list rest;
     va_start(rest, context);
     int* const descriptor = va_arg(rest, int*);

@@ -11,6 +11,7 @@
 #include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/HeaderView.h"
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Screens/InterfaceFont.h"
 #include "AmbrelRecoveryApp/Screens/JourneyRail.h"
 #include "AmbrelRecoveryApp/Screens/MainContent.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
@@ -63,6 +64,8 @@ QWidget* screenOf(const MainContent& content, RecoveryScreenState::Phase phase) 
 RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
     RecoveryAccessibility::install();
+    // Before the widgets are made, which would otherwise take a new font later.
+    applyInterfaceFont();
     setPalette(darkPalette());
     rail_ = new JourneyRail(this);
     content_ = new MainContent(this);
@@ -156,6 +159,7 @@ void RecoveryRootView::applyContents() {
     if (screen->isHidden()) {
         transition_->begin(content_->geometry());
     }
+    applyInterfaceFont();
     setLayoutDirection(interfaceDirection());
     rail_->apply(journeyRailContent(state_));
     content_->header()->apply(headerContent());

@@ -49,6 +49,8 @@ set(screens_sources
   Screens/HeaderContent.cpp
   Screens/HeaderView.cpp
   Screens/InterfaceDirection.cpp
+  Screens/InterfaceFont.cpp
+  Screens/InterfaceLanguage.cpp
   Screens/JourneyRail.cpp
   Screens/JourneyRailContent.cpp
   Screens/MainContent.cpp

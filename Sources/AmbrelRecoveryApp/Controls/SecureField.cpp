@@ -111,6 +111,7 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     layout->setContentsMargins(horizontalPadding, 0, horizontalPadding, 0);
     layout->addStretch();
     layout->addWidget(capsLockHint_);
+    followLayoutDirection();
     connect(this, &QLineEdit::textChanged, this, &SecureField::followMask);
     connect(this, &QLineEdit::textChanged, this, &SecureField::spaceMask);
 }
@@ -240,6 +241,21 @@ void SecureField::paintEvent(QPaintEvent* event) {
                             hasFocus() ? RecoveryPalette::copper() : RecoveryPalette::line());
     }
     QLineEdit::paintEvent(event);
+}
+
+void SecureField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        followLayoutDirection();
+    }
+}
+
+/// Bullets have no direction of their own, and a line edit takes what has none for written from the left. Only the key
+/// that keyboards have for it tells the line edit otherwise.
+void SecureField::followLayoutDirection() {
+    QKeyEvent direction(QEvent::KeyPress, isRightToLeft() ? Qt::Key_Direction_R : Qt::Key_Direction_L, Qt::NoModifier);
+    QLineEdit::keyPressEvent(&direction);
+    tellCapsLock(!capsLockHint_->isHidden());
 }
 
 /// Takes from the secret what the line edit deleted from the mask: it deletes on its own, and always after its cursor.

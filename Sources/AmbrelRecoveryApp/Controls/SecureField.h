@@ -37,6 +37,7 @@ signals:
     void secretEdited();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +51,7 @@ private:
     using QLineEdit::paste;
     using QLineEdit::setText;
 
+    void followLayoutDirection();
     void tellCapsLock(bool isOn);
     void followCapsLock(const QKeyEvent& event);
     void type(QStringView text);

@@ -4,6 +4,7 @@
 //
 // The pictures are FOLDER/<language>/<number>-<state>.png; without a language, all are drawn.
 
+#include "../Screens/MovingStyle.h"
 #include "../Screens/ScreensTestSupport.h"
 #include "ScreenWalk.h"
 #include "SystemLanguages.h"
@@ -33,6 +34,8 @@ bool draw(const SystemLanguage& language, const QDir& folder, const QSize& size)
 
 int main(int argumentCount, char** arguments) {
     prepareEnvironment();
+    // Without motion: a picture shows a state, and not the way to it.
+    QApplication::setStyle(new MovingStyle(0));
     QApplication application(argumentCount, arguments);
     testing::InitGoogleTest(&argumentCount, arguments);
     const QStringList words = QCoreApplication::arguments().mid(1);

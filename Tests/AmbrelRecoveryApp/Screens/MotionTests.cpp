@@ -3,30 +3,15 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "MovingStyle.h"
 
 #include <QPainter>
-#include <QProxyStyle>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
 constexpr int generousMilliseconds = 60'000;
-
-/// A style of a desktop that wants this much motion.
-class MovingStyle : public QProxyStyle {
-public:
-    explicit MovingStyle(int milliseconds) : milliseconds_(milliseconds) {}
-
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* result) const override {
-        return hint == SH_Widget_Animation_Duration ? milliseconds_
-                                                    : QProxyStyle::styleHint(hint, option, widget, result);
-    }
-
-private:
-    const int milliseconds_;
-};
 
 /// A widget of one colour.
 class Plain : public QWidget {

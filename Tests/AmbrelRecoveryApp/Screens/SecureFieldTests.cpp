@@ -54,6 +54,27 @@ TEST_F(SecureFieldTests, holdsWhatIsTypedAndShowsOnlyAMask) {
     EXPECT_EQ(field.echoMode(), QLineEdit::Password);
 }
 
+TEST_F(SecureFieldTests, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {
+    const auto caret = [this] {
+        // A line edit places its text when it is painted.
+        field.grab();
+        return field.inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().x();
+    };
+    const auto marginal = field.width() / 4.0;
+    type(QStringLiteral("abc"));
+    const QString mask = static_cast<QLineEdit&>(field).text();
+    EXPECT_LT(caret(), marginal);
+    field.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_GT(caret(), field.width() - marginal);
+    const qreal end = caret();
+    press(Qt::Key_Home);
+    EXPECT_GT(caret(), end);
+    EXPECT_EQ(static_cast<QLineEdit&>(field).text(), mask);
+    EXPECT_EQ(secret(), QStringLiteral("abc"));
+    field.setLayoutDirection(Qt::LeftToRight);
+    EXPECT_LT(caret(), marginal);
+}
+
 TEST_F(SecureFieldTests, tellsInputMethodsNotToLearn) {
     const Qt::InputMethodHints hints = field.inputMethodHints();
     EXPECT_TRUE(hints.testFlag(Qt::ImhHiddenText));

@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 
-#include <QGuiApplication>
-
 QFont recoveryFont(int size, QFont::Weight weight, qreal tracking) {
-    QFont font = QGuiApplication::font();
+    // The application's font, but not a copy of it: a widget follows the application in everything that is not set
+    // here.
+    QFont font;
     font.setPixelSize(size);
     font.setWeight(weight);
     // Hinting moves glyphs to whole pixels, which makes the widths of texts depend on the scale of the display.

@@ -10,6 +10,6 @@ QStringList interfaceFontFamilies(const QString& familyOfTheDesktop, AmbrelInter
 
 /// Gives the application's font the family that stands in for it where it lacks the script of the interface's language:
 /// of one Han character, Chinese, Japanese and Korean readers expect different forms. A font of the desktop that has
-/// the script keeps it, and a family that is not installed changes nothing. Widgets follow at once. Main thread, with
-/// an application object.
+/// the script keeps it, and a family that is not installed changes nothing. Widgets follow with the next events. Main
+/// thread, with an application object.
 void applyInterfaceFont();

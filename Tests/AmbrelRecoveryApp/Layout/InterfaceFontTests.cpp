@@ -76,8 +76,11 @@ TEST_F(InterfaceFontTests, leavesTheFontOfTheDesktopAloneAgainInOtherLanguages) 
 TEST_F(InterfaceFontTests, widgetsFollowALaterChangeOfTheLanguage) {
     QLabel label;
     label.setFont(recoveryFont(16, QFont::DemiBold));
+    label.show();
     familyIn("zh-Hans", "zh_CN.UTF-8", boneCharacter);
+    QCoreApplication::processEvents();
     EXPECT_EQ(familyOf(boneCharacter, label.font()), QStringLiteral("Noto Sans CJK SC"));
+    EXPECT_TRUE(label.font().families().contains(QStringLiteral("Noto Sans CJK SC")));
     EXPECT_EQ(label.font().pixelSize(), 16);
     EXPECT_EQ(label.font().weight(), QFont::DemiBold);
 }

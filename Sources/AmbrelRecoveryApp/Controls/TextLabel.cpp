@@ -2,7 +2,9 @@
 
 #include "AmbrelRecoveryApp/Controls/ParagraphDirection.h"
 
+#include <QGlyphRun>
 #include <QPainter>
+#include <QRawFont>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -13,8 +15,40 @@ namespace {
 /// Wide enough for any text on one line.
 constexpr qreal unlimitedWidth = 1e6;
 
-/// Breaks the text of `layout` into lines of `width` with at least `linePitch` between them. Gives the height.
+/// Where the letters of a line really are.
+QRectF inkOf(const QTextLine& line) {
+    QRectF ink;
+    for (const QGlyphRun& run : line.glyphRuns()) {
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype index = 0; index < glyphs.size(); ++index) {
+            ink |= run.rawFont().boundingRect(glyphs[index]).translated(positions[index]);
+        }
+    }
+    return ink;
+}
+
+/// Makes room for letters that are higher than the place of their line, such as those with marks above one another.
+/// Gives the new height.
+qreal uncut(const QTextLayout& layout, qreal height) {
+    if (layout.lineCount() == 0) {
+        return height;
+    }
+    const qreal above = std::ceil(std::max(0.0, -inkOf(layout.lineAt(0)).top()));
+    const qreal below = std::ceil(std::max(0.0, inkOf(layout.lineAt(layout.lineCount() - 1)).bottom() - height));
+    for (int index = 0; above > 0 && index < layout.lineCount(); ++index) {
+        QTextLine line = layout.lineAt(index);
+        line.setPosition(line.position() + QPointF(0, above));
+    }
+    return above + height + below;
+}
+
+/// Breaks the text of `layout` into lines of `width` that are `linePitch` apart, or as far as their letters ask for
+/// where it is 0. Gives the height.
 qreal breakIntoLines(QTextLayout& layout, qreal width, qreal linePitch) {
+    const QFontMetricsF metrics(layout.font());
+    // The font's own letters stand in the middle; those that it borrows from a taller font share their baseline.
+    const qreal baseline = (linePitch - metrics.height()) / 2 + metrics.ascent();
     qreal height = 0;
     layout.beginLayout();
     while (true) {
@@ -23,12 +57,16 @@ qreal breakIntoLines(QTextLayout& layout, qreal width, qreal linePitch) {
             break;
         }
         line.setLineWidth(width);
-        const qreal pitch = std::max(linePitch, line.height());
-        line.setPosition({0, height + (pitch - line.height()) / 2});
-        height += pitch;
+        if (linePitch > 0) {
+            line.setPosition({0, height + baseline - line.ascent()});
+            height += linePitch;
+        } else {
+            line.setPosition({0, height});
+            height += std::round(line.ascent()) + std::round(line.descent());
+        }
     }
     layout.endLayout();
-    return height;
+    return uncut(layout, height);
 }
 
 QTextOption wrapping(Qt::LayoutDirection direction) {

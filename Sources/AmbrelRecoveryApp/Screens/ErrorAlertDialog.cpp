@@ -18,7 +18,7 @@ constexpr int buttonHeight = 40;
 } // namespace
 
 ErrorAlertDialog::ErrorAlertDialog(QWidget* parent)
-    : QDialog(parent), title_(new TextLabel(recoveryFont(16, QFont::DemiBold), RecoveryPalette::primary(), this, 20)),
+    : QDialog(parent), title_(new TextLabel(recoveryFont(16, QFont::DemiBold), RecoveryPalette::primary(), this)),
       body_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::secondary(), this, 19)),
       okay_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setWindowFlags(Qt::Widget);

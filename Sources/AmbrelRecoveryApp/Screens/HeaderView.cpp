@@ -4,13 +4,13 @@
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
-#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace {
 
 constexpr int bodySize = 16;
 constexpr int bodyLinePitch = 23;
-constexpr int bodyTrailingInset = 30;
+constexpr int bodyWidth = 600;
 
 } // namespace
 
@@ -25,10 +25,8 @@ HeaderView::HeaderView(QWidget* parent)
     layout->addSpacing(4);
     layout->addWidget(title_);
     layout->addSpacing(7);
-    auto* const bodyRow = new QHBoxLayout;
-    bodyRow->addWidget(body_);
-    bodyRow->addSpacing(bodyTrailingInset);
-    layout->addLayout(bodyRow);
+    body_->setMaximumWidth(bodyWidth);
+    layout->addWidget(body_);
 }
 
 void HeaderView::apply(const HeaderContent& content) {

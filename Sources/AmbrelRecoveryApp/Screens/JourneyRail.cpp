@@ -16,7 +16,7 @@ namespace {
 constexpr int railWidth = 236;
 constexpr int borderWidth = 1;
 constexpr int leadingPadding = 22;
-constexpr int trailingPadding = 24;
+constexpr int trailingPadding = 22;
 constexpr int topPadding = 52;
 constexpr int bottomPadding = 28;
 

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int linePitch = 16;
-
 QFont titleFont(bool isActive) {
     return recoveryFont(13, isActive ? QFont::DemiBold : QFont::Normal);
 }
@@ -20,7 +18,7 @@ QFont titleFont(bool isActive) {
 
 RailStep::RailStep(QWidget* parent)
     : QWidget(parent), mark_(new StepMark(this)),
-      title_(new TextLabel(titleFont(false), RecoveryPalette::muted(), this, linePitch)) {
+      title_(new TextLabel(titleFont(false), RecoveryPalette::muted(), this)) {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(5);

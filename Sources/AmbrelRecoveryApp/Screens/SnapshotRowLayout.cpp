@@ -19,10 +19,7 @@ constexpr int factsSize = 12;
 constexpr int payloadSize = 12;
 constexpr int markSize = 22;
 constexpr int markSpacing = 15;
-constexpr int lineSpacing = 6;
-/// Above the texts and below them, where letters without descenders leave space.
-constexpr int topInset = inset;
-constexpr int bottomInset = inset - 2;
+constexpr int lineSpacing = 4;
 constexpr int payloadSymbolSize = 16;
 constexpr int payloadSpacing = 7;
 
@@ -43,7 +40,7 @@ QSize sizeOf(const QString& text, const QFont& font) {
     QSizeF size(0, QFontMetricsF(font).height());
     if (line.isValid()) {
         line.setLineWidth(unlimitedWidth);
-        size = {line.naturalTextWidth(), line.height()};
+        size = {line.naturalTextWidth(), std::round(line.ascent()) + std::round(line.descent())};
     }
     layout.endLayout();
     return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
@@ -92,8 +89,8 @@ SnapshotRowLayout SnapshotRowLayout::of(const SnapshotRowContent& content, const
 
     const int leading = row.left() + inset + markSize + markSpacing;
     const int width = symbolLeft - markSpacing - leading;
-    const int texts = row.height() - topInset - bottomInset - lineSpacing;
-    const int dateTop = row.top() + topInset;
+    const int texts = row.height() - 2 * inset - lineSpacing;
+    const int dateTop = row.top() + inset;
     const int dateHeight = sizeOf(content.date, dateFont()).height();
     return {
         .mark = centered(row.left() + inset, markSize),
@@ -106,6 +103,6 @@ SnapshotRowLayout SnapshotRowLayout::of(const SnapshotRowContent& content, const
 }
 
 int SnapshotRowLayout::heightOf(const SnapshotRowContent& content, Qt::LayoutDirection direction) {
-    return topInset + bottomInset + sizeOf(content.date, dateFont()).height() + lineSpacing +
+    return 2 * inset + sizeOf(content.date, dateFont()).height() + lineSpacing +
            sizeOf(drawnFacts(content, direction), factsFont()).height();
 }

@@ -19,6 +19,23 @@ if(AMBREL_SANITIZER)
   target_link_options(AmbrelOptions INTERFACE -fsanitize=${AMBREL_SANITIZER})
 endif()
 
+include(AmbrelHardening)
+target_link_libraries(AmbrelOptions INTERFACE AmbrelHardening)
+
+# ambrel_split_debug_information(TARGET): a program of an optimised build keeps the names of its functions, for backtraces;
+# lines and types go to DebugInformation/TARGET.debug in the build, where a debugger is told to look for them.
+function(ambrel_split_debug_information target)
+  if(NOT CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")
+    return()
+  endif()
+  set(folder ${CMAKE_BINARY_DIR}/DebugInformation)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${folder}/${target}.debug
+    COMMAND ${CMAKE_OBJCOPY} --strip-debug --add-gnu-debuglink=${folder}/${target}.debug $<TARGET_FILE:${target}>
+    VERBATIM)
+endfunction()
+
 # ambrel_add_test(NAME SOURCES file... [LIBRARIES target...] [LABELS label...])
 # A GoogleTest program whose cases are known to CTest one by one.
 # The programs with tests labelled "concurrency" are built by the target ConcurrencyTests.

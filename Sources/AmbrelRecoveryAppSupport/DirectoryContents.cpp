@@ -41,7 +41,8 @@ void removeContents(int directory, int level) {
         if (std::string_view(name) == "." || std::string_view(name) == ".." || unlinkat(directory, name, 0) == 0) {
             continue;
         }
-        fchmodat(directory, name, S_IRWXU, AT_SYMLINK_NOFOLLOW);
+        // Where this fails and was needed, the removal fails as well, and that is what counts.
+        [[maybe_unused]] const int failure = fchmodat(directory, name, S_IRWXU, AT_SYMLINK_NOFOLLOW);
         const UniqueDescriptor folder(
             retryInterrupted([=] { return openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
         if (folder && level < deepestLevel) {

@@ -6,7 +6,9 @@ from waiting import wait_for
 
 
 class RecoveryApplication(Application):
-    def __init__(self, desktop, installation, environment, directory):
+    def __init__(self, desktop, installation, environment, directory, packages):
+        """`packages` watches over every package that is chosen."""
+        self._packages = packages
         self.catalogue = installation.catalogue
         super().__init__(desktop, installation, environment, directory)
 
@@ -34,6 +36,8 @@ class RecoveryApplication(Application):
 
     def answer_panel(self, title, path, by_keyboard=False):
         """Enters a path into a file panel, key by key where that is what the test is about, and confirms it."""
+        if title == self.catalogue["recovery.choose-package.action"]:
+            self._packages.watch(path)
         field = self.panel_name_field(title)
         self.focus(title, field)
         if by_keyboard:

@@ -9,7 +9,7 @@ import unittest
 from display import Desktop
 from engines import ScriptedEngine
 from installation import Installation, environment_of
-from package_digest import digest
+from package_guard import PackageGuard
 from recovery_application import RecoveryApplication
 import processes
 
@@ -19,8 +19,8 @@ BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
 class RecoveryTestCase(unittest.TestCase):
     """One desktop for all tests of a class; for each test a copy of the application and a folder that is checked.
 
-    After each test the temporary directory is empty, no process is left, and every package that was guarded is as it
-    was before.
+    After each test the temporary directory is empty, nothing but the settings was written into the home directory, no
+    process is left, and every package that was chosen is as it was before, whatever happened in the test.
     """
 
     maxDiff = None
@@ -37,12 +37,14 @@ class RecoveryTestCase(unittest.TestCase):
         self.installation = Installation(BUILT_APPLICATION, self.scratch / "Ambrel Recovery")
         self.catalogue = self.installation.catalogue
         self.desktop.file_manager.calls.clear()
-        self._guarded = {}
+        self.packages = PackageGuard()
+        self.addCleanup(lambda: self.assertEqual([], self.packages.changes(), "a package was changed"))
 
     def start(self, **environment):
         """Starts the application and checks at the end of the test that nothing of it is left."""
         self.environment = environment_of(self.desktop, self.scratch, **environment)
-        application = RecoveryApplication(self.desktop, self.installation, self.environment, self.scratch)
+        application = RecoveryApplication(self.desktop, self.installation, self.environment, self.scratch,
+                                          self.packages)
         self.addCleanup(self._end, application)
         return application
 
@@ -52,15 +54,17 @@ class RecoveryTestCase(unittest.TestCase):
         processes.end_all(left)
         self.assertEqual(set(), left, "processes were left")
         self.assertEqual([], self.temporary_files(), "files were left in the temporary directory")
-        for package, before in self._guarded.items():
-            self.assertEqual(before, digest(package), f"{package} was changed")
+        self.assertEqual([], self.files_at_home(), "files were written into the home directory")
 
     def temporary_files(self):
         return sorted(os.listdir(self.scratch / "temporary"))
 
-    def guard(self, package):
-        """Has it checked at the end of the test that a package is as it is now."""
-        self._guarded[package] = digest(package)
+    def files_at_home(self):
+        """What is in the home directory besides the settings and what the font library caches."""
+        home = self.scratch / "home"
+        expected = (".config/Ambrel/Recovery.conf", ".cache/fontconfig/")
+        names = [str(path.relative_to(home)) for path in sorted(home.rglob("*")) if not path.is_dir()]
+        return [name for name in names if not name.startswith(expected)]
 
     def scripted_engine(self, **behaviour):
         """Puts a scripted engine into the application's place for it."""
@@ -73,7 +77,7 @@ class RecoveryTestCase(unittest.TestCase):
         package = self.scratch / name
         package.mkdir()
         (package / "some file").write_bytes(b"not for the application to read")
-        self.guard(package)
+        self.packages.watch(package)
         return package
 
     def assert_alert(self, application, kind):

@@ -17,7 +17,6 @@ class BadPackages(RecoveryTestCase):
         return dataclasses.replace(made, package=package)
 
     def inspect(self, made):
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.inspect(made.passphrase)
@@ -32,7 +31,6 @@ class BadPackages(RecoveryTestCase):
 
     def test_a_wrong_recovery_key(self):
         made = self.copy_of("ordinary")
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.choose_factor("recovery-key")
@@ -71,10 +69,11 @@ class BadPackages(RecoveryTestCase):
         made = self.copy_of("ordinary")
         application = self.start()
         application.choose_package(made.package)
-        made.package.rename(self.scratch / "elsewhere")
-        application.inspect(made.passphrase)
-        self.assert_alert(application, "unavailable")
-        (self.scratch / "elsewhere").rename(made.package)
+        with self.packages.undoing(made.package):
+            made.package.rename(self.scratch / "elsewhere")
+            application.inspect(made.passphrase)
+            self.assert_alert(application, "unavailable")
+            (self.scratch / "elsewhere").rename(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
@@ -83,10 +82,11 @@ class BadPackages(RecoveryTestCase):
         application = self.start()
         application.choose_package(made.package)
         mode = made.package.stat().st_mode
-        made.package.chmod(0)
-        application.inspect(made.passphrase)
-        self.assert_alert(application, "unavailable")
-        made.package.chmod(mode)
+        with self.packages.undoing(made.package):
+            made.package.chmod(0)
+            application.inspect(made.passphrase)
+            self.assert_alert(application, "unavailable")
+            made.package.chmod(mode)
 
     def test_what_is_no_package_is_refused_when_it_is_chosen(self):
         folder = self.scratch / "Photos"

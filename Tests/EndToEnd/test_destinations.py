@@ -15,7 +15,6 @@ class Destinations(RecoveryTestCase):
         made = sample("ordinary")
         self.package = self.scratch / made.package.name
         shutil.copytree(made.package, self.package)
-        self.guard(self.package)
         self.application = self.start()
         self.application.choose_package(self.package)
         self.application.inspect(made.passphrase)

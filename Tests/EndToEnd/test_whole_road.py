@@ -33,7 +33,6 @@ class WholeRoad(RecoveryTestCase):
 
     def test_with_the_recovery_key_typed_carelessly(self):
         made = sample("ordinary")
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.choose_factor("recovery-key")
@@ -43,7 +42,6 @@ class WholeRoad(RecoveryTestCase):
 
     def test_an_older_snapshot(self):
         made = sample("ordinary")
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.inspect(made.passphrase)
@@ -56,7 +54,6 @@ class WholeRoad(RecoveryTestCase):
 
     def test_a_fork_is_told_and_each_history_can_be_exported(self):
         made = sample("forked")
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.inspect(made.passphrase)
@@ -67,7 +64,6 @@ class WholeRoad(RecoveryTestCase):
 
     def test_showing_the_folder_and_going_on_with_another_package(self):
         made = sample("ordinary")
-        self.guard(made.package)
         application = self.start()
         application.choose_package(made.package)
         application.inspect(made.passphrase)

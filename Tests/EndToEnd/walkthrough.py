@@ -14,7 +14,8 @@ import tempfile
 from display import Desktop
 from engines import gated
 from installation import Installation, environment_of
-from package_digest import contents, digest
+from package_digest import contents
+from package_guard import PackageGuard
 from recovery_application import RecoveryApplication
 from samples import Sample, sample
 from waiting import wait_for
@@ -89,9 +90,10 @@ class Walkthrough:
 
 def walk(desktop, application_directory, ordinary, forked, pictures, scratch):
     """The whole walk. Raises AssertionError where something is not as it should be."""
-    before = digest(ordinary.package)
+    packages = PackageGuard()
     installation = Installation(application_directory, scratch / "AmbrelRecovery")
-    application = RecoveryApplication(desktop, installation, environment_of(desktop, scratch), scratch)
+    application = RecoveryApplication(desktop, installation, environment_of(desktop, scratch), scratch,
+                                      packages)
     try:
         walkthrough = Walkthrough(application, installation, scratch, pictures)
         exported = walkthrough.road(ordinary)
@@ -99,7 +101,7 @@ def walk(desktop, application_directory, ordinary, forked, pictures, scratch):
         walkthrough.fork(forked)
     finally:
         application.stop()
-    assert digest(ordinary.package) == before, "the package was changed"
+    assert not packages.changes(), f"a package was changed: {packages.changes()}"
     originals, recovered = contents(ordinary.originals), contents(exported)
     assert sorted(recovered.values()) == sorted(originals.values()), "exported files differ from the originals"
     assert not os.listdir(scratch / "temporary"), "files were left in the temporary directory"

@@ -8,13 +8,18 @@ namespace fs = std::filesystem;
 
 namespace {
 
+std::string timeText(const timespec& time) {
+    return std::to_string(time.tv_sec) + "." + std::to_string(time.tv_nsec);
+}
+
 std::string describe(const fs::path& path) {
     struct stat status = {};
     if (::lstat(path.c_str(), &status) != 0) {
         return "gone";
     }
-    std::string text = std::to_string(status.st_mode) + " " + std::to_string(status.st_mtim.tv_sec) + "." +
-                       std::to_string(status.st_mtim.tv_nsec);
+    std::string text = std::to_string(status.st_mode) + " " + std::to_string(status.st_uid) + ":" +
+                       std::to_string(status.st_gid) + " " + std::to_string(status.st_ino) + " " +
+                       timeText(status.st_mtim) + " " + timeText(status.st_ctim);
     if (S_ISLNK(status.st_mode)) {
         text += " -> " + fs::read_symlink(path).string();
     } else if (S_ISREG(status.st_mode)) {

@@ -44,6 +44,15 @@ TEST_F(StoppingTest, AStoppedExportEndsByTheSignalAndLeavesNothing) {
     }
 }
 
+TEST_F(StoppingTest, AKilledExportIsNoExport) {
+    FolderWatch watch(folder_.path());
+    Program program(STAND_IN_ENGINE, arguments_, setup());
+    watch.waitFor(".partial");
+    program.kill(SIGKILL);
+    EXPECT_EQ(SIGKILL, program.wait().signal);
+    EXPECT_FALSE(std::filesystem::exists(destination()));
+}
+
 TEST_F(StoppingTest, AStopIsHeardAlsoWhileNobodyReadsTheReport) {
     FolderWatch watch(folder_.path());
     Program program(STAND_IN_ENGINE, arguments_, setup());

@@ -1,4 +1,5 @@
-"""Looks into built programs and their object files for what makes a mistake in memory harder to exploit.
+"""Looks into built programs and their object files for what makes a mistake in memory harder to exploit, and for ways
+to a network.
 
 Usage: hardened_program.py PROGRAM-LIST OBJECT-LIST COMPILE-COMMANDS
 
@@ -15,6 +16,10 @@ import sys
 
 # The C library's functions that check the size of a buffer.
 _CHECKED_FUNCTION = re.compile(r"\b__\w+_chk\b")
+# What a program calls that talks over a network, and the libraries that would do it for it.
+_NETWORK_FUNCTIONS = {"socket", "connect", "bind", "listen", "accept", "accept4", "sendto", "getaddrinfo",
+                      "gethostbyname"}
+_NETWORK_LIBRARIES = re.compile(r"lib(Qt6Network|Qt6WebSockets|curl|soup|ssl|gnutls|resolv)\b")
 # What does not show in every file, since not every file has a place for it.
 _OPTIONS = ["-D_FORTIFY_SOURCE=3", "-D_GLIBCXX_ASSERTIONS", "-fstack-protector-strong", "-fstack-clash-protection"]
 _LANDING_PADS = {"Advanced Micro Devices X86-64": {"IBT", "SHSTK"}, "AArch64": {"BTI", "PAC"}}
@@ -58,6 +63,11 @@ def _library_paths(path):
     return [folder for line in found for folder in line.split(":")]
 
 
+def _needed(path):
+    """The libraries that a program names."""
+    return re.findall(r"\(NEEDED\).*\[(.*)\]", _readelf(path, "--dynamic"))
+
+
 def _inside(folder):
     """Whether a folder for libraries is the program's own or below it."""
     return re.match(r"\$(ORIGIN|\{ORIGIN\})(/|$)", folder) is not None and ".." not in folder.split("/")
@@ -76,6 +86,8 @@ def missing_in_program(path):
         "memory is writable and executable": not any({"W", "E"} <= set(flags) for flags in segments.values()),
         "the stack is not guarded (__stack_chk_fail)": "__stack_chk_fail" in imports,
         "return addresses are not checked (SHSTK)": _RETURN_CHECKS[_machine(path)] <= _features(path),
+        "it can reach for the network": not _NETWORK_FUNCTIONS & imports
+                                        and not any(map(_NETWORK_LIBRARIES.match, _needed(path))),
         "libraries are looked for outside of its folder": all(map(_inside, _library_paths(path))),
     }.items() if not present]
 

@@ -16,8 +16,12 @@ SOURCE = """
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <sys/socket.h>
 #include <unistd.h>
 int main(int count, char** arguments) {
+#ifdef TALKS
+    count += ::socket(AF_INET, SOCK_STREAM, 0);
+#endif
     char text[64];
     std::strcpy(text, arguments[count - 1]);
     std::puts(text);
@@ -45,11 +49,11 @@ class HardenedProgram(unittest.TestCase):
         source = self.folder / "program.cpp"
         source.write_text(SOURCE, encoding="utf-8")
         replaced = {option: instead.get(option, option) for option in [*COMPILING, *LINKING]}
-        compiling = [replaced[option] for option in COMPILING]
-        linking = [replaced[option] for option in LINKING]
+        compiling = [word for option in COMPILING for word in replaced[option].split()]
+        linking = [word for option in LINKING for word in replaced[option].split()]
         for command in (["-U_FORTIFY_SOURCE", *compiling, "-c", source, "-o", self.object],
                         [self.object, *linking, "-o", self.program]):
-            subprocess.run([COMPILER, *filter(None, command)], check=True)
+            subprocess.run([COMPILER, *command], check=True)
 
     def assert_missing(self, text, **instead):
         self.build(**instead)
@@ -111,6 +115,15 @@ class HardenedProgram(unittest.TestCase):
                 self.build(**{"-fcf-protection=full": f"-fcf-protection={protection}"})
                 self.assertEqual([f"control flow is not protected ({missing})"],
                                  hardened_program.missing_in_object(self.object))
+
+    def test_a_call_to_the_network(self):
+        self.assert_missing("it can reach for the network", **{"-O2": "-O2 -DTALKS"})
+
+    def test_a_library_for_the_network(self):
+        library = self.folder / "libcurl.so.4"
+        subprocess.run([COMPILER, "-shared", "-x", "c++", "/dev/null", f"-Wl,-soname,{library.name}", "-o", library],
+                       check=True)
+        self.assert_missing("it can reach for the network", **{"-pie": f"-pie -Wl,--no-as-needed {library}"})
 
     def test_libraries_from_elsewhere(self):
         for folder in ("/usr/local/lib", "lib", "", "$ORIGIN/../lib", "$ORIGIN/lib:/tmp"):

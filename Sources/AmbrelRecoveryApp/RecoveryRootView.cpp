@@ -231,11 +231,10 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
 
 void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (!isPlain || state_.presentedError) {
-        QWidget::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    const bool isForTheScreen = isPlain && !state_.presentedError;
+    if (isForTheScreen && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         pressMainButton();
-    } else if (event->key() == Qt::Key_Escape && model_.isBusy()) {
+    } else if (isForTheScreen && event->key() == Qt::Key_Escape && model_.isBusy()) {
         model_.cancelOperation();
     } else {
         QWidget::keyPressEvent(event);

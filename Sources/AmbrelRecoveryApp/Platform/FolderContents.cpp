@@ -95,7 +95,8 @@ std::optional<FolderContents> FolderContents::read(const std::filesystem::path& 
         return std::nullopt;
     }
     FolderContents contents;
-    while (const dirent* const entry = readdir(directory.get())) {
+    // The stream is this function's own; no other thread reads it.
+    while (const dirent* const entry = readdir(directory.get())) { // NOLINT(concurrency-mt-unsafe)
         if (stopToken.stop_requested()) {
             return std::nullopt;
         }

@@ -10,11 +10,15 @@
 // Not taken: the C library's own setting for this, mallopt(M_PERTURB). It passes over the blocks that a thread keeps
 // for itself, which are most, and spares the last eight bytes of the others.
 
+#include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
 #include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 // The C library's own functions under the names that stay theirs.
 // NOLINTBEGIN(bugprone-reserved-identifier): the names are the C library's.
@@ -22,9 +26,41 @@ extern "C" void __libc_free(void* block);
 extern "C" void* __libc_realloc(void* block, std::size_t size);
 // NOLINTEND(bugprone-reserved-identifier)
 
+namespace {
+
+/// From this size on, whole pages go back to the system, which hands them out again filled with zeros. Overwriting them
+/// would make resident what was never used, and some blocks are reserved many times larger than what is put into them:
+/// the parser of the documents takes eight bytes for each byte of text. In a smaller block that is no matter, and
+/// overwriting it costs less than having its pages brought back one by one.
+constexpr std::size_t leastReturned = std::size_t{1} << 20;
+
+/// Gives the whole pages of the block back. False where the system refuses, as it does for locked pages.
+bool returnPages(std::byte* first, std::size_t size) {
+    const int error = errno;
+    const bool returned = madvise(first, size, MADV_DONTNEED) == 0;
+    errno = error;
+    return returned;
+}
+
+void wipe(std::byte* start, std::size_t size) {
+    if (size >= leastReturned) {
+        const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+        const std::size_t before = -reinterpret_cast<std::uintptr_t>(start) % page;
+        const std::size_t after = (size - before) % page;
+        if (returnPages(start + before, size - before - after)) {
+            explicit_bzero(start, before);
+            explicit_bzero(start + size - after, after);
+            return;
+        }
+    }
+    explicit_bzero(start, size);
+}
+
+} // namespace
+
 extern "C" void free(void* block) noexcept {
     // Also what the allocator rounded up: the block of whoever had it before may have reached that far.
-    explicit_bzero(block, malloc_usable_size(block));
+    wipe(static_cast<std::byte*>(block), malloc_usable_size(block));
     __libc_free(block);
 }
 
@@ -35,7 +71,7 @@ extern "C" void* realloc(void* block, std::size_t size) noexcept {
     const std::size_t held = malloc_usable_size(block);
     if (size <= held) {
         // The block stays where it is, but its end may be given back, and of size 0 the whole.
-        explicit_bzero(static_cast<std::byte*>(block) + size, held - size);
+        wipe(static_cast<std::byte*>(block) + size, held - size);
         return __libc_realloc(block, size);
     }
     void* const larger = malloc(size);

@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <limits>
 #include <span>
 #include <string>
 
 #include <malloc.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -44,6 +48,47 @@ std::ptrdiff_t marksInNextBlock(std::size_t size) {
     return count;
 }
 
+constexpr std::size_t hugeSize = std::size_t{512} << 20;
+constexpr std::size_t mebibyte = std::size_t{1} << 20;
+
+/// The most memory that was resident since the last call of forgetPeak(), in bytes.
+std::size_t peakOfResidentMemory() {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        std::size_t kibibytes = 0;
+        if (word == "VmHWM:" && status >> kibibytes) {
+            return kibibytes * 1024;
+        }
+    }
+    ADD_FAILURE() << "the peak is not known";
+    return 0;
+}
+
+void forgetPeak() {
+    std::ofstream file("/proc/self/clear_refs");
+    file << "5" << std::flush;
+    EXPECT_TRUE(file.good());
+}
+
+/// Blocks so large that their pages go back to the system, of sizes that end in different places of a page. They come
+/// from the heap, like small ones, and stay in it when they are given back.
+class WipingAllocatorLargeBlockTests : public testing::TestWithParam<std::size_t> {
+protected:
+    static void SetUpTestSuite() {
+        ASSERT_EQ(mallopt(M_MMAP_MAX, 0), 1);
+        ASSERT_EQ(mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max()), 1);
+    }
+    static void TearDownTestSuite() {
+        constexpr int ordinaryCount = 65536;
+        constexpr int ordinaryThreshold = 128 << 10;
+        ASSERT_EQ(mallopt(M_MMAP_MAX, ordinaryCount), 1);
+        ASSERT_EQ(mallopt(M_TRIM_THRESHOLD, ordinaryThreshold), 1);
+    }
+
+    const std::size_t size_ = GetParam();
+    void* const block_ = markedBlock(size_);
+};
+
 } // namespace
 
 TEST(WipingAllocatorTests, wipesWhatIsGivenBack) {
@@ -73,6 +118,50 @@ TEST(WipingAllocatorTests, wipesTheEndOfABlockThatShrinks) {
     EXPECT_EQ(std::ranges::count(wholeBlock(block).subspan(1000), mark), 0);
     EXPECT_EQ(marksInNextBlock(3000), 0);
     std::free(block);
+}
+
+INSTANTIATE_TEST_SUITE_P(, WipingAllocatorLargeBlockTests, testing::Values(5'000'001, 5'001'001, 5'002'001, 5'003'001));
+
+TEST_P(WipingAllocatorLargeBlockTests, areWipedFromEndToEnd) {
+    std::free(block_);
+    void* const next = unknownToCompiler(std::malloc(size_));
+    ASSERT_EQ(next, block_);
+    EXPECT_EQ(std::ranges::count(wholeBlock(next).subspan(notes), mark), 0);
+    std::free(next);
+}
+
+TEST_P(WipingAllocatorLargeBlockTests, keepTheirBeginningWhenTheyShrink) {
+    constexpr std::size_t kept = 100'001;
+    void* const smaller = std::realloc(block_, kept);
+    ASSERT_EQ(smaller, block_);
+    EXPECT_EQ(std::ranges::count(wholeBlock(smaller).first(kept), mark), static_cast<std::ptrdiff_t>(kept));
+    EXPECT_EQ(std::ranges::count(wholeBlock(smaller).subspan(kept), mark), 0);
+    EXPECT_EQ(marksInNextBlock(size_ - 2 * kept), 0);
+    std::free(smaller);
+}
+
+TEST_P(WipingAllocatorLargeBlockTests, areWipedAlsoWhereTheirPagesAreLocked) {
+    if (mlock(block_, size_) != 0) {
+        GTEST_SKIP() << "this user may not lock so much memory";
+    }
+    errno = EDOM;
+    std::free(block_);
+    EXPECT_EQ(errno, EDOM);
+    void* const next = unknownToCompiler(std::malloc(size_));
+    ASSERT_EQ(next, block_);
+    EXPECT_EQ(std::ranges::count(wholeBlock(next).subspan(notes), mark), 0);
+    EXPECT_EQ(munlock(next, size_), 0);
+    std::free(next);
+}
+
+TEST(WipingAllocatorTests, makesNothingResidentThatWasNeverUsed) {
+    forgetPeak();
+    const std::size_t before = peakOfResidentMemory();
+    void* const block = unknownToCompiler(std::malloc(hugeSize));
+    std::ranges::fill(wholeBlock(block).first(mebibyte), mark);
+    void* const smaller = unknownToCompiler(std::realloc(block, hugeSize / 2));
+    std::free(smaller);
+    EXPECT_LT(peakOfResidentMemory(), before + 32 * mebibyte);
 }
 
 TEST(WipingAllocatorTests, growsFromNothing) {

@@ -108,6 +108,8 @@ class EngineFailures(RecoveryTestCase):
         for name, behaviour in {
                 "no document": "exit 0",
                 "the other document": prints(inspection()),
+                "the other document's identifier": prints(
+                    export_report(schemaIdentifier="com.ambrel.recovery.cli-inspection.v1")),
                 "a missing count": prints(export_report(failedResourceCount=None)),
                 "a fraction": prints(export_report(recoveredItemCount=1.5)),
                 "a crash": dies(signal.SIGBUS)}.items():
@@ -118,6 +120,16 @@ class EngineFailures(RecoveryTestCase):
         self.engine.behave()
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()
+
+    def test_an_export_that_lacks_files_is_complete(self):
+        application = self.start_with_package()
+        application.inspect("secret")
+        application.wait_for_snapshots()
+        self.engine.behave(export=prints(export_report(recovered=0, status="incomplete", failedResourceCount=3)))
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        application.wait_for_text(self.catalogue["files-export.exported"] + ": 0")
+        self.assertIsNone(application.alert())
 
     def test_an_engine_that_closes_its_input_at_once(self):
         application = self.start_with_package()

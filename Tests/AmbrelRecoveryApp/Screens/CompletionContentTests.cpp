@@ -29,6 +29,18 @@ TEST(CompletionContentTests, withoutAReportOnlyTheLineIsAbsent) {
     EXPECT_FALSE(content.startAgainLabel.isEmpty());
 }
 
+TEST(CompletionContentTests, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) {
+    RecoveryScreenState state = stateIn(Phase::complete);
+    state.exportResult.emplace();
+    EXPECT_EQ(completionContent(state).exported, QStringLiteral("Exported: 0"));
+    {
+        const ScopedLanguage german("de", "de_DE.UTF-8");
+        EXPECT_EQ(completionContent(state).exported, QStringLiteral("Exportiert: 0"));
+    }
+    const ScopedLanguage arabic("ar", "ar_EG.UTF-8");
+    EXPECT_EQ(completionContent(state).exported, QStringLiteral("العناصر المصدَّرة: ٠"));
+}
+
 TEST(CompletionContentTests, followsTheLanguage) {
     const ScopedLanguage german("de", "de_DE.UTF-8");
     EXPECT_EQ(completionContent(stateIn(Phase::complete)).revealLabel, QStringLiteral("Im Finder anzeigen"));

@@ -13,9 +13,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds pollingInterval(350);
-
-/// Sleeps, or throws CancellationError as soon as the token is stopped.
+/// Sleeps, or throws CancellationError as soon as the token is stopped. Where the machine slept meanwhile, what was
+/// left of the duration by then may follow its awakening: the standard library waits on a clock that stood still.
 void sleepUnlessCancelled(std::chrono::milliseconds duration, std::stop_token stopToken) {
     std::mutex mutex;
     std::condition_variable_any condition;

@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryAppSupport/CloudItems.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -15,6 +16,9 @@ namespace AmbrelRecoveryPackagePreparation {
 
 /// Takes the downloaded fraction, 0 to 1, or none where it is not known.
 using ProgressHandler = std::function<void(std::optional<double>)>;
+
+/// How long a download is left alone between two looks at it.
+inline constexpr std::chrono::milliseconds pollingInterval(350);
 
 /// Returns once the package can be read; one that does not live in a cloud drive can be at once. A download is awaited
 /// without a limit, and goes on in the system when this call ends early.

@@ -15,6 +15,9 @@ void done(std::string_view name);
 /// How many bytes a call that transfers `wanted` may move.
 std::size_t length(std::size_t wanted);
 
+/// Notes a wait that was asked for, in milliseconds.
+void waits(int limit);
+
 /// By how much the wall clock has been set forward.
 long secondsSetForward();
 

@@ -183,6 +183,7 @@ ssize_t read(int descriptor, void* bytes, size_t count) {
 
 int poll(pollfd* descriptors, nfds_t count, int limit) {
     static auto* const real = next<int(pollfd*, nfds_t, int)>("poll");
+    FaultedCall::waits(limit);
     return faulted("poll", -1, [&] { return real(descriptors, count, limit); });
 }
 

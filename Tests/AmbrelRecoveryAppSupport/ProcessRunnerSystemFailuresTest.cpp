@@ -138,3 +138,8 @@ TEST_F(ProcessRunnerSystemFailuresTest, TheDeadlineIsOneOfTheWallClock) {
     SystemCallFaults::during("poll", [] { SystemCallFaults::setClockForward(-3600); });
     EXPECT_EQ(run({"exit", "3"}, std::nullopt, 60).exitCode, 3);
 }
+
+TEST_F(ProcessRunnerSystemFailuresTest, TheClockIsLookedAtEveryTenthOfASecond) {
+    EXPECT_EQ(run({"exit", "3"}, std::nullopt, 1e300).exitCode, 3);
+    EXPECT_EQ(SystemCallFaults::longestWait(), 100);
+}

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -31,6 +32,7 @@ struct State {
     std::string_view actionName;
     bool singleBytes = false;
     long secondsSetForward = 0;
+    int longestWait = 0;
     bool counting = false;
 };
 
@@ -77,6 +79,11 @@ std::size_t FaultedCall::length(std::size_t wanted) {
     return state.counting && state.singleBytes ? std::min<std::size_t>(wanted, 1) : wanted;
 }
 
+void FaultedCall::waits(int limit) {
+    // A negative limit is none at all.
+    state.longestWait = limit < 0 ? std::numeric_limits<int>::max() : std::max(state.longestWait, limit);
+}
+
 long FaultedCall::secondsSetForward() {
     return state.secondsSetForward;
 }
@@ -106,6 +113,10 @@ void SystemCallFaults::moveSingleBytes() {
 
 void SystemCallFaults::setClockForward(long seconds) {
     state.secondsSetForward = seconds;
+}
+
+int SystemCallFaults::longestWait() {
+    return state.longestWait;
 }
 
 int SystemCallFaults::calls(std::string_view name) {

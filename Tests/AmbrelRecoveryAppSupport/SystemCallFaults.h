@@ -30,6 +30,9 @@ void moveSingleBytes();
 /// Sets the wall clock forward by so many seconds, or back by a negative number, until the next reset.
 void setClockForward(long seconds);
 
+/// The longest wait that poll() was asked for since the last reset, in milliseconds.
+int longestWait();
+
 /// How often `name` was called since the last reset.
 int calls(std::string_view name);
 

@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
@@ -232,7 +233,7 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
 void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool isForTheScreen = isPlain && !state_.presentedError;
-    if (isForTheScreen && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    if (isForTheScreen && ReturnKey::is(*event)) {
         pressMainButton();
     } else if (isForTheScreen && event->key() == Qt::Key_Escape && model_.isBusy()) {
         model_.cancelOperation();

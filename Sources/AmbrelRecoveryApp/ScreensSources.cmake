@@ -22,6 +22,7 @@ set(screens_sources
   Controls/QuietScrollBar.cpp
   Controls/RecoveryButton.cpp
   Controls/RecoveryFont.cpp
+  Controls/ReturnKey.cpp
   Controls/RoundedPanel.cpp
   Controls/ScreenTransition.cpp
   Controls/SecondaryRecoveryButton.cpp

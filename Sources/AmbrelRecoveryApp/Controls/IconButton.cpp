@@ -1,9 +1,11 @@
 #include "AmbrelRecoveryApp/Controls/IconButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -31,6 +33,15 @@ void IconButton::setLabel(const QString& label) {
 
 QSize IconButton::sizeHint() const {
     return {buttonSize, buttonSize};
+}
+
+/// On some desktops the toolkit would press the button.
+void IconButton::keyPressEvent(QKeyEvent* event) {
+    if (ReturnKey::is(*event)) {
+        event->ignore();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void IconButton::paintEvent(QPaintEvent* /*event*/) {

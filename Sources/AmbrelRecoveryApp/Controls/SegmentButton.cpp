@@ -3,8 +3,10 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -45,6 +47,15 @@ QSize SegmentButton::sizeHint() const {
 
 bool SegmentButton::hitButton(const QPoint& position) const {
     return rect().contains(position);
+}
+
+/// On some desktops the toolkit would press the button.
+void SegmentButton::keyPressEvent(QKeyEvent* event) {
+    if (ReturnKey::is(*event)) {
+        event->ignore();
+    } else {
+        QRadioButton::keyPressEvent(event);
+    }
 }
 
 void SegmentButton::paintEvent(QPaintEvent* /*event*/) {

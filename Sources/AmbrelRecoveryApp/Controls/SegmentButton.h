@@ -2,7 +2,7 @@
 
 #include <QRadioButton>
 
-/// One segment of a segmented picker: a radio button without its mark.
+/// One segment of a segmented picker: a radio button without its mark. Return does not press it.
 class SegmentButton final : public QRadioButton {
     Q_OBJECT
 
@@ -17,6 +17,7 @@ public:
 
 protected:
     bool hitButton(const QPoint& position) const override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Platform/FolderHeader.h"
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
@@ -117,7 +118,7 @@ void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 }
 
 void FolderView::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isReturn = ReturnKey::is(*event);
     const bool isArrow = (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) &&
                          (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;

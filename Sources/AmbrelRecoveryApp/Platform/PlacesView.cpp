@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
@@ -69,8 +70,7 @@ void PlacesView::showFolder(const std::filesystem::path& folder) {
 }
 
 void PlacesView::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && currentIndex().isValid()) {
+    if (ReturnKey::is(*event) && currentIndex().isValid()) {
         // A copy, since going there may change the list.
         const std::filesystem::path place = model_->path(currentIndex());
         emit placeChosen(place);

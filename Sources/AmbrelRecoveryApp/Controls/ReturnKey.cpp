@@ -1,0 +1,7 @@
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
+
+#include <QKeyEvent>
+
+bool ReturnKey::is(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}

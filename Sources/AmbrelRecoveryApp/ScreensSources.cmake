@@ -9,6 +9,7 @@ set(screens_sources
   Controls/CapsLock_linux.cpp
   Controls/ClipboardSecret.cpp
   Controls/CopperGlow.cpp
+  Controls/FirstChoice.cpp
   Controls/FocusRing.cpp
   Controls/IconButton.cpp
   Controls/Motion.cpp

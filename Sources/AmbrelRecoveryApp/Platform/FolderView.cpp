@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/FirstChoice.h"
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
@@ -119,20 +120,14 @@ void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 
 void FolderView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = ReturnKey::is(*event);
-    const bool isArrow = (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) &&
-                         (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;
     if (isReturn && selectedItem().isValid()) {
         emit itemActivated(selectedItem());
     } else if (isReturn) {
         event->ignore();
-    } else if (isArrow && !selectedItem().isValid()) {
-        // The toolkit would begin after the first item, on which the focus is but which is not selected.
-        const QModelIndex first = currentIndex().isValid() ? currentIndex() : model_.index(0, FolderModel::name);
-        selectionModel()->setCurrentIndex(first, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     } else if (isUp || event->key() == Qt::Key_Backspace) {
         emit upRequested();
-    } else {
+    } else if (!FirstChoice::take(*this, *event)) {
         QTreeView::keyPressEvent(event);
     }
 }

@@ -1,10 +1,11 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotList.h"
 
+#include "AmbrelRecoveryApp/Controls/FirstChoice.h"
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotListModel.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotRowDelegate.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 
 SnapshotList::SnapshotList(QWidget* parent) : QListView(parent), model_(new SnapshotListModel(this)) {
@@ -48,6 +49,10 @@ void SnapshotList::followSelection() {
         setCurrentIndex(model_->index(static_cast<int>(*row)));
     } else {
         clearSelection();
+        // The toolkit makes a row current by itself only for the first snapshots that it is shown.
+        if (!current.isValid()) {
+            selectionModel()->setCurrentIndex(model_->index(0), QItemSelectionModel::NoUpdate);
+        }
     }
 }
 
@@ -79,6 +84,12 @@ void SnapshotList::changeEvent(QEvent* event) {
     QListView::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange) {
         scheduleDelayedItemsLayout();
+    }
+}
+
+void SnapshotList::keyPressEvent(QKeyEvent* event) {
+    if (!FirstChoice::take(*this, *event)) {
+        QListView::keyPressEvent(event);
     }
 }
 

@@ -10,6 +10,9 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <utility>
+
 namespace {
 
 class SnapshotListTests : public testing::Test {
@@ -79,6 +82,48 @@ TEST_F(SnapshotListTests, arrowsChoose) {
     QTest::keyClick(&list, Qt::Key_Down);
     ASSERT_EQ(choices.count(), 1);
     EXPECT_EQ(choices[0].first().toInt(), 1);
+}
+
+TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstKeyChooses) {
+    for (const int count : {1, 3}) {
+        const int last = count - 1;
+        for (const auto& [key, row] : std::initializer_list<std::pair<Qt::Key, int>>{{Qt::Key_Down, 0},
+                                                                                     {Qt::Key_Up, 0},
+                                                                                     {Qt::Key_Home, 0},
+                                                                                     {Qt::Key_PageUp, 0},
+                                                                                     {Qt::Key_PageDown, 0},
+                                                                                     {Qt::Key_End, last}}) {
+            show(count);
+            choices.clear();
+            QTest::keyClick(&list, key);
+            ASSERT_EQ(choices.count(), 1) << key << " among " << count;
+            EXPECT_EQ(choices[0].first().toInt(), row) << key << " among " << count;
+        }
+    }
+}
+
+TEST_F(SnapshotListTests, keysThatDoNotNavigateChooseNothing) {
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_Escape, Qt::Key_Shift}) {
+        QTest::keyClick(&list, key);
+    }
+    EXPECT_EQ(choices.count(), 0);
+}
+
+TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstRowHasTheFocusAlsoInLaterInspections) {
+    list.activateWindow();
+    list.setFocus();
+    for (int inspection = 0; inspection < 3; ++inspection) {
+        show(3);
+        EXPECT_EQ(list.currentIndex().row(), 0);
+        EXPECT_EQ(accessible().focusChild(), accessible().child(0));
+        ASSERT_NE(accessible().focusChild(), nullptr);
+        EXPECT_TRUE(accessible().focusChild()->state().focused);
+        EXPECT_FALSE(accessible().focusChild()->state().selected);
+        select("2");
+        select(std::nullopt);
+        EXPECT_EQ(list.currentIndex().row(), 2);
+    }
+    EXPECT_EQ(choices.count(), 0);
 }
 
 TEST_F(SnapshotListTests, showingASelectionIsNoChoice) {

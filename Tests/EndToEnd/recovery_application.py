@@ -89,9 +89,16 @@ class RecoveryApplication(Application):
 
     # The snapshots, and the last screen
 
+    def row_objects(self):
+        """The rows in the list of snapshots, top first."""
+        return [shown.item for shown in self._rows()]
+
     def rows(self):
         """The names of the rows in the list of snapshots, top first."""
-        return [shown.name for shown in self.shown() if shown.role == "list item"]
+        return [shown.name for shown in self._rows()]
+
+    def _rows(self):
+        return [shown for shown in self.shown() if shown.role == "list item"]
 
     def wait_for_snapshots(self):
         self.wait_for_shown("the list of snapshots", self.rows)

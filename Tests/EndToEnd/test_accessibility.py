@@ -1,4 +1,4 @@
-"""Everything that is shown stands in the accessibility tree, and the keyboard reaches everything."""
+"""Everything that is shown stands in the accessibility tree, with its role, its name and its states."""
 
 import unittest
 
@@ -188,32 +188,6 @@ class Accessibility(RecoveryTestCase):
                 self.assert_every_control_has_a_name(application)
                 application.press(OKAY)
                 application.wait_until_gone(OKAY, "push button")
-
-
-class Keyboard(RecoveryTestCase):
-    # Only what every keyboard has is typed.
-    scratch_prefix = "ambrel-recovery."
-
-    def test_the_road_by_keyboard_alone(self):
-        engine = self.scripted_engine()
-        package = self.empty_package()
-        destination = self.scratch / "Recovered"
-        application = self.start()
-        texts = self.catalogue
-        application.tab_to(texts["recovery.choose-package.action"], "push button")
-        application.key("space")
-        application.answer_panel(texts["recovery.choose-package.action"], package, by_keyboard=True)
-        application.tab_to(texts["recovery.prompt.backup-passphrase"], "password text")
-        application.type_text("secret")
-        application.tab_to(texts["recovery.inspect.action"], "push button")
-        application.key("space")
-        application.wait_for_snapshots()
-        application.tab_to(texts["files-export.start"], "push button")
-        application.key("space")
-        application.answer_panel(texts["files-export.choose-destination"], destination, by_keyboard=True)
-        application.wait_for_completion()
-        self.assertEqual(str(package), engine.runs[0].arguments[1])
-        self.assertEqual(str(destination), engine.runs[1].arguments[5])
 
 
 if __name__ == "__main__":

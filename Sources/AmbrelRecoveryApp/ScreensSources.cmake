@@ -12,6 +12,7 @@ set(screens_sources
   Controls/FirstChoice.cpp
   Controls/FocusRing.cpp
   Controls/IconButton.cpp
+  Controls/LastInput.cpp
   Controls/Motion.cpp
   Controls/Notice.cpp
   Controls/ParagraphDirection.cpp

@@ -121,7 +121,12 @@ class Application:
         self.wait_for_shown(f"“{name}” to become enabled", lambda: self.is_enabled(name))
         self.button(name).do_action("press")
 
-    # Keyboard and window
+    # Pointer, keyboard and window
+
+    def click_beside_everything(self):
+        """Clicks into the window's corner, where nothing is: the ring around what has the keyboard goes."""
+        left, top = self.window.extents[:2]
+        self._desktop.keys("mousemove", str(left + 8), str(top + 8), "click", "1")
 
     def key(self, name):
         """Presses a key in the window that has the keyboard."""

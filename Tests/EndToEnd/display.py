@@ -146,7 +146,7 @@ class Desktop:
         return self.environment["DISPLAY"]
 
     def keys(self, *arguments):
-        """Sends key events with xdotool, to whatever window has the keyboard."""
+        """Sends key and pointer events with xdotool, to whatever window has the keyboard or lies below the pointer."""
         subprocess.run(["xdotool", *arguments], env=self.environment, check=True, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL, timeout=60)
 

@@ -36,6 +36,8 @@ class Walkthrough:
 
     def _picture(self, name):
         self._count += 1
+        # As it looks to a user of the pointer.
+        self._application.click_beside_everything()
         self._application.picture(self._pictures / f"{self._count:02}-{name}.png")
 
     def _through_gate(self, running_text, name):

@@ -1,10 +1,13 @@
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 
+#include "AmbrelRecoveryApp/Controls/LastInput.h"
+
 #include <QPainter>
 #include <QWidget>
 
 bool FocusRing::isShown(const QWidget& control) {
-    return control.hasFocus() && control.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    // Asked first, since it is from then on that the input is watched.
+    return LastInput::wasNavigationKey() && control.hasFocus();
 }
 
 void FocusRing::paint(QPainter& painter, const QRectF& rect, qreal radius, const QColor& color) {

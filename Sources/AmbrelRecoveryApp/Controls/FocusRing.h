@@ -9,7 +9,7 @@ class QWidget;
 /// The ring around the control that the keyboard acts on.
 namespace FocusRing {
 
-/// Whether `control` shows the ring: it has the focus, and the user moves the focus by keyboard.
+/// Whether `control` shows the ring: it has the focus, by whatever way it got it, and the user is at the keyboard.
 bool isShown(const QWidget& control);
 
 /// Draws the ring just inside `rect`, with the corners of a shape of `radius`.

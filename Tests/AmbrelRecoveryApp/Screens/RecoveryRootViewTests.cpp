@@ -164,6 +164,19 @@ TEST_F(RecoveryRootViewTests, theWholeRoadCanBeWalkedByKeyboard) {
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
 }
 
+TEST_F(RecoveryRootViewTests, theFirstKeyShowsWhereTheKeyboardIs) {
+    open();
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, QPoint(5, 5));
+    QAbstractButton* const choose = button("Choose backup package");
+    EXPECT_TRUE(choose->hasFocus());
+    const QImage without = choose->grab().toImage();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(choose->hasFocus());
+    EXPECT_NE(choose->grab().toImage(), without);
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(choose->grab().toImage(), without);
+}
+
 TEST_F(RecoveryRootViewTests, tabGoesThroughTheControlsInReadingOrder) {
     open();
     choosePackage();

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QObject>
+
+/// Remembers whether the user last used the keyboard or a pointer, in whatever window of the application. Main thread.
+class LastInput final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Whether the last input was a key that moves or presses something; false at the start. What happens before the
+    /// first call is not seen. When the answer changes, the control with the focus is drawn anew.
+    static bool wasNavigationKey();
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    explicit LastInput(QObject* application);
+    void take(bool isNavigationKey);
+
+    bool wasNavigationKey_ = false;
+};

@@ -10,6 +10,7 @@
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
 #include <QFile>
 #include <QHBoxLayout>
@@ -47,6 +48,7 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
       message_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::warning(), this)),
       create_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setLayoutDirection(interfaceDirection());
     setPalette(PanelPalette::colors());
     setWindowTitle(localized(organizationNewFolder()));
     setAccessibleName(localized(organizationNewFolder()));

@@ -36,6 +36,7 @@ PanelNameField::PanelNameField(const QString& label, QWidget* parent) : QLineEdi
 void PanelNameField::contextMenuEvent(QContextMenuEvent* event) {
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setLayoutDirection(layoutDirection());
     menu->setPalette(PanelPalette::colors());
     menu->setFont(font());
     menu->addAction(PanelTexts::localized(Text::cut), this, &QLineEdit::cut)->setEnabled(hasSelectedText());

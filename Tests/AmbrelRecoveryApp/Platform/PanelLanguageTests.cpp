@@ -1,5 +1,9 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
+#include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
+#include "AmbrelRecoveryApp/Platform/PanelButton.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "FilePanelsTestCase.h"
@@ -14,6 +18,9 @@
 #include <QSet>
 #include <QTest>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -38,6 +45,29 @@ protected:
             words += model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
         }
         return words;
+    }
+
+    static PanelButton& backButton(ItemPanel& panel) {
+        const QList<PanelButton*> buttons = panel.findChildren<PanelButton*>();
+        const QString name = AmbrelStrings::localized(AmbrelStrings::genericBack());
+        return **std::ranges::find(buttons, name, &PanelButton::accessibleName);
+    }
+
+    /// The column of the brightest pixel in a row.
+    static int brightest(const QImage& image, int row) {
+        int column = 0;
+        for (int candidate = 0; candidate < image.width(); ++candidate) {
+            if (qGray(image.pixel(candidate, row)) > qGray(image.pixel(column, row))) {
+                column = candidate;
+            }
+        }
+        return column;
+    }
+
+    static QMenu& menuOfNameField(ItemPanel& panel) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), nameField(panel).mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&nameField(panel), &event);
+        return *nameField(panel).findChild<QMenu*>();
     }
 
     static QSet<QString> wordsOf(const QString& language) {
@@ -90,17 +120,56 @@ TEST_F(PanelLanguageTest, arabicRunsFromRightToLeft) {
     EXPECT_LT(button(panel, "Choose backup package")->x(), panel.width() / 2);
 }
 
+TEST_F(PanelLanguageTest, theSymbolOfGoingBackPointsAgainstTheDirectionOfReading) {
+    // How far the tip, in the middle, lies to the right of the upper end.
+    const auto pointsRightBy = [this](const char* language) {
+        qputenv("LANGUAGE", language);
+        ItemPanel& panel = openPanel();
+        const PanelButton& back = backButton(panel);
+        const QImage image = panel.grab(QRect(back.mapTo(&panel, QPoint(0, 0)), back.size())).toImage();
+        const int distance = brightest(image, image.height() / 2) - brightest(image, image.height() / 2 - 4);
+        panel.close();
+        QTest::qWait(0);
+        return distance;
+    };
+    EXPECT_LT(pointsRightBy("en"), -2);
+    EXPECT_GT(pointsRightBy("ar"), 2);
+}
+
+TEST_F(PanelLanguageTest, thePanelForANewFolderRunsFromRightToLeftInArabic) {
+    qputenv("LANGUAGE", "ar");
+    ItemPanel& panel = savePanel();
+    waitForFolder(panel, home());
+    button(panel, AmbrelStrings::localized(AmbrelStrings::organizationNewFolder()))->click();
+    const auto& asking = *panel.findChild<NewFolderPanel*>();
+    EXPECT_EQ(asking.layoutDirection(), Qt::RightToLeft);
+    EXPECT_EQ(asking.findChild<PanelNameField*>()->layoutDirection(), Qt::RightToLeft);
+    const auto* const create = asking.findChild<PrimaryRecoveryButton*>();
+    const auto* const cancel = asking.findChild<SecondaryRecoveryButton*>();
+    EXPECT_LT(create->x(), cancel->x());
+    EXPECT_LT(create->x(), asking.width() / 4);
+}
+
+TEST_F(PanelLanguageTest, theMenuOfTheNameFieldRunsAsThePanelDoes) {
+    for (const auto& [language, direction] : {std::pair("en", Qt::LeftToRight), std::pair("ar", Qt::RightToLeft)}) {
+        qputenv("LANGUAGE", language);
+        ItemPanel& panel = savePanel();
+        QMenu& menu = menuOfNameField(panel);
+        EXPECT_EQ(menu.layoutDirection(), direction) << language;
+        menu.close();
+        panel.close();
+        QTest::qWait(0);
+    }
+}
+
 TEST_F(PanelLanguageTest, theMenuOfTheNameFieldIsOfTheInterfaceLanguage) {
     qputenv("LANGUAGE", "de");
     ItemPanel& panel = savePanel();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), nameField(panel).mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&nameField(panel), &event);
-    auto* const menu = nameField(panel).findChild<QMenu*>();
-    ASSERT_NE(menu, nullptr);
+    QMenu& menu = menuOfNameField(panel);
     QStringList texts;
-    for (const QAction* const action : menu->actions()) {
+    for (const QAction* const action : menu.actions()) {
         texts += action->text();
     }
     EXPECT_EQ(texts, (QStringList{"Ausschneiden", "Kopieren", "Einfügen", "", "Alles auswählen"}));
-    menu->close();
+    menu.close();
 }

@@ -42,8 +42,8 @@ protected:
 } // namespace
 
 TEST_F(AbandonedOutputsTest, AKilledApplicationTakesItsEngineWithItAndTheNextStartTakesTheDirectory) {
-    // The engine becomes this process's child when the application ends. Not every first process of a system reaps those
-    // that it is left with.
+    // The engine becomes this process's child when the application ends. Not every first process of a system reaps
+    // those that it is left with.
     ASSERT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
     const pid_t application = fork();
     ASSERT_GE(application, 0);

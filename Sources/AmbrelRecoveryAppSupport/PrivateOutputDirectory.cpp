@@ -48,8 +48,13 @@ bool isNameOfOutputDirectory(std::string_view name) {
     throw AmbrelRecoveryProcessError::temporaryOutputUnavailable;
 }
 
-/// More than any document or message of an engine, and little enough to be held in memory.
-constexpr off_t largestOutput = off_t{1} << 30;
+/// The longest output that is read back, in bytes. Only the memory bounds it: an output is held together with the other
+/// one and with the copy that the parser of a document makes, and a machine that promises more memory than it has would
+/// end this process rather than refuse it some.
+off_t longestOutput() {
+    constexpr off_t share = 4;
+    return off_t{sysconf(_SC_PHYS_PAGES)} * sysconf(_SC_PAGESIZE) / share;
+}
 
 /// Fills `contents` as far as the file goes. False on a failure.
 bool readInto(std::string& contents, int descriptor) {
@@ -170,7 +175,7 @@ std::string PrivateOutputDirectory::readFile(const char* name) const {
     const UniqueDescriptor file(retryInterrupted(
         [=, this] { return openat(descriptor_.get(), name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK); }));
     struct stat status {};
-    if (!file || fstat(file.get(), &status) != 0 || status.st_size > largestOutput || S_ISDIR(status.st_mode)) {
+    if (!file || fstat(file.get(), &status) != 0 || status.st_size > longestOutput() || S_ISDIR(status.st_mode)) {
         failUnavailable();
     }
     try {

@@ -32,8 +32,8 @@ public:
     UniqueDescriptor createFile(const char* name) const;
 
     /// Every byte that the file holds when this is called; what others add meanwhile is left out. Throws
-    /// AmbrelRecoveryProcessError::temporaryOutputUnavailable, also for a file of more than 1 GiB: the output of an
-    /// engine that has gone wrong must not take all memory.
+    /// AmbrelRecoveryProcessError::temporaryOutputUnavailable, also for a file of more than a quarter of the machine's
+    /// memory: the output of an engine that has gone wrong must not take all of it.
     std::string readFile(const char* name) const;
 
     /// Removes the directories in the temporary directory that processes of this user left when they died: real

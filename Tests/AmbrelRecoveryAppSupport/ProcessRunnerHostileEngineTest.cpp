@@ -5,6 +5,7 @@
 #include "Support/MisbehavingEngine.h"
 #include "Support/TestFiles.h"
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 #include <thread>
@@ -71,11 +72,19 @@ TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatWasReplacedIsReadAsItIs) 
     EXPECT_EQ(run({"replace-output", "file"}).standardOutput, "replaced");
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileThatNoMemoryShouldHoldIsNotRead) {
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputFileOfMoreThanAQuarterOfTheMemoryIsNotRead) {
+    const long long memory = static_cast<long long>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    for (const long long length : {memory / 4 + 1, memory, 2 * memory}) {
+        EXPECT_EQ(errorOfRun({"grow-output", std::to_string(length)}), Error::temporaryOutputUnavailable) << length;
+    }
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, NothingElseBoundsTheLengthOfAnOutputFile) {
     constexpr long long gibibyte = 1LL << 30LL;
-    EXPECT_EQ(errorOfRun({"grow-output", std::to_string(gibibyte + 1)}), Error::temporaryOutputUnavailable);
-    EXPECT_EQ(errorOfRun({"grow-output", std::to_string(64 * gibibyte)}), Error::temporaryOutputUnavailable);
-    EXPECT_EQ(run({"grow-output", "1000000"}).standardOutput, std::string(1000000, '\0'));
+    const long long memory = static_cast<long long>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    const long long length = std::min(memory / 4, gibibyte + 1);
+    const Result result = run({"grow-output", std::to_string(length)});
+    EXPECT_EQ(result.standardOutput.size(), static_cast<std::size_t>(length));
 }
 
 TEST_F(ProcessRunnerHostileEngineTest, ClosedOutputsAreEmptyOnes) {

@@ -10,8 +10,11 @@
 #include <vector>
 
 /// Strict reading of one JSON object of an engine document: a key that is missing, null, of another type or outside the
-/// range of the asked type throws DocumentDecodingError. Keys that are not asked for are ignored; of a key given twice
-/// the first counts. A view: valid while the parser that made it lives. Not synchronised.
+/// range of the asked type throws DocumentDecodingError. Keys that are not asked for are ignored, as long as a number
+/// below them is one that the parser can hold: an integer of more than 64 bits, or a number beyond those of a double,
+/// makes it refuse the whole document. Whole numbers count as integers only where they are written without a point or
+/// an exponent. Of a key given twice the first counts. A view: valid while the parser that made it lives. Not
+/// synchronised.
 class DocumentObject {
 public:
     /// Parses `json`, a whole document whose top level is an object, and hands the object to `decode`.

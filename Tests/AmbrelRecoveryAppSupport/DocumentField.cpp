@@ -54,7 +54,7 @@ std::vector<std::string> joined(std::vector<std::string> first, const std::vecto
     return first;
 }
 
-/// Numbers that fit no integer of 64 bits, and those with a fraction or an exponent.
+/// Numbers that fit no integer of 64 bits, and those with a fraction.
 std::vector<std::string> unsuitableNumbers() {
     return {"18446744073709551616",
             "-9223372036854775809",
@@ -63,11 +63,8 @@ std::vector<std::string> unsuitableNumbers() {
             "-" + std::string(400, '9'),
             "1" + std::string(400, '0') + ".0",
             "1.5",
-            "1.0",
             "-0.5",
             "0." + std::string(400, '3'),
-            "1e2",
-            "1E+2",
             "1e400",
             "-1e400",
             "1e-400"};

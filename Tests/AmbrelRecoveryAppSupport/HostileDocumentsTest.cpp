@@ -145,13 +145,11 @@ TEST_P(HostileDocumentsTest, AnEscapedKeyIsTheKey) {
                                         .text()));
 }
 
-TEST_P(HostileDocumentsTest, NumbersOfHundredsOfDigitsAreRefused) {
-    const std::string digits = "1" + std::string(399, '0');
-    for (const std::string& number : {digits, "-" + digits, digits + ".5", digits + "e10", "1e" + digits}) {
-        EXPECT_TRUE(GetParam().refuses(GetParam().valid.withLast("document", "unknown", number).text())) << number;
+TEST_P(HostileDocumentsTest, NumbersThatNobodyAskedForMayHaveMoreThanAnIntegerHolds) {
+    for (const std::string& number : {"0." + std::string(400, '3'), std::string("18446744073709551615"),
+                                      std::string("-1.5e300"), std::string("1e-400")}) {
+        EXPECT_FALSE(GetParam().refuses(GetParam().valid.withLast("document", "unknown", number).text())) << number;
     }
-    // Many digits behind the point are a number like any other.
-    EXPECT_FALSE(GetParam().refuses(GetParam().valid.withLast("document", "unknown", "0." + digits).text()));
 }
 
 TEST_P(HostileDocumentsTest, BracketsWithoutEndAreRefused) {

@@ -1,6 +1,9 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 
+#include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/SystemLocale.h"
+
+#include <unicode/localebuilder.h>
 
 #include <algorithm>
 #include <array>
@@ -51,6 +54,17 @@ const Description& description(Language language) {
     return descriptions[static_cast<std::size_t>(language.value())];
 }
 
+/// `locale` with the region of the system's conventions, where it is set to one.
+icu::Locale inSystemRegion(const icu::Locale& locale) {
+    const std::string region = SystemLocale::region();
+    if (region.empty()) {
+        return locale;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale regional = icu::LocaleBuilder().setLocale(locale).setRegion(region).build(status);
+    return U_SUCCESS(status) ? regional : locale;
+}
+
 } // namespace
 
 std::optional<AmbrelInterfaceLanguage> AmbrelInterfaceLanguage::fromRawValue(QStringView rawValue) {
@@ -71,9 +85,17 @@ std::optional<QString> AmbrelInterfaceLanguage::localeIdentifier() const {
     return *this == system ? std::nullopt : std::optional(rawValue());
 }
 
+AmbrelInterfaceLanguage AmbrelInterfaceLanguage::shown() const {
+    if (*this != system) {
+        return *this;
+    }
+    return fromRawValue(AmbrelStrings::resolvedSystemLocaleIdentifier(SystemLocale::preferredLanguages()))
+        .value_or(english);
+}
+
 icu::Locale AmbrelInterfaceLanguage::locale() const {
     if (*this == system) {
-        return SystemLocale::current();
+        return inSystemRegion(shown().locale());
     }
     static const std::array<icu::Locale, everyCase.size()> locales = [] {
         std::array<icu::Locale, everyCase.size()> made;

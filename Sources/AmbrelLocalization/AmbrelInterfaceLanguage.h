@@ -64,7 +64,12 @@ public:
     /// The language's tag, or none for `system`.
     std::optional<QString> localeIdentifier() const;
 
-    /// The language's locale; for `system` the operating system's current one, read afresh.
+    /// The language in which texts are shown: itself; for `system` the catalogue's language for the languages that the
+    /// operating system prefers, read afresh. Never `system`.
+    AmbrelInterfaceLanguage shown() const;
+
+    /// The language's locale; for `system` that of the language shown, with the region whose conventions the operating
+    /// system is set to: German dates in the British way are "de_GB". Read afresh.
     icu::Locale locale() const;
 
     bool isRightToLeft() const { return value_ == Case::arabic; }

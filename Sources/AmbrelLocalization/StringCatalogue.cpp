@@ -1,8 +1,6 @@
 #include "AmbrelLocalization/StringCatalogue.h"
 
-#include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/AmbrelUserDefaults.h"
-#include "AmbrelLocalization/SystemLocale.h"
 #include "AmbrelLocalization/resource_bundle_accessor.h"
 
 #include <system_error>
@@ -50,18 +48,12 @@ QString StringCatalogue::text(std::string_view key, const std::optional<QString>
 }
 
 std::optional<AmbrelInterfaceLanguage> StringCatalogue::language(const std::optional<QString>& localeIdentifier) const {
-    std::optional<AmbrelInterfaceLanguage> language =
-        localeIdentifier ? AmbrelInterfaceLanguage::fromRawValue(*localeIdentifier) : preferences_.load();
-    if (language == AmbrelInterfaceLanguage::system) {
-        // As an identifier "system" names no table; as a stored choice it leaves the choice to the system.
-        return localeIdentifier ? std::nullopt : systemLanguage();
+    if (!localeIdentifier) {
+        return preferences_.load().shown();
     }
-    return language;
-}
-
-std::optional<AmbrelInterfaceLanguage> StringCatalogue::systemLanguage() {
-    return AmbrelInterfaceLanguage::fromRawValue(
-        AmbrelStrings::resolvedSystemLocaleIdentifier(SystemLocale::preferredLanguages()));
+    const std::optional<AmbrelInterfaceLanguage> named = AmbrelInterfaceLanguage::fromRawValue(*localeIdentifier);
+    // As an identifier "system" names no table; as a stored choice it leaves the choice to the system.
+    return named == AmbrelInterfaceLanguage::system ? std::nullopt : named;
 }
 
 std::optional<QString> StringCatalogue::textInTable(AmbrelInterfaceLanguage language, std::string_view key) const {

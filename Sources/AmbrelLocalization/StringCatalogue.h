@@ -30,7 +30,6 @@ public:
 
 private:
     std::optional<AmbrelInterfaceLanguage> language(const std::optional<QString>& localeIdentifier) const;
-    static std::optional<AmbrelInterfaceLanguage> systemLanguage();
     std::optional<QString> textInTable(AmbrelInterfaceLanguage language, std::string_view key) const;
     std::shared_ptr<const StringTable> table(AmbrelInterfaceLanguage language) const;
 

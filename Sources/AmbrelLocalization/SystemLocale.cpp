@@ -11,8 +11,6 @@
 
 namespace {
 
-using namespace std::literals;
-
 // Longer names are no languages, and no tag parser need see them.
 constexpr std::size_t longestName = 100;
 
@@ -40,31 +38,20 @@ std::string_view scriptOfModifier(std::string_view modifier) {
     return modifier == "devanagari" ? "Deva" : std::string_view();
 }
 
-/// POSIX names of Chinese locales leave the script to the country; whoever chooses a text by its script needs it named.
-icu::Locale withScript(const icu::Locale& locale) {
-    if (locale.getLanguage() != "zh"sv || *locale.getScript() != '\0') {
-        return locale;
-    }
-    icu::Locale named(locale);
-    UErrorCode status = U_ZERO_ERROR;
-    named.addLikelySubtags(status);
-    return U_SUCCESS(status) ? named : locale;
-}
-
-/// What follows from the name of the current locale; working it out costs more than a lookup may.
-struct Formatting {
+/// What follows from the name of the locale of dates; working it out costs more than a lookup may.
+struct Conventions {
     std::string posixName;
-    icu::Locale locale = icu::Locale::getEnglish();
+    std::string region;
     std::string calendar = "gregorian";
 
-    explicit Formatting(std::string_view name) : posixName(name) {
+    explicit Conventions(std::string_view name) : posixName(name) {
         UErrorCode status = U_ZERO_ERROR;
         const auto tag = SystemLocale::languageTag(name);
-        const icu::Locale parsed = icu::Locale::forLanguageTag(tag.value_or("und"), status);
-        if (U_SUCCESS(status) && !parsed.isBogus() && *parsed.getLanguage() != '\0') {
-            locale = withScript(parsed);
+        const icu::Locale locale = icu::Locale::forLanguageTag(tag.value_or("und"), status);
+        if (U_FAILURE(status) || locale.isBogus()) {
+            return;
         }
-        status = U_ZERO_ERROR;
+        region = locale.getCountry();
         const std::unique_ptr<icu::StringEnumeration> names(
             icu::Calendar::getKeywordValuesForLocale("calendar", locale, true, status));
         const char* first = names ? names->next(nullptr, status) : nullptr;
@@ -74,14 +61,14 @@ struct Formatting {
     }
 };
 
-std::shared_ptr<const Formatting> currentFormatting() {
+std::shared_ptr<const Conventions> currentConventions() {
     static std::mutex mutex;
-    static std::shared_ptr<const Formatting> known;
+    static std::shared_ptr<const Conventions> known;
 
     const std::string_view name = firstSet({"LC_ALL", "LC_TIME", "LANG"});
     const std::lock_guard lock(mutex);
     if (!known || known->posixName != name) {
-        known = std::make_shared<const Formatting>(name);
+        known = std::make_shared<const Conventions>(name);
     }
     return known;
 }
@@ -108,12 +95,12 @@ QStringList preferredLanguages() {
     return tags;
 }
 
-icu::Locale current() {
-    return currentFormatting()->locale;
+std::string region() {
+    return currentConventions()->region;
 }
 
 std::string calendar() {
-    return currentFormatting()->calendar;
+    return currentConventions()->calendar;
 }
 
 std::optional<std::string> languageTag(std::string_view posixName) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QStringList>
-#include <unicode/locid.h>
 
 #include <optional>
 #include <string>
@@ -15,11 +14,11 @@ namespace SystemLocale {
 /// (the first of LC_ALL, LC_MESSAGES and LANG that is set). Empty where the system is set to no language.
 QStringList preferredLanguages();
 
-/// The locale of dates and numbers: the first of LC_ALL, LC_TIME and LANG that is set; English where it names no
-/// language. Of Chinese it names the script, which follows from the country.
-icu::Locale current();
+/// The region whose conventions dates and numbers follow, such as "GB" or "419": that of the first of LC_ALL, LC_TIME
+/// and LANG that is set. Empty where it names none.
+std::string region();
 
-/// The calendar that people use in the current locale, by its CLDR name: "gregorian" nearly everywhere.
+/// The calendar that people use in the locale of `region()`, by its CLDR name: "gregorian" nearly everywhere.
 std::string calendar();
 
 /// The language tag of a POSIX locale name: "de_DE.UTF-8@euro" is "de-DE", "sr_RS@latin" is "sr-Latn-RS".

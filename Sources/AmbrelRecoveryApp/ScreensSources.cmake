@@ -53,7 +53,6 @@ set(screens_sources
   Screens/HeaderView.cpp
   Screens/InterfaceDirection.cpp
   Screens/InterfaceFont.cpp
-  Screens/InterfaceLanguage.cpp
   Screens/JourneyRail.cpp
   Screens/JourneyRailContent.cpp
   Screens/MainContent.cpp

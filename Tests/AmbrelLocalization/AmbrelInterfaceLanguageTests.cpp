@@ -95,12 +95,56 @@ TEST(AmbrelInterfaceLanguage, hasTheLocaleOfItsIdentifier) {
     EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
 }
 
-TEST(AmbrelInterfaceLanguage, followsTheSystemsLocaleWhileItIsTheSystems) {
+TEST(AmbrelInterfaceLanguage, isShownAsItselfUnlessItIsTheSystems) {
     ScopedLocaleVariables variables;
-    variables.set("LANG", "nl_NL.UTF-8");
-    EXPECT_STREQ(Language::system.locale().getName(), "nl_NL");
     variables.set("LANG", "fr_CA.UTF-8");
-    EXPECT_STREQ(Language::system.locale().getName(), "fr_CA");
+    for (const Language language : Language::selectableLanguages()) {
+        EXPECT_EQ(language.shown(), language);
+    }
+    EXPECT_EQ(Language::system.shown(), Language::french);
+    variables.set("LC_TIME", "de_DE.UTF-8");
+    EXPECT_EQ(Language::system.shown(), Language::french);
+    variables.set("LANGUAGE", "nl:zh_TW:de");
+    EXPECT_EQ(Language::system.shown(), Language::traditionalChinese);
+    variables.set("LANGUAGE", "nl");
+    variables.set("LANG", "nl_NL.UTF-8");
+    EXPECT_EQ(Language::system.shown(), Language::english);
+}
+
+struct SystemSetting {
+    const char* language;
+    const char* messages;
+    const char* time;
+    const char* expected;
+};
+
+TEST(AmbrelInterfaceLanguage, hasTheLanguageShownInTheSystemsRegionWhileItIsTheSystems) {
+    const SystemSetting settings[] = {
+        {"", "fr_CA.UTF-8", "fr_CA.UTF-8", "fr_CA"},
+        {"", "de_DE.UTF-8", "en_GB.UTF-8", "de_GB"},
+        {"de", "en_US.UTF-8", "en_US.UTF-8", "de_US"},
+        {"", "pt_PT.UTF-8", "pt_PT.UTF-8", "pt_PT"},
+        {"", "pt_PT.UTF-8", "C", "pt_BR"},
+        {"", "de_AT.UTF-8", "C.UTF-8", "de"},
+        {"", "nl_NL.UTF-8", "nl_NL.UTF-8", "en_NL"},
+        {"", "C.UTF-8", "de_DE.UTF-8", "en_DE"},
+        {"", "C", "C", "en"},
+        {"", "sr_RS@latin", "sr_RS@latin", "en_RS"},
+        {"", "zh_TW.UTF-8", "zh_TW.UTF-8", "zh_Hant_TW"},
+        {"", "zh_CN.GB18030", "zh_CN.GB18030", "zh_Hans_CN"},
+        {"", "zh_SG", "zh_SG", "zh_Hans_SG"},
+        {"", "zh_CN", "zh_TW", "zh_Hans_TW"},
+        {"zh-Hans-HK", "en_US", "zh_HK", "zh_Hant_HK"},
+        {"", "es_419", "es_419", "es_419"},
+    };
+    ScopedLocaleVariables variables;
+    for (const SystemSetting& setting : settings) {
+        SCOPED_TRACE(std::string(setting.language) + " " + setting.messages + " " + setting.time);
+        variables.set("LANGUAGE", setting.language);
+        variables.set("LC_MESSAGES", setting.messages);
+        variables.set("LC_TIME", setting.time);
+        EXPECT_STREQ(Language::system.locale().getName(), setting.expected);
+    }
 }
 
 TEST(AmbrelInterfaceLanguage, comparesAndHashesByItsIdentifier) {

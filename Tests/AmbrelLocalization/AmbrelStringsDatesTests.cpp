@@ -65,6 +65,16 @@ TEST_F(FormattedDate, followsTheSystemsCalendarWithTheNamesOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41 AM"));
 }
 
+TEST_F(FormattedDate, isInTheLanguageShownAndInTheWayOfTheSystemsRegion) {
+    variables_.set("LANG", "de_DE.UTF-8");
+    EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14. Juni 2026, 20:02"));
+    variables_.set("LC_TIME", "en_US.UTF-8");
+    EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14. Juni 2026, 8:02 PM"));
+    variables_.set("LC_TIME", "de_DE.UTF-8");
+    variables_.set("LANGUAGE", "en");
+    EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14 Jun 2026, 20:02"));
+}
+
 TEST_F(FormattedDate, isShownBeforeTheEpochAndAtTheEndsOfTime) {
     EXPECT_EQ(dateTime(Milliseconds(-1ms), Language::english), QStringLiteral("Dec 31, 1969, 11:59 PM"));
     for (const auto count : {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {

@@ -1,7 +1,6 @@
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelLocalization/SystemLocale.h"
 
 #include <algorithm>
 #include <array>
@@ -115,15 +114,10 @@ constexpr std::array languages = {
 };
 // clang-format on
 
-QString shownLanguage() {
-    return AmbrelStrings::currentInterfaceLanguage().localeIdentifier().value_or(
-        AmbrelStrings::resolvedSystemLocaleIdentifier(SystemLocale::preferredLanguages()));
-}
-
 } // namespace
 
 QString PanelTexts::localized(Text text) {
-    return resolved(text, shownLanguage());
+    return resolved(text, AmbrelStrings::currentInterfaceLanguage().shown().id());
 }
 
 QString PanelTexts::resolved(Text text, const QString& localeIdentifier) {

@@ -1,7 +1,8 @@
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
-#include "AmbrelRecoveryApp/Screens/InterfaceLanguage.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
 
 Qt::LayoutDirection interfaceDirection() {
-    return shownInterfaceLanguage().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    const AmbrelInterfaceLanguage shown = AmbrelStrings::currentInterfaceLanguage().shown();
+    return shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
 }

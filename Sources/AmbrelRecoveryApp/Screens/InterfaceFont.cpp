@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Screens/InterfaceFont.h"
 
-#include "AmbrelRecoveryApp/Screens/InterfaceLanguage.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
 
 #include <QApplication>
 #include <QFont>
@@ -51,7 +51,7 @@ void applyInterfaceFont() {
     // By its real name: before a name that only stands for others, such as Sans Serif, the companion would be taken.
     static const QString family = QFontInfo(ofTheDesktop).family();
     QFont font = ofTheDesktop;
-    const AmbrelInterfaceLanguage language = shownInterfaceLanguage();
+    const AmbrelInterfaceLanguage language = AmbrelStrings::currentInterfaceLanguage().shown();
     if (const Companion* const companion = companionOf(language)) {
         // By its real name: before a name that only stands for others, such as Sans Serif, the companion would be
         // taken.

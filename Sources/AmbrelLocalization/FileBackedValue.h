@@ -18,7 +18,7 @@ public:
         : path_(std::move(path)), maximumSize_(maximumSize) {}
 
     /// The value of the file as it is now, or null where there is no readable regular file.
-    /// One `stat` call while the file is unchanged.
+    /// One `stat` call while the file that was read is unchanged; what could not be read is tried again every time.
     std::shared_ptr<const Value> current() {
         const std::optional<FileStamp> stamp = FileStamp::ofFile(path_);
         if (!stamp) {
@@ -36,7 +36,9 @@ private:
         const std::optional<FileContents> contents = FileContents::read(path_, maximumSize_);
         value_ = contents ? std::make_shared<const Value>(Value::decoded(contents->bytes)) : nullptr;
         stamp_ = contents ? contents->stamp : seen;
-        isSettled_ = stamp_->isSettled();
+        // A file that could not be read may be readable the next time without being changed: the process may have had
+        // no descriptor free.
+        isSettled_ = contents && stamp_->isSettled();
     }
 
     const std::filesystem::path path_;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 namespace {
 
 struct CountedText {
@@ -14,6 +16,22 @@ struct CountedText {
 
     std::string text;
     static inline int decodedCount = 0;
+};
+
+/// Until the end of the scope the process can open no further file.
+class NoFreeDescriptors {
+public:
+    NoFreeDescriptors() {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &previous_), 0);
+        const rlimit none = {.rlim_cur = 0, .rlim_max = previous_.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    }
+    NoFreeDescriptors(const NoFreeDescriptors&) = delete;
+    NoFreeDescriptors& operator=(const NoFreeDescriptors&) = delete;
+    ~NoFreeDescriptors() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &previous_), 0); }
+
+private:
+    rlimit previous_ = {};
 };
 
 class FileBackedValueTest : public testing::Test {
@@ -69,6 +87,17 @@ TEST_F(FileBackedValueTest, leavesAValueInUseAsItIs) {
     writeInPlace(folder_ / "file", "other");
     EXPECT_EQ(text(), "other");
     EXPECT_EQ(first->text, "one");
+}
+
+TEST_F(FileBackedValueTest, isReadAgainAfterAFailureThatHadNothingToDoWithTheFile) {
+    waitUntilSettled(writeInPlace(folder_ / "file", "one"));
+    {
+        const NoFreeDescriptors descriptors;
+        EXPECT_EQ(text(), std::nullopt);
+    }
+    EXPECT_EQ(text(), "one");
+    const NoFreeDescriptors descriptors;
+    EXPECT_EQ(text(), "one") << "what was read is kept";
 }
 
 TEST_F(FileBackedValueTest, isNullForAFileThatIsTooLarge) {

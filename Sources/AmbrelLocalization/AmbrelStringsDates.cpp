@@ -8,7 +8,10 @@
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace AmbrelStrings {
 
@@ -74,8 +77,9 @@ constexpr std::size_t longestUsualDescription = 80;
 struct Recipe {
     std::string skeleton;
     std::string calendar;
-    /// The zone's name, or the revision of the system's.
-    std::string zoneName;
+    /// The zone's name in the style, or none and the revision of the system's.
+    std::optional<std::string> zoneName;
+    std::uint64_t systemZoneRevision = 0;
     std::shared_ptr<const icu::TimeZone> zone;
     UDisplayContext context = UDISPCTX_CAPITALIZATION_NONE;
 
@@ -88,7 +92,7 @@ struct Recipe {
             zone.reset(icu::TimeZone::createTimeZone(IcuText::view(*style.timeZone)));
         } else {
             SystemTimeZone system = SystemTimeZone::current();
-            zoneName = '#' + std::to_string(system.revision);
+            systemZoneRevision = system.revision;
             zone = std::move(system.zone);
         }
     }
@@ -97,11 +101,15 @@ struct Recipe {
     std::string description(const icu::Locale& locale) const {
         std::string result;
         result.reserve(longestUsualDescription);
-        result.append(locale.getName()).append("|");
         result.append(skeleton).append("|");
-        result.append(calendar).append("|");
-        result.append(zoneName).append("|");
-        return result.append(std::to_string(context));
+        result.append(std::to_string(context)).append("|");
+        result.append(zoneName ? "named" : std::to_string(systemZoneRevision)).append("|");
+        // Names can hold any character; with their lengths in front they cannot run into each other.
+        for (const std::string_view name : {std::string_view(locale.getName()), std::string_view(calendar),
+                                            std::string_view(zoneName ? *zoneName : std::string_view())}) {
+            result.append(std::to_string(name.size())).append("|").append(name);
+        }
+        return result;
     }
 };
 

@@ -1,5 +1,6 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelLocalization/SystemTimeZone.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -108,6 +109,28 @@ TEST_F(FormattedDate, keepsTheTimeZoneOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("9:41 AM"));
     style.timeZone = QString();
     EXPECT_EQ(formatted(style), QStringLiteral("9:41 AM"));
+}
+
+TEST_F(FormattedDate, tellsNamesFromEachOtherWhateverTheyHold) {
+    const ScopedEnvironment tokyo("TZ", "Asia/Tokyo");
+    Style style{.date = Style::Date::none, .time = Style::Time::shortened};
+    EXPECT_EQ(formatted(style), QStringLiteral("6:41 PM"));
+    // A name that is no zone is UTC, even one that looks like the formatting's own name for the system's zone.
+    const std::uint64_t revision = SystemTimeZone::current().revision;
+    for (const QString& pattern : {QStringLiteral("%1"), QStringLiteral("#%1"), QStringLiteral("|%1"),
+                                   QStringLiteral("%1|"), QStringLiteral("named")}) {
+        style.timeZone = pattern.contains(u'%') ? pattern.arg(revision) : pattern;
+        EXPECT_EQ(formatted(style), QStringLiteral("9:41 AM")) << style.timeZone->toStdString();
+    }
+    Style calendarWithZone = style;
+    calendarWithZone.calendar = QStringLiteral("gregorian|Asia/Tokyo");
+    calendarWithZone.timeZone = QStringLiteral("x");
+    EXPECT_EQ(formatted(calendarWithZone), QStringLiteral("9:41 AM"));
+    calendarWithZone.calendar = QStringLiteral("gregorian");
+    calendarWithZone.timeZone = QStringLiteral("Asia/Tokyo|x");
+    EXPECT_EQ(formatted(calendarWithZone), QStringLiteral("9:41 AM"));
+    calendarWithZone.timeZone = QStringLiteral("Asia/Tokyo");
+    EXPECT_EQ(formatted(calendarWithZone), QStringLiteral("6:41 PM"));
 }
 
 TEST_F(FormattedDate, keepsTheCalendarOfItsStyle) {

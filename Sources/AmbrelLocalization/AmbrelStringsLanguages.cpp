@@ -8,6 +8,7 @@ namespace AmbrelStrings {
 
 namespace {
 
+/// The locale of a tag; the root locale for one that is no tag or whose language has no two-letter code.
 icu::Locale parsedTag(const QString& tag) {
     // A tag is ASCII and short; anything else is no language and is kept away from the parser.
     constexpr qsizetype longestTag = 100;
@@ -17,6 +18,11 @@ icu::Locale parsedTag(const QString& tag) {
     }
     QString hyphenated = tag;
     hyphenated.replace(u'_', u'-');
+    // Only two-letter codes can match, but the parser would shorten the longer codes of the same languages.
+    const qsizetype codeLength = (hyphenated + u'-').indexOf(u'-');
+    if (codeLength != 2) {
+        return icu::Locale::getRoot();
+    }
     const icu::Locale locale = icu::Locale::forLanguageTag(hyphenated.toStdString(), status);
     return U_SUCCESS(status) && !locale.isBogus() ? locale : icu::Locale::getRoot();
 }

@@ -62,6 +62,12 @@ INSTANTIATE_TEST_SUITE_P(Malformed, PreferredLanguages,
                                          Case{"x-private,fr", "fr"}, Case{"1234,fr", "fr"}, Case{"*,fr", "fr"},
                                          Case{"i-klingon,fr", "fr"}, Case{"abcdefghijkl,fr", "fr"}));
 
+// They are the same languages, but tags have the shorter code where there is one.
+INSTANTIATE_TEST_SUITE_P(ThreeLetters, PreferredLanguages,
+                         testing::Values(Case{"deu", "en"}, Case{"deu-DE,fr", "fr"}, Case{"eng,fr", "fr"},
+                                         Case{"por-PT,fr", "fr"}, Case{"zho-TW,fr", "fr"}, Case{"cmn-Hant,fr", "fr"},
+                                         Case{"jpn,deu,it-IT", "it"}));
+
 TEST(PreferredLanguageTags, mayBeEmptyOrVeryLong) {
     EXPECT_EQ(resolved({QString(), QStringLiteral("fr")}), QStringLiteral("fr"));
     const QString longTag = QStringLiteral("de-") + QString(1'000'000, u'a');

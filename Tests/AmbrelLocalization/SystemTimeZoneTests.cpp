@@ -1,6 +1,7 @@
 #include "AmbrelLocalization/SystemTimeZone.h"
 
 #include "AmbrelLocalization/IcuText.h"
+#include "AmbrelLocalization/SystemTimeZoneWatch.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,40 @@ TEST(SystemTimeZone, keepsItsRevisionWhileTheSettingStaysTheSame) {
     EXPECT_EQ(first.zone, second.zone);
     const ScopedEnvironment other("TZ", "Asia/Seoul");
     EXPECT_NE(SystemTimeZone::current().revision, first.revision);
+}
+
+TEST(SystemTimeZoneWatch, seesThatTheLinkIsReplacedRemovedAndPutBack) {
+    const ScopedEnvironment variable("TZ", std::nullopt);
+    const TemporaryDirectory folder;
+    const std::filesystem::path link = folder.path() / "localtime";
+    std::filesystem::create_symlink("/usr/share/zoneinfo/Europe/Berlin", link);
+    SystemTimeZoneWatch watch(link);
+    const std::uint64_t first = watch.current().revision;
+    EXPECT_EQ(watch.current().revision, first);
+
+    std::filesystem::create_symlink("/usr/share/zoneinfo/Asia/Tokyo", folder.path() / "new");
+    std::filesystem::rename(folder.path() / "new", link);
+    const SystemTimeZone replaced = watch.current();
+    EXPECT_EQ(replaced.revision, first + 1);
+    EXPECT_NE(replaced.zone, nullptr);
+    EXPECT_EQ(watch.current().revision, first + 1);
+
+    std::filesystem::remove(link);
+    EXPECT_EQ(watch.current().revision, first + 2);
+    EXPECT_EQ(watch.current().revision, first + 2);
+    writeInPlace(folder / "localtime", "TZif2");
+    EXPECT_EQ(watch.current().revision, first + 3);
+}
+
+TEST(SystemTimeZoneWatch, passesOverTheLinkWhileTheVariableIsSet) {
+    const ScopedEnvironment variable("TZ", "Europe/Berlin");
+    const TemporaryDirectory folder;
+    SystemTimeZoneWatch watch(folder.path() / "localtime");
+    const std::uint64_t first = watch.current().revision;
+    writeInPlace(folder / "localtime", "TZif2");
+    EXPECT_EQ(watch.current().revision, first);
+    const ScopedEnvironment none("TZ", std::nullopt);
+    EXPECT_EQ(watch.current().revision, first + 1);
 }
 
 TEST(SystemTimeZone, isSomeZoneForWhateverTheVariableSays) {

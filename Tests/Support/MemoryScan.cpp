@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::size_t secretSize = 48;
 
+/// A visible character of ASCII, so that the secret can be typed, too.
 unsigned char secretByte(std::size_t index) {
-    return static_cast<unsigned char>(((index * 37 + 11) % 251) ^ 0x5AU);
+    return static_cast<unsigned char>('!' + (index * 37 + 11) % 94);
 }
 
 bool isSecretAt(const unsigned char* place) {

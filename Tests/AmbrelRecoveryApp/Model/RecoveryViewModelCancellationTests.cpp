@@ -78,7 +78,7 @@ TEST_F(RecoveryViewModelCancellation, ofALaterInspectionGoesBackToTheSnapshots) 
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItsSleepAndDropsTheSession) {
+TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItsSleep) {
     cloudItems->onProperties = [] {
         return CloudItems::Properties{
             .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
@@ -120,7 +120,8 @@ TEST_F(RecoveryViewModelCancellation, keepsAnErrorThatIsShown) {
 
 TEST_F(RecoveryViewModelCancellation, byStartingAgainClearsEverythingButTheFactor) {
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
-    inspect(inspectionDocument());
+    exportToTheEndAndInspectAgain();
+    type("typed again");
     exportUntilEngineRuns();
     model->startAgain();
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
@@ -130,6 +131,7 @@ TEST_F(RecoveryViewModelCancellation, byStartingAgainClearsEverythingButTheFacto
     EXPECT_FALSE(model->selectedSnapshotCode());
     EXPECT_FALSE(model->destinationURL());
     EXPECT_FALSE(model->exportResult());
+    EXPECT_FALSE(model->packagePreparationProgress());
     EXPECT_TRUE(model->credential().view().isEmpty());
     settle();
     EXPECT_EQ(model->phase(), Phase::chooseBackup);

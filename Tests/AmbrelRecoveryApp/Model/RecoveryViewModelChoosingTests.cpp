@@ -115,9 +115,12 @@ TEST_F(RecoveryViewModelChoosing, keepsTheStateWhenAChoiceIsRefused) {
 
 TEST_F(RecoveryViewModelChoosing, clearsEverythingButTheFactorForANewPackage) {
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
-    inspect(inspectionDocument());
+    exportToTheEndAndInspectAgain();
     type("typed again");
-    model->dismissPresentedError();
+    setEngineThatFails("output could not be written");
+    panels.answer = path("Another folder");
+    model->chooseDestinationAndExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
     choosePackage();
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
     EXPECT_FALSE(model->inspection());
@@ -128,8 +131,6 @@ TEST_F(RecoveryViewModelChoosing, clearsEverythingButTheFactorForANewPackage) {
     EXPECT_FALSE(model->presentedError());
     EXPECT_TRUE(model->credential().view().isEmpty());
     EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::recoveryKey);
-    model->setSelectedSnapshotCode("new");
-    EXPECT_FALSE(model->canExport());
 }
 
 TEST_F(RecoveryViewModelChoosing, clearsAnErrorWhenAPackageIsAccepted) {

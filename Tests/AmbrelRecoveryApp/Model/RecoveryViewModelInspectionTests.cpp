@@ -24,7 +24,16 @@ protected:
         EXPECT_EQ(model->presentedError()->title, expected.title);
         EXPECT_EQ(model->presentedError()->body, expected.body);
         EXPECT_FALSE(model->inspection());
-        model->setSelectedSnapshotCode("new");
+    }
+
+    /// What an earlier inspection left stays, but nothing can be exported without typing the credential again.
+    void expectDroppedSession() {
+        type("secret");
+        model->inspectBackup();
+        waitForPhase(Phase::chooseBackup);
+        EXPECT_TRUE(model->presentedError());
+        EXPECT_TRUE(model->inspection());
+        EXPECT_EQ(model->selectedSnapshotCode(), "new");
         EXPECT_FALSE(model->canExport());
     }
 };
@@ -124,15 +133,33 @@ TEST_F(RecoveryViewModelInspection, refusesEmptyOutputOfASuccessfulEngine) {
     expectFailure(AmbrelRecoveryFailureKind::generic);
 }
 
-TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionWhenALaterOneFails) {
+TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineTellsAFailure) {
     inspect(inspectionDocument());
     setEngineThatFails("package is unavailable");
-    type("secret");
-    model->inspectBackup();
-    waitForPhase(Phase::chooseBackup);
-    EXPECT_TRUE(model->inspection());
-    EXPECT_EQ(model->selectedSnapshotCode(), "new");
-    EXPECT_FALSE(model->canExport());
+    expectDroppedSession();
+}
+
+TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheResultIsRefused) {
+    inspect(inspectionDocument());
+    setEngineThatPrints("");
+    expectDroppedSession();
+}
+
+TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineCannotRun) {
+    inspect(inspectionDocument());
+    std::filesystem::remove(path("engine"));
+    expectDroppedSession();
+    EXPECT_FALSE(model->packagePreparationProgress());
+}
+
+TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenThePreparationFails) {
+    inspect(inspectionDocument());
+    cloudItems->onProperties = [] {
+        return CloudItems::Properties{
+            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = true};
+    };
+    expectDroppedSession();
+    EXPECT_FALSE(model->packagePreparationProgress());
 }
 
 TEST_F(RecoveryViewModelInspection, presentsAnEngineThatIsGoneAsAGenericFailure) {

@@ -103,6 +103,21 @@ void RecoveryViewModelTestCase::inspect(const std::string& document) {
     waitForPhase(Phase::snapshots);
 }
 
+void RecoveryViewModelTestCase::exportToTheEndAndInspectAgain() {
+    inspect(inspectionDocument());
+    setEngineThatPrints(exportDocument());
+    panels.answer = path("Ambrel Recovered");
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    setEngineThatPrints(inspectionDocument());
+    type(QStringLiteral("correct horse"));
+    model->inspectBackup();
+    waitForPhase(Phase::snapshots);
+    ASSERT_TRUE(model->packageURL() && model->inspection() && model->selectedSnapshotCode());
+    ASSERT_TRUE(model->destinationURL() && model->exportResult() && model->packagePreparationProgress());
+    ASSERT_TRUE(model->canExport());
+}
+
 void RecoveryViewModelTestCase::waitUntil(const std::function<bool()>& condition) {
     EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
 }

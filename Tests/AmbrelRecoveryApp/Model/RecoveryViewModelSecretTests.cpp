@@ -1,0 +1,178 @@
+// What is left of the credential in this process, at each point where the session is dropped or kept.
+
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "RecoveryViewModelTestCase.h"
+#include "Support/MemoryScan.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <system_error>
+
+namespace {
+
+class RecoveryViewModelSecret : public RecoveryViewModelTestCase {
+protected:
+    RecoveryViewModelSecret() { makeModel(); }
+
+    /// The copies that the application has: as the bytes that the engine gets, without the test's own ones.
+    int copies() {
+        EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::minutes(1)));
+        return MemoryScan::copiesOfHiddenSecret() - 1;
+    }
+
+    void startInspection() {
+        choosePackage();
+        typeAndInspect();
+    }
+
+    void typeAndInspect() {
+        type(QString::fromLatin1(secret_.data(), static_cast<qsizetype>(secret_.size())));
+        model->inspectBackup();
+    }
+
+    /// To the end; from then on the session holds the credential, and nothing else does.
+    void inspectWell() {
+        setEngineThatPrints(inspectionDocument());
+        startInspection();
+        waitForPhase(Phase::snapshots);
+        ASSERT_EQ(copies(), 1);
+    }
+
+    void startExport() {
+        panels.answer = path("Ambrel Recovered");
+        model->chooseDestinationAndExport();
+    }
+
+    void exportUntilEngineRuns() {
+        setEngineThatWaits();
+        startExport();
+        waitUntilEngineRuns();
+    }
+
+    void downloadForever() {
+        cloudItems->onProperties = [] {
+            return CloudItems::Properties{
+                .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
+        };
+        cloudItems->onPercentDownloaded = [] { return 10.0; };
+    }
+
+private:
+    const std::string secret_ = MemoryScan::hiddenSecret();
+};
+
+} // namespace
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenAnotherPackageIsChosen) {
+    inspectWell();
+    choosePackage();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isThatOfTheLatestInspectionAlone) {
+    inspectWell();
+    type("another secret");
+    model->inspectBackup();
+    EXPECT_NE(model->phase(), Phase::snapshots);
+    waitForPhase(Phase::snapshots);
+    EXPECT_EQ(copies(), 0);
+    EXPECT_TRUE(model->canExport());
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenTheEngineTellsAFailure) {
+    setEngineThatFails("did not unlock");
+    startInspection();
+    waitForPhase(Phase::chooseBackup);
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenTheEngineCannotRun) {
+    std::filesystem::remove(path("engine"));
+    startInspection();
+    waitForPhase(Phase::chooseBackup);
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenThePackageCannotBePrepared) {
+    cloudItems->onProperties = []() -> CloudItems::Properties {
+        throw std::system_error(std::make_error_code(std::errc::io_error));
+    };
+    startInspection();
+    waitForPhase(Phase::chooseBackup);
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenADownloadIsCancelledWithoutAnEarlierInspection) {
+    downloadForever();
+    startInspection();
+    waitUntil([this] { return model->packagePreparationProgress() == 0.1; });
+    model->cancelOperation();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenAnInspectionIsCancelledWithoutAnEarlierOne) {
+    setEngineThatWaits();
+    startInspection();
+    waitUntilEngineRuns();
+    model->cancelOperation();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isKeptWhenALaterInspectionIsCancelled) {
+    inspectWell();
+    setEngineThatWaits();
+    typeAndInspect();
+    waitUntilEngineRuns();
+    model->cancelOperation();
+    EXPECT_EQ(copies(), 1);
+}
+
+TEST_F(RecoveryViewModelSecret, isKeptWhenAnExportIsCancelledOrFailsAndGoneWhenItSucceeds) {
+    inspectWell();
+    exportUntilEngineRuns();
+    model->cancelOperation();
+    EXPECT_EQ(copies(), 1);
+    setEngineThatFails("output could not be written");
+    startExport();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    EXPECT_EQ(copies(), 1);
+    setEngineThatPrints(exportDocument());
+    startExport();
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenItStartsAgain) {
+    inspectWell();
+    model->startAgain();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWhenItStartsAgainDuringAnExport) {
+    inspectWell();
+    exportUntilEngineRuns();
+    model->startAgain();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWithTheModel) {
+    inspectWell();
+    model.reset();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWithTheModelDuringAnExport) {
+    inspectWell();
+    exportUntilEngineRuns();
+    model.reset();
+    EXPECT_EQ(copies(), 0);
+}
+
+TEST_F(RecoveryViewModelSecret, isGoneWithTheModelDuringADownload) {
+    downloadForever();
+    startInspection();
+    waitUntil([this] { return model->packagePreparationProgress() == 0.1; });
+    model.reset();
+    EXPECT_EQ(copies(), 0);
+}

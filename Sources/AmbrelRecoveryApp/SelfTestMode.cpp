@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <new>
 #include <string_view>
 
@@ -22,7 +23,12 @@ AmbrelRecoveryProcessResult runEngineSelfTest() {
                       AmbrelRecoveryProcessRunner::defaultTimeout);
 }
 
-/// A reader that went away loses the text; the exit status still tells the outcome.
+/// A reader that went away loses the text; the exit status still tells the outcome. Not before the engine has run,
+/// which would be handed this on.
+void outliveReaders() {
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+}
+
 void writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t count = write(descriptor, text.data(), text.size());
@@ -35,6 +41,7 @@ void writeAll(int descriptor, std::string_view text) {
 }
 
 int fail() {
+    outliveReaders();
     writeAll(STDERR_FILENO, "Ambrel Recovery app self-test failed.\n");
     return 1;
 }
@@ -48,6 +55,7 @@ bool SelfTestMode::isRequested(std::span<const char* const> arguments) {
 int SelfTestMode::run() {
     try {
         const AmbrelRecoveryProcessResult result = runEngineSelfTest();
+        outliveReaders();
         writeAll(STDOUT_FILENO, result.standardOutput);
         writeAll(STDERR_FILENO, result.standardError);
         return result.exitCode;

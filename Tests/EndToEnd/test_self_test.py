@@ -13,6 +13,13 @@ from installation import Installation
 BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
 
 
+def closed_pipe():
+    """The writing end of a pipe whose reader went away."""
+    reading, writing = os.pipe()
+    os.close(reading)
+    return writing
+
+
 class SelfTest(unittest.TestCase):
     def setUp(self):
         self.scratch = pathlib.Path(tempfile.mkdtemp(prefix="ambrel recovery é."))
@@ -22,10 +29,14 @@ class SelfTest(unittest.TestCase):
         self.temporary.mkdir()
 
     def run_self_test(self, *arguments, **options):
-        """(status, output, error) of the application, in an environment that holds almost nothing."""
+        """(status, output, error) of the application, in an environment that holds almost nothing.
+
+        A stream that an option leads elsewhere gives None.
+        """
         environment = {"PATH": "/usr/bin:/bin", "TMPDIR": str(self.temporary)}
         result = subprocess.run([options.get("program", self.installation.executable), *arguments], env=environment,
-                                cwd="/", stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
+                                cwd="/", stdin=subprocess.DEVNULL, stdout=options.get("stdout", subprocess.PIPE),
+                                stderr=options.get("stderr", subprocess.PIPE), timeout=120)
         self.assertEqual([], os.listdir(self.temporary))
         return result.returncode, result.stdout, result.stderr
 
@@ -51,6 +62,23 @@ class SelfTest(unittest.TestCase):
     def test_texts_and_status_are_relayed(self):
         self.scripted(prints_and_fails("first\nno line end", "second", 3))
         self.assertEqual((3, b"first\nno line end", b"second\n"), self.run_self_test("--self-test"))
+
+    def test_standard_output_is_relayed_before_standard_error(self):
+        # The other way round than the engine writes them.
+        self.scripted("printf second >&2; printf 'first '")
+        self.assertEqual((0, b"first second", None), self.run_self_test("--self-test", stderr=subprocess.STDOUT))
+
+    def test_the_status_is_told_where_nobody_reads(self):
+        engine = self.scripted(prints_and_fails("first", "second", 3))
+        absent = closed_pipe()
+        try:
+            self.assertEqual((3, None, b"second\n"), self.run_self_test("--self-test", stdout=absent))
+            self.assertEqual((3, None, None), self.run_self_test("--self-test", stdout=absent, stderr=absent))
+            self.assertEqual([set()] * 2, [run.signals["ignored"] for run in engine.runs])
+            self.installation.engine.unlink()
+            self.assertEqual((1, b"", None), self.run_self_test("--self-test", stderr=absent))
+        finally:
+            os.close(absent)
 
     def test_bytes_are_relayed_unchanged(self):
         self.scripted(r"printf '\000\377\r\n'; head -c 3000000 /dev/zero; printf '\376' >&2")

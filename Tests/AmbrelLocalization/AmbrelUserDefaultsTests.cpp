@@ -83,7 +83,7 @@ TEST_F(AmbrelUserDefaultsTest, readValuesThatAreNoTextAsAbsent) {
 }
 
 TEST_F(AmbrelUserDefaultsTest, readBrokenFilesAsFarAsTheyAreWhole) {
-    EXPECT_EQ(readFrom("[General\nambrel.interface-language.v1=de\n"), std::nullopt);
+    EXPECT_EQ(readFrom("[General\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\n\"ambrel.interface-language.v1=de\n"), std::nullopt);
     EXPECT_EQ(readFrom(std::string_view("\0\xFF\xFE\x80[\n=\n]\\", 9)), std::nullopt);

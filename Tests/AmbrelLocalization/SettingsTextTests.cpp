@@ -55,17 +55,53 @@ TEST(SettingsText, endsWithWhateverTheFileEndsWith) {
     }
 }
 
-TEST(SettingsText, passesOverTheKeysOfASectionThatItDoesNotUnderstand) {
-    EXPECT_EQ(text("[General\nkey=a\n"), std::nullopt);
-    EXPECT_EQ(text("[General\nkey=a\n[General]\nkey=b\n"), QStringLiteral("b"));
+TEST(SettingsText, takesAHeaderAsQtDoes) {
+    EXPECT_EQ(text("[General\nkey=a\n"), QStringLiteral("a"));
+    EXPECT_EQ(text("[gEnErAl]\nkey=a\n"), QStringLiteral("a"));
+    EXPECT_EQ(text("[ General ] rest\nkey=a\n"), QStringLiteral("a"));
+    EXPECT_EQ(text("[%general]\nkey=a\n", "general/key"), QStringLiteral("a"));
+    EXPECT_EQ(text("[Window\nkey=a\n"), std::nullopt);
+}
+
+TEST(SettingsText, endsALineAtACarriageReturn) {
+    EXPECT_EQ(text("other=a\rkey=b\r"), QStringLiteral("b"));
+    EXPECT_EQ(text("key=a\\\n\rb\n"), QStringLiteral("ab"));
+}
+
+TEST(SettingsText, takesTheFirstEqualsSignOutsideQuotes) {
+    EXPECT_EQ(text("\"a=b\"=c\n", "\"a=b\""), QStringLiteral("c"));
+}
+
+TEST(SettingsText, keepsTheBlanksThatQuotesOrEscapesHold) {
+    EXPECT_EQ(text("key=\"a\"  b  ; c\n"), QStringLiteral("ab  "));
+    EXPECT_EQ(text("key=a\\t  \n"), QStringLiteral("a\t"));
+    EXPECT_EQ(text("key=a  \n"), QStringLiteral("a"));
+}
+
+TEST(SettingsText, takesAnEscapeWithoutDigitsForNothing) {
+    EXPECT_EQ(text("key=a\\xz\n"), QStringLiteral("az"));
+}
+
+TEST(SettingsText, takesASingleAtSignForATextUnlessItIntroducesAnObject) {
+    EXPECT_EQ(text("key=@home()\n"), QStringLiteral("@home()"));
+    EXPECT_EQ(text("key=@String(a)\n"), QStringLiteral("a"));
+    EXPECT_EQ(text("key=@ByteArray(a)\n"), std::nullopt);
+    EXPECT_EQ(text("key=@Variant(a)\n"), std::nullopt);
+}
+
+TEST(SettingsText, readsNamesAsUTF8) {
+    EXPECT_EQ(text("\v\xC3\xA9\f=a\n", "\xC3\xA9"), QStringLiteral("a"));
+    EXPECT_EQ(text("a\\b=c\n", "a/b"), QStringLiteral("c"));
 }
 
 // Files that no program has written, put together at random from the signs that mean something.
 TEST(SettingsText, readsWhatQtsSettingsRead) {
-    const std::vector<std::string> parts = {"[General]\n", "[other]\n", "key=", "key",  "=",        "\n",         "de",
-                                            "\"",          "\\",        ";",    ",",    "@",        "@@",         "(",
-                                            ")",           " ",         "\t",   "#",    "é",        "\\x41",      "\\n",
-                                            "%20",         "x=y\n",     "\r\n", "\\\n", "key=de\n", "@Invalid()", "]"};
+    const std::vector<std::string> parts = {"[General]\n", "[other]\n", "[general",   "\r",  "\\\n\r", "@String(",
+                                            "\\x",         "\v",        "key=",       "key", "=",      "\n",
+                                            "de",          "\"",        "\\",         ";",   ",",      "@",
+                                            "@@",          "(",         ")",          " ",   "\t",     "#",
+                                            "é",           "\\x41",     "\\n",        "%20", "x=y\n",  "\r\n",
+                                            "\\\n",        "key=de\n",  "@Invalid()", "]"};
     std::mt19937 random(20260614); // NOLINT(cert-msc51-cpp): the same files at every run
     const TemporaryDirectory folder;
     for (int round = 0; round < 2000; ++round) {

@@ -1,0 +1,64 @@
+// The engine's report of an export, and the count of it that the last screen shows.
+
+#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryExportDocument.h"
+#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
+#include "Fuzz/Fuzzing.h"
+#include "Fuzz/JsonReading.h"
+
+#include <simdjson.h>
+
+#include <string>
+
+namespace {
+
+using Document = AmbrelRecoveryExportDocument;
+using Fuzzing::expect;
+
+void expectText(const JsonReading& reading, std::string_view key, const std::string& decoded) {
+    expect(simdjson::validate_utf8(decoded), "a decoded text is UTF-8");
+    if (const auto value = reading.value(key)) {
+        expect(value->isString() && value->toString().toStdString() == decoded, "a text is the one of the document");
+    }
+}
+
+void expectNumber(const JsonReading& reading, std::string_view key, std::int64_t decoded) {
+    if (const auto value = reading.value(key)) {
+        // Another default shows whether there is a whole number at all.
+        expect(value->toInteger(decoded - (decoded > 0 ? 1 : -1)) == decoded, "a number is the one of the document");
+    }
+}
+
+void expectSameAsRead(const JsonReading& reading, const Document& document) {
+    expect(reading.mayBeObject(), "what is decoded is one JSON object");
+    expectText(reading, "schemaIdentifier", document.schemaIdentifier);
+    expectText(reading, "status", document.status);
+    expectText(reading, "selectedSnapshotCode", document.selectedSnapshotCode);
+    expectNumber(reading, "totalItemCount", document.totalItemCount);
+    expectNumber(reading, "recoveredItemCount", document.recoveredItemCount);
+    expectNumber(reading, "totalResourceCount", document.totalResourceCount);
+    expectNumber(reading, "recoveredResourceCount", document.recoveredResourceCount);
+    expectNumber(reading, "failedResourceCount", document.failedResourceCount);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view json = Fuzzing::text(data, size);
+    Document document;
+    try {
+        document = Document::decode(json);
+    } catch (const DocumentDecodingError&) {
+        return 0;
+    }
+    expectSameAsRead(JsonReading(json), document);
+    expect(document == Document::decode(std::string(json) + "\n"), "a line feed at the end changes nothing");
+    expect(document.hasExpectedIdentifiers() == (document.schemaIdentifier == "com.ambrel.recovery.cli-export.v1"),
+           "the identifier is compared exactly");
+    const auto languages = AmbrelInterfaceLanguage::selectableLanguages();
+    const QString shown =
+        AmbrelStrings::formattedNumber(document.recoveredItemCount, languages[size % languages.size()].locale());
+    expect(!shown.trimmed().isEmpty() && shown.isValidUtf16(), "the shown count is a text");
+    return 0;
+}

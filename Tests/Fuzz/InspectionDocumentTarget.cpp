@@ -1,0 +1,122 @@
+// The engine's inspection, and the values of it that the screens show.
+
+#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryInspectionDocument.h"
+#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
+#include "Fuzz/Fuzzing.h"
+#include "Fuzz/JsonReading.h"
+
+#include <QJsonArray>
+#include <simdjson.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+#include <string>
+
+namespace {
+
+using Document = AmbrelRecoveryInspectionDocument;
+using Fuzzing::expect;
+
+void expectText(const JsonReading& reading, std::string_view key, const std::string& decoded) {
+    expect(simdjson::validate_utf8(decoded), "a decoded text is UTF-8");
+    if (const auto value = reading.value(key)) {
+        expect(value->isString() && value->toString().toStdString() == decoded, "a text is the one of the document");
+    }
+}
+
+template<typename Number>
+void expectNumber(const JsonReading& reading, std::string_view key, Number decoded) {
+    if (const auto value = reading.value(key)) {
+        expect(value->isDouble(), "a number is one in the document");
+        // Beyond the range of a signed number Qt keeps the nearest floating-point number.
+        const bool isExact = std::in_range<qint64>(decoded) && value->toInteger(0) == value->toInteger(1);
+        expect(isExact ? value->toInteger() == static_cast<qint64>(decoded)
+                       : value->toDouble() == static_cast<double>(decoded),
+               "a number is the one of the document");
+    }
+}
+
+void expectSameAsRead(const JsonReading& reading, const Document& document) {
+    expect(reading.mayBeObject(), "what is decoded is one JSON object");
+    expectText(reading, "schemaIdentifier", document.schemaIdentifier);
+    expectText(reading, "formatIdentifier", document.formatIdentifier);
+    expectText(reading, "unlockedFactor", document.unlockedFactor);
+    expectText(reading, "branchDisposition", document.branchDisposition);
+    expectNumber(reading, "formatVersion", document.formatVersion);
+    expectNumber(reading, "authenticatedCommitCount", document.authenticatedCommitCount);
+    expectNumber(reading, "authenticatedHeadCount", document.authenticatedHeadCount);
+    expectNumber(reading, "maximumWriterEpoch", document.maximumWriterEpoch);
+    if (const auto value = reading.value("canonicalTipSelectionCode")) {
+        expect(value->isNull() == !document.canonicalTipSelectionCode, "an optional text is there unless it is null");
+    }
+    if (const auto value = reading.value("snapshots")) {
+        expect(static_cast<std::size_t>(value->toArray().size()) == document.snapshots.size(),
+               "every snapshot of the document is there");
+    }
+    if (const auto value = reading.value("preservedBranches")) {
+        expect(static_cast<std::size_t>(value->toArray().size()) == document.preservedBranches.size(),
+               "every branch of the document is there");
+    }
+}
+
+void expectRecommendation(const Document& document) {
+    const auto recommended = document.recommendedSnapshotCode();
+    std::vector<std::string> tips;
+    for (const Document::Snapshot& snapshot : document.snapshots) {
+        if (snapshot.retainedTip) {
+            tips.push_back(snapshot.id());
+        }
+    }
+    if (document.branchDisposition == "unresolved-fork" || document.branchDisposition == "no-published-head") {
+        expect(!recommended, "a fork and a history without heads have no recommendation");
+    } else if (tips.size() == 1) {
+        expect(recommended == tips.front(), "the only retained tip is recommended");
+    } else if (document.snapshots.size() == 1) {
+        expect(recommended == document.snapshots.front().selectionCode, "the only snapshot is recommended");
+    } else {
+        expect(!recommended, "among several snapshots none is recommended");
+    }
+}
+
+void expectShown(const QString& text) {
+    expect(!text.trimmed().isEmpty(), "what is shown is not blank");
+    expect(text.isValidUtf16(), "what is shown is text");
+}
+
+void expectShown(const Document::Snapshot& snapshot, const icu::Locale& locale) {
+    using Time = std::chrono::sys_time<std::chrono::milliseconds>;
+    const auto largest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    const auto size = static_cast<std::int64_t>(std::min(snapshot.logicalPlaintextByteCount, largest));
+    expectShown(
+        AmbrelStrings::formattedDateTime(Time(std::chrono::milliseconds(snapshot.createdAtUTCMilliseconds)), locale));
+    expectShown(AmbrelStrings::formattedNumber(snapshot.counts.items, locale));
+    expectShown(AmbrelStrings::formattedNumber(snapshot.counts.resources, locale));
+    expectShown(AmbrelStrings::formattedFileSize(size, locale));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    return ::setenv("TZ", "UTC", 1);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view json = Fuzzing::text(data, size);
+    Document document;
+    try {
+        document = Document::decode(json);
+    } catch (const DocumentDecodingError&) {
+        return 0;
+    }
+    expectSameAsRead(JsonReading(json), document);
+    expect(document == Document::decode(std::string(json) + "\n"), "a line feed at the end changes nothing");
+    expectRecommendation(document);
+    const auto languages = AmbrelInterfaceLanguage::selectableLanguages();
+    for (std::size_t index = 0; index < std::min<std::size_t>(document.snapshots.size(), 4); ++index) {
+        expectShown(document.snapshots[index], languages[(size + index) % languages.size()].locale());
+    }
+    return 0;
+}

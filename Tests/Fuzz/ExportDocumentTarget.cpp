@@ -6,6 +6,7 @@
 #include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
 #include "Fuzz/Fuzzing.h"
 #include "Fuzz/JsonReading.h"
+#include "Fuzz/JsonShape.h"
 
 #include <simdjson.h>
 
@@ -42,6 +43,17 @@ void expectSameAsRead(const JsonReading& reading, const Document& document) {
     expectNumber(reading, "failedResourceCount", document.failedResourceCount);
 }
 
+bool isWhole(const JsonReading& reading) {
+    const JsonShape document = {
+        .texts = {"schemaIdentifier", "status", "selectedSnapshotCode"},
+        .numbers = {"totalItemCount", "recoveredItemCount", "totalResourceCount", "recoveredResourceCount",
+                    "failedResourceCount"},
+        .unsignedNumbers = {},
+        .truths = {},
+    };
+    return reading.isPlain() && document.fits(reading.object(), reading, 1);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -50,6 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         document = Document::decode(json);
     } catch (const DocumentDecodingError&) {
+        expect(!isWhole(JsonReading(json)), "a whole document is decoded");
         return 0;
     }
     expectSameAsRead(JsonReading(json), document);

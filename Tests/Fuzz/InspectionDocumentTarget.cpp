@@ -6,6 +6,7 @@
 #include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
 #include "Fuzz/Fuzzing.h"
 #include "Fuzz/JsonReading.h"
+#include "Fuzz/JsonShape.h"
 
 #include <QJsonArray>
 #include <simdjson.h>
@@ -62,6 +63,66 @@ void expectSameAsRead(const JsonReading& reading, const Document& document) {
     }
 }
 
+bool areWholeBranches(const QJsonValue& value, const JsonReading& reading) {
+    const JsonShape branch = {.texts = {"tipSelectionCode"}, .numbers = {}, .unsignedNumbers = {}, .truths = {}};
+    const QJsonArray branches = value.toArray();
+    const auto count = static_cast<std::size_t>(branches.size());
+    const auto isText = [](const QJsonValue& code) { return code.isString(); };
+    return value.isArray() && reading.countOf("snapshotSelectionCodes") == count &&
+           std::ranges::all_of(branches, [&](const QJsonValue& each) {
+               const QJsonValue codes = each.toObject().value(QStringLiteral("snapshotSelectionCodes"));
+               const QJsonArray texts = codes.toArray();
+               return branch.fits(each.toObject(), reading, count) && codes.isArray() &&
+                      std::ranges::all_of(texts, isText);
+           });
+}
+
+bool areWholeSnapshots(const QJsonValue& value, const JsonReading& reading) {
+    const JsonShape snapshot = {
+        .texts = {"selectionCode"},
+        .numbers = {"createdAtUTCMilliseconds"},
+        .unsignedNumbers = {"writerEpoch", "generation", "logicalPlaintextByteCount", "encryptedPayloadByteCount"},
+        .truths = {"retainedTip"},
+    };
+    const JsonShape counts = {
+        .texts = {},
+        .numbers = {},
+        .unsignedNumbers = {"items", "resources", "folders", "albums", "memberships", "tombstones"},
+        .truths = {},
+    };
+    const JsonShape evidence = {
+        .texts = {},
+        .numbers = {"requiredFileCount", "matchingFileCount", "missingFileCount", "mismatchedFileCount",
+                    "unreadableFileCount"},
+        .unsignedNumbers = {},
+        .truths = {"complete"},
+    };
+    const QJsonArray snapshots = value.toArray();
+    const auto count = static_cast<std::size_t>(snapshots.size());
+    return value.isArray() && std::ranges::all_of(snapshots, [&](const QJsonValue& each) {
+               const QJsonObject object = each.toObject();
+               return snapshot.fits(object, reading, count) &&
+                      counts.fits(object.value(QStringLiteral("counts")).toObject(), reading, count) &&
+                      evidence.fits(object.value(QStringLiteral("payloadFileEvidence")).toObject(), reading, count) &&
+                      reading.countOf("counts") == count && reading.countOf("payloadFileEvidence") == count;
+           });
+}
+
+bool isWhole(const JsonReading& reading) {
+    const JsonShape document = {
+        .texts = {"schemaIdentifier", "formatIdentifier", "unlockedFactor", "branchDisposition"},
+        .numbers = {"authenticatedCommitCount", "authenticatedHeadCount"},
+        .unsignedNumbers = {"formatVersion", "maximumWriterEpoch"},
+        .truths = {},
+    };
+    const auto branches = reading.value("preservedBranches");
+    const auto snapshots = reading.value("snapshots");
+    const auto tip = reading.value("canonicalTipSelectionCode");
+    const bool mayHaveTip = tip ? tip->isNull() || tip->isString() : reading.countOf("canonicalTipSelectionCode") == 0;
+    return reading.isPlain() && document.fits(reading.object(), reading, 1) && mayHaveTip && branches && snapshots &&
+           areWholeBranches(*branches, reading) && areWholeSnapshots(*snapshots, reading);
+}
+
 void expectRecommendation(const Document& document) {
     const auto recommended = document.recommendedSnapshotCode();
     std::vector<std::string> tips;
@@ -109,6 +170,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         document = Document::decode(json);
     } catch (const DocumentDecodingError&) {
+        expect(!isWhole(JsonReading(json)), "a whole document is decoded");
         return 0;
     }
     expectSameAsRead(JsonReading(json), document);

@@ -12,13 +12,35 @@ JsonReading::JsonReading(std::string_view json) : json_(json) {
     mayBeObject_ = document.isObject() || error.error == QJsonParseError::DeepNesting;
 }
 
-bool JsonReading::isUnambiguous(std::string_view key) const {
+bool JsonReading::isPlain() const {
+    constexpr std::size_t longestNumber = 18;
+    std::size_t digits = 0;
+    for (const char character : json_) {
+        const bool isDigit = character >= '0' && character <= '9';
+        const bool isFraction = digits > 0 && (character == '.' || character == 'e' || character == 'E');
+        digits = isDigit ? digits + 1 : 0;
+        if (character == '\\' || (character >= '\0' && character < ' ') || isFraction || digits > longestNumber) {
+            return false;
+        }
+    }
+    return json_.find("\xEF\xBB\xBF") == std::string_view::npos;
+}
+
+std::size_t JsonReading::countOf(std::string_view key) const {
     // An escape could spell the key in another way, and Qt drops a byte order mark at the start of a key or a text.
     if (json_.find('\\') != std::string_view::npos || json_.find("\xEF\xBB\xBF") != std::string_view::npos) {
-        return false;
+        return 0;
     }
     const std::string quoted = '"' + std::string(key) + '"';
-    return json_.find(quoted) == json_.rfind(quoted);
+    std::size_t count = 0;
+    for (auto place = json_.find(quoted); place != std::string_view::npos; place = json_.find(quoted, place + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+bool JsonReading::isUnambiguous(std::string_view key) const {
+    return countOf(key) == 1;
 }
 
 std::optional<QJsonValue> JsonReading::value(std::string_view key) const {

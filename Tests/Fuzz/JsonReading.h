@@ -4,6 +4,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -17,6 +18,13 @@ public:
 
     /// The object; empty where there is none.
     const QJsonObject& object() const { return object_; }
+
+    /// Whether every JSON reader takes the text in the same way: no escapes, no control characters, no byte order mark,
+    /// no number that is very large or has a point or an exponent.
+    bool isPlain() const;
+
+    /// In how many places this key can stand; 0 for a text that is not plain enough to tell.
+    std::size_t countOf(std::string_view key) const;
 
     /// Whether there is just one place where this key can stand. Where a key stands twice, readers differ.
     bool isUnambiguous(std::string_view key) const;

@@ -31,7 +31,22 @@ PackageScript::PackageScript(const fs::path& path)
     : originals_{"a small original", "", std::string(70'000, 'x')}, package_(path) {
     for (const std::string& original : originals_) {
         payloads_.push_back(package_.store(original));
+        payloadFiles_.push_back(TestFiles::read(package_.payloadPath(payloads_.back().identifier)));
     }
+}
+
+std::size_t PackageScript::intactPayloadCount() const {
+    // With a link in the place of their folder all are elsewhere.
+    if (!fs::is_directory(fs::symlink_status(package_.path() / "payloads"))) {
+        return 0;
+    }
+    std::size_t count = 0;
+    for (std::size_t index = 0; index < payloads_.size(); ++index) {
+        const fs::path file = package_.payloadPath(payloads_[index].identifier);
+        const bool isFile = fs::is_regular_file(fs::symlink_status(file));
+        count += isFile && TestFiles::read(file) == payloadFiles_[index] ? 1U : 0U;
+    }
+    return count;
 }
 
 void PackageScript::run(FuzzInput& input) {

@@ -23,6 +23,9 @@ public:
     /// What the package's payload files stand for.
     const std::array<std::string, 3>& originals() const { return originals_; }
 
+    /// How many payload files are still as they were made, in their place.
+    std::size_t intactPayloadCount() const;
+
 private:
     void takeStep(FuzzInput& input);
     void addCommit(FuzzInput& input);
@@ -34,5 +37,7 @@ private:
     std::array<std::string, 3> originals_;
     TestPackage package_;
     std::vector<StoredPayload> payloads_;
+    /// The payload files as they were made.
+    std::vector<std::string> payloadFiles_;
     std::vector<Identifier> commits_;
 };

@@ -16,6 +16,8 @@ TEST(FileURLTests, everyNameComesBackAsItWas) {
 TEST(FileURLTests, aHostIsTakenOnlyWhereItIsThisMachine) {
     EXPECT_EQ(FileURL::path(QUrl("file://localhost/a")), "/a");
     EXPECT_EQ(FileURL::path(QUrl("file://elsewhere/a")), std::nullopt);
+    const QString noHost(64, u'a');
+    EXPECT_EQ(FileURL::path(QUrl("file://" + noHost + "/a")), std::nullopt);
 }
 
 TEST(FileURLTests, nothingElseIsAPath) {

@@ -60,7 +60,8 @@ std::vector<std::filesystem::path> MountedVolumes::forFiles(const QByteArray& ta
             continue;
         }
         std::filesystem::path root = unescaped(fields[rootField]);
-        if (isForFiles(root, fields[separator + 1].constData()) && std::ranges::find(roots, root) == roots.end()) {
+        if (root.is_absolute() && isForFiles(root, fields[separator + 1].constData()) &&
+            std::ranges::find(roots, root) == roots.end()) {
             roots.push_back(std::move(root));
         }
     }

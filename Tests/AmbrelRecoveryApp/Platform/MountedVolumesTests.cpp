@@ -18,7 +18,8 @@ TEST(MountedVolumes, haveTheirNamesAsTheyAre) {
 }
 
 TEST(MountedVolumes, passOverLinesThatMakeNoSense) {
-    for (const char* table : {"", "\n", "x", "1 2 3:4 / /a rw ext4", "1 2 3:4 - ext4 x", "1 2 3:4 / /a rw -"}) {
+    for (const char* table : {"", "\n", "x", "1 2 3:4 / /a rw ext4", "1 2 3:4 - ext4 x", "1 2 3:4 / /a rw -",
+                              "1 2 3:4 / a rw - ext4 x", "1 2 3:4 /  rw - ext4 x"}) {
         EXPECT_TRUE(MountedVolumes::forFiles(table).empty()) << table;
     }
 }

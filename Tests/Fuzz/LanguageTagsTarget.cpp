@@ -110,6 +110,8 @@ void expectEnvironment(const std::vector<std::string_view>& lines) {
     expectTags(preferred);
     const icu::Locale locale = SystemLocale::current();
     expect(!locale.isBogus() && *locale.getLanguage() != '\0', "the current locale has a language");
+    expect(std::string_view(locale.getLanguage()) != "zh" || *locale.getScript() != '\0',
+           "a Chinese locale names its script");
     expect(!SystemLocale::calendar().empty(), "the current locale has a calendar");
     const QString number = AmbrelStrings::formattedNumber(std::int64_t{1'234'567}, locale);
     expect(!number.trimmed().isEmpty() && number.isValidUtf16(), "a number can be shown");

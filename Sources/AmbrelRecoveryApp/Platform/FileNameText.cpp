@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Platform/FileNameText.h"
 
 #include <QList>
+#include <QStringDecoder>
 
 namespace {
 
@@ -40,7 +41,10 @@ QString shown(char32_t character) {
 } // namespace
 
 QString FileNameText::readable(std::string_view name) {
-    const QString text = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    // Unlike QString::fromUtf8 this keeps a byte order mark at the start: the name has it, too.
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    const QString text = decoder(QByteArrayView(name.data(), static_cast<qsizetype>(name.size())));
     QString result;
     result.reserve(text.size());
     for (const char32_t character : text.toUcs4()) {

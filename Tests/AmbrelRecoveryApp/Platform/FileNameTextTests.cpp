@@ -21,6 +21,11 @@ TEST(FileNameText, showsCharactersThatTurnTheDirection) {
     EXPECT_EQ(readable("\u2066a\u2069\u200F\u061C"), QString("[U+2066]a[U+2069][U+200F][U+061C]"));
 }
 
+TEST(FileNameText, showsAByteOrderMarkAtTheStart) {
+    EXPECT_EQ(readable("\uFEFFa"), QString("[U+FEFF]a"));
+    EXPECT_EQ(readable("\uFEFF"), QString("[U+FEFF]"));
+}
+
 TEST(FileNameText, showsThatBytesAreNoText) {
     EXPECT_EQ(readable("a\xFF.ambrel"), QString("a%1.ambrel").arg(QChar(QChar::ReplacementCharacter)));
 }

@@ -15,9 +15,13 @@ JsonReading::JsonReading(std::string_view json) : json_(json) {
 bool JsonReading::isPlain() const {
     constexpr std::size_t longestNumber = 18;
     std::size_t digits = 0;
+    bool inText = false;
     for (const char character : json_) {
         const bool isDigit = character >= '0' && character <= '9';
-        const bool isFraction = digits > 0 && (character == '.' || character == 'e' || character == 'E');
+        inText = inText != (character == '"');
+        // Qt takes a number without a digit before its point, too.
+        const bool isFraction =
+            (!inText && character == '.') || (digits > 0 && (character == '.' || character == 'e' || character == 'E'));
         digits = isDigit ? digits + 1 : 0;
         if (character == '\\' || (character >= '\0' && character < ' ') || isFraction || digits > longestNumber) {
             return false;

@@ -1,6 +1,7 @@
 #include "Fuzz/PackageScript.h"
 
 #include "Common/Failure.h"
+#include "Format/PayloadFormat.h"
 #include "Support/TestFiles.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ std::uint8_t oneBitOf(std::uint8_t choice) {
 } // namespace
 
 PackageScript::PackageScript(const fs::path& path)
-    : originals_{"a small original", "", std::string(70'000, 'x')}, package_(path) {
+    : originals_{"a small original", "", std::string(2 * PayloadFormat::chunkPlaintextByteCount, 'x')}, package_(path) {
     for (const std::string& original : originals_) {
         payloads_.push_back(package_.store(original));
         payloadFiles_.push_back(TestFiles::read(package_.payloadPath(payloads_.back().identifier)));

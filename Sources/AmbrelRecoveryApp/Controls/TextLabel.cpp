@@ -101,6 +101,21 @@ void TextLabel::setDirection(Direction direction) {
 }
 
 int TextLabel::heightForWidth(int width) const {
+    // Nested layouts ask for the same few heights many times before each picture.
+    if (measured_.text != text() || measured_.font != font()) {
+        measured_.text = text();
+        measured_.font = font();
+        measured_.ofWidths.clear();
+    }
+    if (const int* const known = measured_.ofWidths.object(width)) {
+        return *known;
+    }
+    const int height = measuredHeight(width);
+    measured_.ofWidths.insert(width, new int(height));
+    return height;
+}
+
+int TextLabel::measuredHeight(int width) const {
     QTextLayout layout(text(), font());
     layout.setTextOption(wrapping(Qt::LayoutDirectionAuto));
     return static_cast<int>(std::ceil(breakIntoLines(layout, width, linePitch_)));

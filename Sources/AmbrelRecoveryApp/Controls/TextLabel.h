@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QCache>
+#include <QFont>
 #include <QLabel>
+#include <QString>
 
 /// A text in one font and colour, as wide as it is given and as high as it needs: it wraps, between words where it can,
 /// and is never cut off. Plain text; its alignment is leading,
@@ -33,7 +36,17 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The heights for the last widths, of this text in this font.
+    struct MeasuredHeights {
+        QString text;
+        QFont font;
+        QCache<int, int> ofWidths{8};
+    };
+
+    int measuredHeight(int width) const;
+
     const int linePitch_;
     QColor color_;
     Direction direction_ = Direction::interfaceLanguage;
+    mutable MeasuredHeights measured_;
 };

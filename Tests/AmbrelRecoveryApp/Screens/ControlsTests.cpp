@@ -76,6 +76,17 @@ TEST(TextLabelTests, isAsHighAsItsLines) {
     EXPECT_GT(text.heightForWidth(120), wide);
 }
 
+TEST(TextLabelTests, isAsHighAsItsTextAndFontAreNow) {
+    TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
+    text.setText(QStringLiteral("one"));
+    const int oneLine = text.heightForWidth(120);
+    text.setText(QStringLiteral("one two three four five six seven eight nine ten"));
+    const int lines = text.heightForWidth(120);
+    EXPECT_GT(lines, oneLine);
+    text.setFont(recoveryFont(32, QFont::Normal));
+    EXPECT_GT(text.heightForWidth(120), lines);
+}
+
 TEST(TextLabelTests, breaksAWordThatIsTooLong) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
     text.setText(QString(300, u'W'));

@@ -22,6 +22,8 @@ MainContent::MainContent(QWidget* parent)
     : QScrollArea(parent), column_(new QWidget), header_(new HeaderView(column_)),
       chooseBackup_(new ChooseBackupScreen(column_)), snapshots_(new SnapshotsScreen(column_)),
       completion_(new CompletionScreen(column_)) {
+    // Before it has a layout: the scroll area asks a widget that it is given for its size, and no text is there yet.
+    setWidget(column_);
     ShownPart::setShown(snapshots_, false);
     ShownPart::setShown(completion_, false);
 
@@ -40,7 +42,6 @@ MainContent::MainContent(QWidget* parent)
     // The two scroll bars stand in the padding.
     row->addSpacing(sidePadding - 2 * QuietScrollBar::thickness);
 
-    setWidget(column_);
     column_->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     setWidgetResizable(true);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
+
+#include <QScrollArea>
+
+/// What the snapshot list is measured against: a frame with five labels for every row, in a scroll area.
+class RowWidgets final : public QScrollArea {
+public:
+    explicit RowWidgets(const SnapshotRows& rows, QWidget* parent = nullptr);
+};

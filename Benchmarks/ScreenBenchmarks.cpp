@@ -1,0 +1,177 @@
+// The snapshot list and the redraw after a change of the model, on whatever display there is (DISPLAY).
+//
+// Of a picture the time is taken that the program needs for it: the display draws what it was sent afterwards.
+
+#include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
+#include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
+#include "AmbrelRecoveryApp/Platform/FilePanels.h"
+#include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
+#include "BareRows.h"
+#include "RowWidgets.h"
+#include "SampleSnapshots.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QWindow>
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize listSize(620, 480);
+/// Less than half of a row, so that every row is drawn at many places.
+constexpr int scrollStep = 37;
+
+/// Counts what is painted, so that nothing is measured that shows nothing.
+class PaintCount final : public QObject {
+public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    int value() const { return count_; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    int count_ = 0;
+};
+
+void showAndSettle(QWidget& widget, const QSize& size) {
+    widget.resize(size);
+    widget.show();
+    for (int turn = 0; turn < 20 || !widget.windowHandle()->isExposed(); ++turn) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+}
+
+void scrollOn(QAbstractScrollArea& area) {
+    QScrollBar& bar = *area.verticalScrollBar();
+    bar.setValue(bar.value() + scrollStep > bar.maximum() ? 0 : bar.value() + scrollStep);
+    area.viewport()->repaint();
+}
+
+/// What is done once for an inspection, whatever shows it.
+void sortSnapshots(benchmark::State& state) {
+    const auto inspection = SampleSnapshots::inspection(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(SampleSnapshots::rows(inspection));
+    }
+}
+BENCHMARK(sortSnapshots)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+/// From the sorted snapshots to the painted list: handing over, laying out, the words of the visible rows.
+void openSnapshotList(benchmark::State& state) {
+    const SnapshotRows rows = SampleSnapshots::rows(SampleSnapshots::inspection(static_cast<int>(state.range(0))));
+    SnapshotList list;
+    showAndSettle(list, listSize);
+    const PaintCount painted(list.viewport());
+    for (auto _ : state) {
+        list.apply(rows);
+        list.viewport()->repaint();
+        if (list.verticalScrollBar()->maximum() == 0 || !list.indexAt({300, 30}).isValid()) {
+            state.SkipWithError("nothing was laid out");
+        }
+        state.PauseTiming();
+        list.apply({});
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+    if (painted.value() < static_cast<int>(state.iterations())) {
+        state.SkipWithError("nothing was painted");
+    }
+}
+BENCHMARK(openSnapshotList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+void openRowWidgets(benchmark::State& state) {
+    const SnapshotRows rows = SampleSnapshots::rows(SampleSnapshots::inspection(static_cast<int>(state.range(0))));
+    QWidget window;
+    showAndSettle(window, listSize);
+    for (auto _ : state) {
+        auto area = std::make_unique<RowWidgets>(rows, &window);
+        area->resize(listSize);
+        area->show();
+        area->repaint();
+        state.PauseTiming();
+        area.reset();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(openRowWidgets)->Arg(100)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMicrosecond)->MinTime(0.01);
+
+void scrollSnapshotList(benchmark::State& state) {
+    SnapshotList list;
+    list.apply(SampleSnapshots::rows(SampleSnapshots::inspection(static_cast<int>(state.range(0)))));
+    showAndSettle(list, listSize);
+    for (auto _ : state) {
+        scrollOn(list);
+    }
+}
+BENCHMARK(scrollSnapshotList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+void scrollBareRows(benchmark::State& state) {
+    BareRows rows(SampleSnapshots::rows(SampleSnapshots::inspection(static_cast<int>(state.range(0)))));
+    showAndSettle(rows, listSize);
+    for (auto _ : state) {
+        scrollOn(rows);
+    }
+}
+BENCHMARK(scrollBareRows)->Arg(1'000)->Unit(benchmark::kMicrosecond);
+
+void selectAnotherSnapshot(benchmark::State& state) {
+    const auto inspection = SampleSnapshots::inspection(static_cast<int>(state.range(0)));
+    SnapshotRows rows = SampleSnapshots::rows(inspection);
+    SnapshotList list;
+    list.apply(rows);
+    showAndSettle(list, listSize);
+    std::size_t row = 0;
+    for (auto _ : state) {
+        row = 1 - row;
+        rows.selectedCode = rows.snapshots->at(row).selectionCode;
+        list.apply(rows);
+        list.viewport()->repaint();
+    }
+}
+BENCHMARK(selectAnotherSnapshot)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+/// The window of the first screen, and the user switching between the two kinds of secret: texts, a button's state and
+/// the entry field change.
+void redrawAfterModelChange(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const std::filesystem::path package = folder.filePath(QStringLiteral("Sample.ambrel")).toStdString();
+    std::filesystem::create_directory(package);
+    FilePanels panels(nullptr);
+    DesktopFileViewer viewer;
+    RecoveryViewModel model("/bin/true", {panels, viewer, std::make_shared<LocalCloudItems>()});
+    model.acceptPackage(package);
+    RecoveryRootView view(model);
+    showAndSettle(view, {980, 720});
+    const PaintCount painted(&view);
+    for (auto _ : state) {
+        model.setFactor(model.factor() == AmbrelRecoveryAppFactor::backupPassphrase
+                            ? AmbrelRecoveryAppFactor::recoveryKey
+                            : AmbrelRecoveryAppFactor::backupPassphrase);
+        const int before = painted.value();
+        while (painted.value() == before) {
+            QCoreApplication::processEvents();
+        }
+    }
+}
+BENCHMARK(redrawAfterModelChange)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication application(argumentCount, arguments);
+    benchmark::Initialize(&argumentCount, arguments);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -42,7 +42,7 @@ constexpr std::array languages = {
         u"Computer",
         u"Übergeordneter Ordner", u"Änderungsdatum", u"Erstellen",
         u"Ein Objekt mit diesem Namen ist bereits vorhanden.", u"Der Ordner konnte nicht erstellt werden.",
-        u"Dieser Ordner kann nicht geöffnet werden", u"Wird geladen …",
+        u"Dieser Ordner kann nicht geöffnet werden", u"Wird geladen\u00A0…",
         u"Ausschneiden", u"Kopieren", u"Einfügen", u"Alles auswählen"}},
     Language{u"fr", {
         u"Emplacements", u"Dossier personnel", u"Bureau", u"Documents", u"Téléchargements", u"Musique", u"Images",

@@ -4,9 +4,11 @@
 #include "AmbrelLocalization/IcuText.h"
 #include "AmbrelLocalization/PrintfStyleFormat.h"
 #include "CatalogueTable.h"
+#include "TextFaults.h"
 #include "UntranslatedTexts.h"
 
-#include <gtest/gtest.h>
+#include <QRegularExpression>
+#include <gmock/gmock.h>
 #include <unicode/ucnv.h>
 #include <unicode/uscript.h>
 
@@ -15,6 +17,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -64,48 +67,27 @@ PlaceholderUse placeholderUse(const QString& text) {
     return result;
 }
 
-/// The text without its placeholders.
-QString withoutPlaceholders(const QString& text) {
-    QString result = text;
-    auto placeholders = PrintfStyleFormat::placeholders(text);
-    std::ranges::reverse(placeholders);
-    for (const auto& placeholder : placeholders) {
-        result.remove(placeholder.start, placeholder.length);
+/// The texts that stand between the quotation marks of a language, without the no-break spaces inside.
+QStringList quotedTexts(const QString& text) {
+    static const QRegularExpression quotation(QStringLiteral("[“„«「‘]\\x{A0}?(.+?)\\x{A0}?[”“»」’]"),
+                                              QRegularExpression::UseUnicodePropertiesOption);
+    QStringList result;
+    for (auto found = quotation.globalMatch(text); found.hasNext();) {
+        result.append(found.next().captured(1));
     }
     return result;
 }
 
-/// The scripts of a text's letters, without those that belong to every script.
-std::set<UScriptCode> scripts(const QString& text) {
-    std::set<UScriptCode> result;
-    for (const char32_t codePoint : withoutPlaceholders(text).toStdU32String()) {
-        UErrorCode status = U_ZERO_ERROR;
-        const UScriptCode script = uscript_getScript(static_cast<UChar32>(codePoint), &status);
-        if (script != USCRIPT_COMMON && script != USCRIPT_INHERITED) {
-            result.insert(script);
-        }
+/// How a text ends, quotation marks not counted: 0 for a letter or a digit.
+char ending(const QString& text) {
+    static const QString marks = QStringLiteral(".。?？؟…:：");
+    static constexpr std::string_view meanings = "..???~::";
+    QString rest = text;
+    while (QStringLiteral("”“»」’").contains(rest.back())) {
+        rest.chop(1);
     }
-    return result;
-}
-
-/// The scripts that a language is written in, besides the Latin one of names.
-std::set<UScriptCode> scriptsOfLocale(const std::string& locale) {
-    if (locale == "ja") {
-        return {USCRIPT_HAN, USCRIPT_HIRAGANA, USCRIPT_KATAKANA};
-    }
-    if (locale == "ko") {
-        return {USCRIPT_HANGUL};
-    }
-    if (locale == "ru") {
-        return {USCRIPT_CYRILLIC};
-    }
-    if (locale == "ar") {
-        return {USCRIPT_ARABIC};
-    }
-    if (locale.starts_with("zh")) {
-        return {USCRIPT_HAN};
-    }
-    return {USCRIPT_LATIN};
+    const qsizetype mark = marks.indexOf(rest.back());
+    return mark < 0 ? '\0' : meanings[static_cast<std::size_t>(mark)];
 }
 
 /// The Chinese characters of `text` that the national character set `encoding` does not have.
@@ -203,20 +185,13 @@ TEST_P(Table, hasThePlaceholdersOfEnglish) {
             continue;
         }
         EXPECT_EQ(placeholderUse(text), placeholderUse(source->second)) << key << ": " << text.toStdString();
-        if (!placeholderUse(text).empty()) {
-            EXPECT_FALSE(withoutPlaceholders(text).contains(u'%')) << key << ": " << text.toStdString();
-        }
     }
 }
 
-TEST_P(Table, isWrittenInTheScriptOfItsLanguage) {
+TEST_P(Table, hasLettersOfItsLanguage) {
     const std::set<UScriptCode> own = scriptsOfLocale(locale());
     for (const auto& [key, text] : texts()) {
         const std::set<UScriptCode> used = scripts(text);
-        for (const UScriptCode script : used) {
-            EXPECT_TRUE(script == USCRIPT_LATIN || own.contains(script))
-                << key << " has letters of the script " << uscript_getName(script) << ": " << text.toStdString();
-        }
         const bool hasOwn = std::ranges::any_of(used, [&own](UScriptCode script) { return own.contains(script); });
         EXPECT_TRUE(hasOwn || used.empty() || untranslatedTexts().contains(locale(), key))
             << key << " has no letter of its language: " << text.toStdString();
@@ -251,11 +226,45 @@ TEST_P(Table, isTranslatedOrListedWithAReason) {
     }
 }
 
-TEST_P(Table, isSetInTypographicSigns) {
+TEST_P(Table, isSetByTheRulesOfItsLanguage) {
     for (const auto& [key, text] : texts()) {
-        for (const char* sign : {"'", "\"", "...", "  ", " - "}) {
-            EXPECT_FALSE(text.contains(QLatin1String(sign))) << key << " has " << sign << ": " << text.toStdString();
-        }
+        EXPECT_THAT(textFaults(locale(), text), testing::IsEmpty()) << key << ": " << text.toStdString();
+    }
+}
+
+TEST_P(Table, endsEveryTextAsEnglishDoes) {
+    // “How”, “where” or “what” begins the title in English; in Turkish it is a question.
+    static const std::set<std::string> turkishQuestions = {
+        "ambrel.help.local-encryption.title",
+        "ambrel.help.where-bytes-live.title",
+        "ambrel.help.backup-status.title",
+        "ambrel.help.rolling-verification.title",
+    };
+    for (const auto& [key, text] : texts()) {
+        const char expected = locale() == "tr" && turkishQuestions.contains(key) ? '?' : ending(english().at(key));
+        EXPECT_EQ(ending(text), expected) << key << ": " << text.toStdString();
+    }
+}
+
+TEST_P(Table, quotesNamesAsTheyAre) {
+    const auto named = [this](const char* key) { return texts().at(std::string("ambrel.") + key); };
+    const auto quotes = [&](const char* key) { return quotedTexts(named(key)); };
+    EXPECT_TRUE(quotes("help.set-up-backup.body").contains(named("backup.setup.create.action")));
+    EXPECT_TRUE(quotes("help.move-to-new-iphone.body").contains(named("recovery.restore-existing.action")));
+    const QStringList states = quotes("help.backup-status.body");
+    ASSERT_GE(states.size(), 3);
+    EXPECT_EQ(states[0], named("backup.destination.written"));
+    EXPECT_EQ(states[1], named("backup.destination.protected"));
+    // The second part of a title, which begins with a capital where it stands alone.
+    EXPECT_TRUE(named("backup.status.restore-tested.title").endsWith(states[2], Qt::CaseInsensitive))
+        << states[2].toStdString();
+    // What else is quoted there is the name of the section, or again one of the states.
+    for (const QString& quoted : quotes("help.set-up-backup.body") + quotes("help.move-to-new-iphone.body") + states) {
+        EXPECT_TRUE(quoted == states[2] || quoted == named("navigation.backup") ||
+                    quoted == named("backup.setup.create.action") ||
+                    quoted == named("recovery.restore-existing.action") ||
+                    quoted == named("backup.destination.written") || quoted == named("backup.destination.protected"))
+            << quoted.toStdString();
     }
 }
 

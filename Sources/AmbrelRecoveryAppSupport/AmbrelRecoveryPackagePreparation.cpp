@@ -46,7 +46,8 @@ bool isDownloaded(const CloudItems::Properties& properties) {
 } // namespace
 
 void AmbrelRecoveryPackagePreparation::prepareForRead(const std::filesystem::path& package, CloudItems& cloudItems,
-                                                      const ProgressHandler& onProgress, std::stop_token stopToken) {
+                                                      const ProgressHandler& onProgress,
+                                                      const std::stop_token& stopToken) {
     const auto report = [&onProgress](std::optional<double> fraction) {
         if (onProgress) {
             onProgress(fraction);

@@ -26,6 +26,6 @@ inline constexpr std::chrono::milliseconds pollingInterval(350);
 /// Throws AmbrelRecoveryPackagePreparationError, std::system_error where the system cannot tell the item's properties,
 /// and CancellationError once `stopToken` is stopped.
 void prepareForRead(const std::filesystem::path& package, CloudItems& cloudItems, const ProgressHandler& onProgress,
-                    std::stop_token stopToken);
+                    const std::stop_token& stopToken);
 
 } // namespace AmbrelRecoveryPackagePreparation

@@ -62,6 +62,7 @@ set(screens_sources
   Screens/RailBadge.cpp
   Screens/RailStep.cpp
   Screens/RailStepAccessible.cpp
+  Screens/RailStepList.cpp
   Screens/RecoveryAccessibility.cpp
   Screens/RecoveryScreenState.cpp
   Screens/SnapshotList.cpp

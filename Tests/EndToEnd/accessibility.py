@@ -15,8 +15,8 @@ _OBJECT_EVENT = "org.a11y.atspi.Event.Object"
 
 # The library of the protocol serves only for its numbers. It keeps its own copy of the tree; here every look is fresh.
 STATES = {name: int(getattr(Atspi.StateType, name.upper()))
-          for name in ("checked", "editable", "enabled", "focusable", "focused", "selected", "sensitive", "showing",
-                       "visible")}
+          for name in ("busy", "checked", "editable", "enabled", "focusable", "focused", "selectable",
+                       "selected", "sensitive", "showing", "visible")}
 
 
 class Gone(Exception):
@@ -69,34 +69,53 @@ class AccessibilityBus:
         return None
 
 
-class Announcements:
-    """What a screen reader says of itself: every notification from its making on, as a list of texts."""
+class StateChanges:
+    """Every change of some states from its making on, as a list of (name of the object, state, whether it is set)."""
 
-    def __init__(self, bus):
+    def __init__(self, bus, *states):
         self._bus = bus
-        self._texts = []
+        self._states = states
+        self._changes = []
         # Toolkits send only the events that somebody has asked for.
-        bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
-                 GLib.Variant("(s)", ("object:state-changed:showing",)))
+        for state in states:
+            bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
+                     GLib.Variant("(s)", (f"object:state-changed:{state}",)))
         bus.subscribe(_OBJECT_EVENT, "StateChanged", self._on_state_changed)
 
     @property
-    def texts(self):
+    def changes(self):
         context = GLib.MainContext.default()
         while context.iteration(False):
             pass
-        return list(self._texts)
+        return list(self._changes)
 
     def _on_state_changed(self, owner, path, arguments):
         state, is_set = arguments[0], arguments[1]
-        if state != "showing" or not is_set:
+        if state not in self._states:
             return
-        shown = Accessible(self._bus, owner, path)
+        changed = Accessible(self._bus, owner, path)
         try:
-            if shown.role == "notification":
-                self._texts.append(shown.name)
+            if self._concerns(changed):
+                self._changes.append((changed.name, state, bool(is_set)))
         except Gone:
             pass
+
+    def _concerns(self, _changed):
+        return True
+
+
+class Announcements(StateChanges):
+    """What a screen reader says of itself: every notification from its making on, as a list of texts."""
+
+    def __init__(self, bus):
+        super().__init__(bus, "showing")
+
+    @property
+    def texts(self):
+        return [name for name, _, is_set in self.changes if is_set]
+
+    def _concerns(self, changed):
+        return changed.role == "notification"
 
 
 class Accessible:
@@ -142,6 +161,11 @@ class Accessible:
         low, high = self._call(_ACCESSIBLE, "GetState")[0]
         bits = low | high << 32
         return {name for name, bit in STATES.items() if bits >> bit & 1}
+
+    @property
+    def interfaces(self):
+        """The names of what the object can be asked for, for example "Value"."""
+        return {name.rsplit(".", 1)[1] for name in self._call(_ACCESSIBLE, "GetInterfaces")[0]}
 
     @property
     def is_showing(self):

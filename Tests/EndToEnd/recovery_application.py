@@ -1,5 +1,7 @@
 """The application under test: the steps of the road through it, by the names that its catalogue gives them."""
 
+import itertools
+
 from application import WINDOW_TITLE, Application
 from catalogue import OKAY, SHOW_IN_FINDER
 from waiting import wait_for
@@ -98,7 +100,24 @@ class RecoveryApplication(Application):
         return [shown.name for shown in self._rows()]
 
     def _rows(self):
-        return [shown for shown in self.shown() if shown.role == "list item"]
+        return self._items_of(self.catalogue["recovery.snapshots.title"])
+
+    def _items_of(self, list_name):
+        """The items of the list with this name."""
+        everything = self.shown()
+        for index, outer in enumerate(everything):
+            if (outer.role, outer.name) == ("list", list_name):
+                inside = itertools.takewhile(lambda shown, depth=outer.depth: shown.depth > depth,
+                                             everything[index + 1:])
+                return [shown for shown in inside if shown.role == "list item"]
+        return []
+
+    # The side rail
+
+    def steps(self):
+        """The three steps, each with its name, its description and which of "selected" and "checked" it is."""
+        return [(shown.name, shown.item.description, shown.item.states & {"selected", "checked"})
+                for shown in self._items_of("")]
 
     def wait_for_snapshots(self):
         self.wait_for_shown("the list of snapshots", self.rows)

@@ -2,7 +2,7 @@
 
 import unittest
 
-from accessibility import Announcements
+from accessibility import Announcements, StateChanges
 from catalogue import NO_ACCOUNT, OKAY, READ_ONLY
 from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
@@ -40,6 +40,32 @@ class Accessibility(RecoveryTestCase):
         passphrase = application.wait_for_object(texts["backup.factor.passphrase"], "radio button")
         key = application.wait_for_object(texts["backup.factor.recovery-key"], "radio button")
         self.assertEqual((True, False), ("checked" in passphrase.states, "checked" in key.states))
+
+    def test_the_steps_tell_which_one_is_shown_and_which_are_completed(self):
+        application = self.start()
+        texts = self.catalogue
+        names = [texts["recovery.choose-package.action"], texts["recovery.snapshots.title"],
+                 texts["files-export.completed.title"]]
+
+        done = texts["selection.done"]
+
+        def assert_steps(*states):
+            self.assertEqual([(name, done if "checked" in told else "", told) for name, told in zip(names, states)],
+                             application.steps())
+
+        assert_steps({"selected"}, set(), set())
+        for name in names:
+            self.assertIn("selectable", application.find(name, "list item").states)
+        heard = StateChanges(self.desktop.accessibility, "selected", "checked")
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        application.wait_for_snapshots()
+        assert_steps({"checked"}, {"selected"}, set())
+        for change in ((names[0], "checked", True), (names[0], "selected", False), (names[1], "selected", True)):
+            wait_for(f"the event of {change}", lambda: change in heard.changes)
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        assert_steps({"checked"}, {"checked"}, {"selected"})
 
     def test_the_window_has_its_size(self):
         self.assertEqual((980, 720), tuple(self.start().window.extents[2:]))
@@ -87,6 +113,10 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_text(self.catalogue["recovery.inspecting"])
         application.wait_for_object(self.catalogue["recovery.action.cancel-restore"], "push button")
         self.assert_every_control_has_a_name(application)
+        bar = application.find(self.catalogue["recovery.inspecting"], "progress bar")
+        self.assertIn("busy", bar.states)
+        # How far the engine is it does not tell.
+        self.assertNotIn("Value", bar.interfaces)
         self.assertIsNone(application.find(self.catalogue["recovery.inspect.action"], "push button"))
         application.press(self.catalogue["recovery.action.cancel-restore"])
         application.button(self.catalogue["recovery.inspect.action"])
@@ -112,8 +142,13 @@ class Accessibility(RecoveryTestCase):
                 self.assertIn(part, name)
         self.assert_every_control_has_a_name(application)
         self.assertTrue(application.is_enabled(self.catalogue["files-export.start"]))
+        chosen = {"selectable", "selected", "checked"}
+        self.assertEqual([chosen, {"selectable"}, {"selectable"}],
+                         [row.states & chosen for row in application.row_objects()])
 
         application.choose_row(names[2])
+        wait_for("the choice", lambda: [row.states & chosen for row in application.row_objects()]
+                 == [{"selectable"}, {"selectable"}, chosen])
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()
         self.assertEqual("old", self.engine.runs[1].arguments[3])

@@ -5,7 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/RailBadge.h"
-#include "AmbrelRecoveryApp/Screens/RailStep.h"
+#include "AmbrelRecoveryApp/Screens/RailStepList.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -25,18 +25,15 @@ constexpr int bottomPadding = 28;
 JourneyRail::JourneyRail(QWidget* parent)
     : QWidget(parent), brand_(new TextLabel(recoveryFont(19, QFont::DemiBold), RecoveryPalette::primary(), this)),
       product_(new TextLabel(recoveryFont(12, QFont::Medium), RecoveryPalette::muted(), this)),
-      steps_{new RailStep(this), new RailStep(this), new RailStep(this)},
-      noAccount_(new RailBadge(RecoverySymbol::personCropCircleBadgeXmark, this)),
+      steps_(new RailStepList(this)), noAccount_(new RailBadge(RecoverySymbol::personCropCircleBadgeXmark, this)),
       readOnly_(new RailBadge(RecoverySymbol::checkmarkShield, this)) {
     setFixedWidth(railWidth);
     auto* const layout = new QVBoxLayout;
     layout->setSpacing(0);
     layout->addLayout(makeBrandBlock());
     layout->addSpacing(44);
-    for (RailStep* const step : steps_) {
-        layout->addWidget(step);
-        layout->addSpacing(20);
-    }
+    layout->addWidget(steps_);
+    layout->addSpacing(20);
     layout->addStretch(1);
     layout->addWidget(noAccount_);
     layout->addSpacing(9);
@@ -75,9 +72,7 @@ QHBoxLayout* JourneyRail::makeBrandBlock() {
 void JourneyRail::apply(const JourneyRailContent& content) {
     brand_->setText(content.brand);
     product_->setText(content.product);
-    for (std::size_t index = 0; index < steps_.size(); ++index) {
-        steps_[index]->apply(content.steps[index]);
-    }
+    steps_->apply(content.steps);
     noAccount_->setText(content.noAccount);
     readOnly_->setText(content.readOnly);
 }

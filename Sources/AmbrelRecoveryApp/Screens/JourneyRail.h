@@ -4,11 +4,9 @@
 
 #include <QWidget>
 
-#include <array>
-
 class QHBoxLayout;
 class RailBadge;
-class RailStep;
+class RailStepList;
 class TextLabel;
 
 /// The side rail: the brand, the three steps of the way, and two promises.
@@ -28,7 +26,7 @@ private:
 
     TextLabel* const brand_;
     TextLabel* const product_;
-    std::array<RailStep*, 3> steps_;
+    RailStepList* const steps_;
     RailBadge* const noAccount_;
     RailBadge* const readOnly_;
 };

@@ -9,24 +9,31 @@ JourneyRailContent journeyRailContent(const RecoveryScreenState& state) {
 
     const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
     const Phase phase = state.phase;
-    return {
+    JourneyRailContent content{
         .brand = QStringLiteral("Ambrel"),
         .product = QStringLiteral("Recovery"),
         .steps = {{
             {.number = QStringLiteral("01"),
              .title = localized(AmbrelStrings::recoveryChoosePackageAction()),
              .isActive = phase == Phase::chooseBackup || phase == Phase::preparingPackage || phase == Phase::inspecting,
-             .isCompleted = state.snapshots != nullptr},
+             .isCompleted = state.snapshots != nullptr,
+             .spokenCheckmark = {}},
             {.number = QStringLiteral("02"),
              .title = localized(AmbrelStrings::recoverySnapshotsTitle()),
              .isActive = phase == Phase::snapshots || phase == Phase::exporting,
-             .isCompleted = phase == Phase::complete},
+             .isCompleted = phase == Phase::complete,
+             .spokenCheckmark = {}},
             {.number = QStringLiteral("03"),
              .title = localized(AmbrelStrings::filesExportCompletedTitle()),
              .isActive = phase == Phase::complete,
-             .isCompleted = false},
+             .isCompleted = false,
+             .spokenCheckmark = {}},
         }},
         .noAccount = RecoveryAppCopy::noAccount(locale),
         .readOnly = RecoveryAppCopy::readOnly(locale),
     };
+    for (JourneyRailContent::Step& step : content.steps) {
+        step.spokenCheckmark = step.isCompleted ? localized(AmbrelStrings::selectionDone()) : QString();
+    }
+    return content;
 }

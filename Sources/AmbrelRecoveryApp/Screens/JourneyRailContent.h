@@ -15,6 +15,8 @@ struct JourneyRailContent {
         bool isActive = false;
         /// Shown as a checkmark in the place of the number.
         bool isCompleted = false;
+        /// What screen readers say for the checkmark.
+        QString spokenCheckmark;
 
         bool operator==(const Step&) const = default;
     };

@@ -8,6 +8,8 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 
+#include <utility>
+
 namespace {
 
 QFont titleFont(bool isActive) {
@@ -30,15 +32,27 @@ void RailStep::apply(const JourneyRailContent::Step& content) {
     if (content_ == content) {
         return;
     }
-    QAccessible::State changed;
-    changed.selected = content_.isActive != content.isActive;
-    changed.checked = content_.isCompleted != content.isCompleted;
-    content_ = content;
+    const JourneyRailContent::Step before = std::exchange(content_, content);
     mark_->apply(content.number, content.isActive, content.isCompleted);
     title_->setFont(titleFont(content.isActive));
     title_->setColor(content.isActive ? RecoveryPalette::primary() : RecoveryPalette::muted());
     title_->setText(content.title);
     setAccessibleName(content.title);
-    QAccessibleStateChangeEvent event(this, changed);
-    QAccessible::updateAccessibility(&event);
+    setAccessibleDescription(content.spokenCheckmark);
+    tellChange(before);
+}
+
+/// Apart from each other, since of an event with two changes Qt passes one on; that of a selection has a kind of its
+/// own.
+void RailStep::tellChange(const JourneyRailContent::Step& before) {
+    if (before.isCompleted != content_.isCompleted) {
+        QAccessible::State changed;
+        changed.checked = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        QAccessible::updateAccessibility(&event);
+    }
+    if (before.isActive != content_.isActive) {
+        QAccessibleEvent event(this, content_.isActive ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+        QAccessible::updateAccessibility(&event);
+    }
 }

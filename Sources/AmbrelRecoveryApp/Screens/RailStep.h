@@ -18,6 +18,8 @@ public:
     const JourneyRailContent::Step& content() const { return content_; }
 
 private:
+    void tellChange(const JourneyRailContent::Step& before);
+
     JourneyRailContent::Step content_;
     StepMark* const mark_;
     TextLabel* const title_;

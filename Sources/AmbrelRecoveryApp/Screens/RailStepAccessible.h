@@ -4,8 +4,8 @@
 
 class RailStep;
 
-/// A step of the rail as assistive technology meets it: selected while it is the step that is shown, and checked once
-/// it is completed.
+/// A step of the rail as assistive technology meets it: an item of a list, selected while it is the step that is shown,
+/// and checked and described so once it is completed.
 class RailStepAccessible final : public QAccessibleWidget {
 public:
     explicit RailStepAccessible(RailStep* step);

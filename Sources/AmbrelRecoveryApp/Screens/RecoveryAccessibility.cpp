@@ -9,6 +9,7 @@
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/RailStep.h"
 #include "AmbrelRecoveryApp/Screens/RailStepAccessible.h"
+#include "AmbrelRecoveryApp/Screens/RailStepList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotListAccessible.h"
 
@@ -24,6 +25,9 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     }
     if (auto* const list = qobject_cast<SnapshotList*>(object)) {
         return new SnapshotListAccessible(list);
+    }
+    if (auto* const steps = qobject_cast<RailStepList*>(object)) {
+        return new QAccessibleWidget(steps, QAccessible::List);
     }
     if (auto* const step = qobject_cast<RailStep*>(object)) {
         return new RailStepAccessible(step);

@@ -1,19 +1,14 @@
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/BusAddress.h"
+#include "AmbrelRecoveryApp/Platform/BusConnection.h"
 #include "AmbrelRecoveryApp/Platform/FileURL.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include <QDBusPendingCall>
 #include <QDesktopServices>
-#include <QPointer>
 #include <QTimer>
 #include <QUrl>
-#include <QUuid>
-
-#include <future>
-#include <system_error>
 
 namespace {
 
@@ -36,34 +31,15 @@ void DesktopFileViewer::reveal(const std::filesystem::path& folder) {
     }
     QTimer::singleShot(answerLimit_, this, [this, attempt] { settle(attempt, false); });
     // A connection for this one call: a session bus may come and go while the application runs.
-    const QString busName = QUuid::createUuid().toString();
-    try {
-        // Connecting lasts as long as the bus likes.
-        BackgroundTask::run(
-            [busName] { return QDBusConnection::connectToBus(QDBusConnection::SessionBus, busName).isConnected(); },
-            [viewer = QPointer(this), attempt, busName](std::future<bool>& isConnected) {
-                if (viewer && isConnected.get()) {
-                    viewer->askFileManager(attempt, busName);
-                    return;
-                }
-                QDBusConnection::disconnectFromBus(busName);
-                if (viewer) {
-                    viewer->settle(attempt, false);
-                }
-            });
-    } catch (const std::system_error&) {
-        settle(attempt, false);
-    }
+    BusConnection::open(BusAddress::ofSessionBus(), answerLimit_, this,
+                        [this, attempt](const std::shared_ptr<BusConnection>& bus) {
+                            bus ? askFileManager(attempt, bus) : settle(attempt, false);
+                        });
 }
 
-void DesktopFileViewer::askFileManager(const Attempt& attempt, const QString& busName) {
-    const QDBusPendingCall call =
-        QDBusConnection(busName).asyncCall(showItems(attempt.folder), static_cast<int>(answerLimit_.count()));
-    auto* const answer = new QDBusPendingCallWatcher(call, this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this,
-            [this, attempt, answer] { settle(attempt, !answer->isError()); });
-    connect(answer, &QDBusPendingCallWatcher::finished, answer, &QObject::deleteLater);
-    connect(answer, &QObject::destroyed, [busName] { QDBusConnection::disconnectFromBus(busName); });
+void DesktopFileViewer::askFileManager(const Attempt& attempt, const std::shared_ptr<BusConnection>& bus) {
+    bus->call(showItems(attempt.folder), answerLimit_, this,
+              [this, attempt, bus](const QDBusPendingCall& answer) { settle(attempt, !answer.isError()); });
 }
 
 void DesktopFileViewer::settle(const Attempt& attempt, bool isShown) {

@@ -6,6 +6,9 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
+
+class BusConnection;
 
 /// Shows files in the desktop's file manager: through the file manager's own service on the session bus where there is
 /// one, which can select an item, and otherwise by opening the folder that holds it. Never waits for an answer.
@@ -31,7 +34,7 @@ private:
         unsigned number = 0;
     };
 
-    void askFileManager(const Attempt& attempt, const QString& busName);
+    void askFileManager(const Attempt& attempt, const std::shared_ptr<BusConnection>& bus);
     void settle(const Attempt& attempt, bool isShown);
 
     const std::chrono::milliseconds answerLimit_;

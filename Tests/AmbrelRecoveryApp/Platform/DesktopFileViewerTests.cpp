@@ -2,13 +2,13 @@
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "FakeFileManager.h"
+#include "FakeService.h"
 #include "SilentSocket.h"
+#include "TestBus.h"
 
 #include <QDBusConnection>
 #include <QDesktopServices>
 #include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -44,34 +44,15 @@ public slots:
 
 namespace {
 
-/// A session bus at one and the same address in all tests: the program reads its address only once.
 class DesktopFileViewerTest : public testing::Test {
 protected:
-    DesktopFileViewerTest() { qputenv("DBUS_SESSION_BUS_ADDRESS", address().toUtf8()); }
-
     ~DesktopFileViewerTest() override {
-        BackgroundTask::waitForAll(1min);
+        waitUntil([] { return BackgroundTask::waitForAll(0ms); });
         QDBusConnection::disconnectFromBus("file manager");
-        if (bus.state() != QProcess::NotRunning) {
-            bus.terminate();
-            bus.waitForFinished(generousMilliseconds);
-        }
-        QFile::remove(socketPath());
     }
 
-    static QString socketPath() {
-        static const QTemporaryDir folder;
-        return folder.filePath("bus");
-    }
-    static QString address() { return "unix:path=" + socketPath(); }
-
-    void startBus() {
-        bus.start("dbus-daemon", {"--session", "--nofork", "--print-address", "--address=" + address()});
-        ASSERT_TRUE(bus.waitForReadyRead(generousMilliseconds));
-    }
-
-    static void startManager(FakeFileManager& manager) {
-        QDBusConnection connection = QDBusConnection::connectToBus(address(), "file manager");
+    void startManager(FakeFileManager& manager) {
+        QDBusConnection connection = QDBusConnection::connectToBus(bus.address(), "file manager");
         ASSERT_TRUE(
             connection.registerObject("/org/freedesktop/FileManager1", &manager, QDBusConnection::ExportAllSlots));
         ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
@@ -84,14 +65,14 @@ protected:
 
     static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
 
-    QProcess bus;
+    TestBus bus{"DBUS_SESSION_BUS_ADDRESS"};
     DesktopFileViewer viewer{1min};
 };
 
 } // namespace
 
 TEST_F(DesktopFileViewerTest, asksTheFileManagerToSelectTheItem) {
-    startBus();
+    bus.start();
     FakeFileManager manager;
     startManager(manager);
     const FolderOpener opener;
@@ -102,7 +83,7 @@ TEST_F(DesktopFileViewerTest, asksTheFileManagerToSelectTheItem) {
 }
 
 TEST_F(DesktopFileViewerTest, namesEveryItemExactly) {
-    startBus();
+    bus.start();
     FakeFileManager manager;
     startManager(manager);
     const std::vector<std::pair<const char*, const char*>> items{
@@ -131,7 +112,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoBus) {
 }
 
 TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoFileManager) {
-    startBus();
+    bus.start();
     const FolderOpener opener;
     viewer.reveal("/home/100%/Ambrel Recovered");
     waitUntil([&] { return !opener.opened.isEmpty(); });
@@ -139,7 +120,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoFileMa
 }
 
 TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereTheFileManagerRefuses) {
-    startBus();
+    bus.start();
     FakeFileManager manager(FakeFileManager::Answer::error);
     startManager(manager);
     const FolderOpener opener;
@@ -149,7 +130,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereTheFileManagerR
 }
 
 TEST_F(DesktopFileViewerTest, opensTheFolderOnceWhereTheFileManagerAnswersTooLate) {
-    startBus();
+    bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);
     const FolderOpener opener;
@@ -163,7 +144,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderOnceWhereTheFileManagerAnswersTooLat
 }
 
 TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
-    const SilentSocket silentBus(socketPath());
+    const SilentSocket silentBus(bus.socketPath());
     ASSERT_TRUE(silentBus.isListening());
     const FolderOpener opener;
     DesktopFileViewer impatient(200ms);
@@ -172,8 +153,30 @@ TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
+TEST_F(DesktopFileViewerTest, holdsUpNoOtherConnectionWhereTheBusDoesNotAnswer) {
+    const SilentSocket silentBus(bus.socketPath());
+    ASSERT_TRUE(silentBus.isListening());
+    TestBus other("DBUS_SYSTEM_BUS_ADDRESS");
+    other.start();
+    const FolderOpener opener;
+    DesktopFileViewer patient(1min);
+    patient.reveal("/home/someone/x");
+    QTest::qWait(1);
+    // Connecting, greeting and taking a name, all of which wait for an answer.
+    const FakeService service(other.address(), "org.example.Other", "/", FakeService::refuses);
+    EXPECT_TRUE(opener.opened.isEmpty());
+}
+
+TEST_F(DesktopFileViewerTest, hasNoBusStartedWhereThereIsNone) {
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "autolaunch:");
+    const FolderOpener opener;
+    DesktopFileViewer patient(1min);
+    patient.reveal("/home/someone/x");
+    waitUntil([&] { return !opener.opened.isEmpty(); });
+}
+
 TEST_F(DesktopFileViewerTest, tellsWhenNoFileManagerSaysThatItShowsTheItem) {
-    startBus();
+    bus.start();
     FakeFileManager manager;
     startManager(manager);
     const FolderOpener opener;
@@ -190,7 +193,7 @@ TEST_F(DesktopFileViewerTest, tellsWhenNoFileManagerSaysThatItShowsTheItem) {
 }
 
 TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain) {
-    startBus();
+    bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);
     viewer.reveal("/home/someone/x");
@@ -207,7 +210,7 @@ TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain
 }
 
 TEST_F(DesktopFileViewerTest, mayGoAwayBeforeThereIsAnAnswer) {
-    startBus();
+    bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);
     const FolderOpener opener;
@@ -226,7 +229,7 @@ TEST_F(DesktopFileViewerTest, mayGoAwayBeforeThereIsAnAnswer) {
 }
 
 TEST_F(DesktopFileViewerTest, leavesNoDescriptorOpen) {
-    startBus();
+    bus.start();
     FakeFileManager manager;
     startManager(manager);
     int number = 0;

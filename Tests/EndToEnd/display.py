@@ -1,9 +1,11 @@
 """A desktop of its own for the tests: a virtual display, a session bus, the accessibility bus and a file manager."""
 
+import contextlib
 import os
 import pathlib
 import select
 import shutil
+import signal
 import subprocess
 import tempfile
 
@@ -121,6 +123,7 @@ class Desktop:
         # There is no system bus unless a test starts one; never the machine's own.
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self._directory}/system-bus"
         self._bus_address = self._start_bus("session-bus")
+        self._session_bus = self._started[-1]
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._bus_address
 
     def _start_bus(self, name):
@@ -135,6 +138,15 @@ class Desktop:
         """Starts the system bus at the address that the environment names, if it does not run yet."""
         if not os.path.exists(os.path.join(self._directory, "system-bus")):
             self._start_bus("system-bus")
+
+    @contextlib.contextmanager
+    def silent_session_bus(self):
+        """Inside it the session bus answers nobody; the accessibility bus, which is another one, does."""
+        self._session_bus.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self._session_bus.send_signal(signal.SIGCONT)
 
     def end_display(self):
         """Ends the display as at the end of a session. Nothing can be looked at or pressed on this desktop any more."""

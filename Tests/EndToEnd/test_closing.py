@@ -3,6 +3,8 @@
 import signal
 import unittest
 
+from application import WINDOW_TITLE
+from catalogue import SHOW_IN_FINDER
 from engines import waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
@@ -83,6 +85,22 @@ class Closing(RecoveryTestCase):
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()
         self.assert_ends_well(application)
+
+    def test_while_the_session_bus_does_not_answer(self):
+        self.engine.behave()
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        application.wait_for_snapshots()
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        with self.desktop.silent_session_bus():
+            # By a key, which the window gets before the request to close; a press would come after that.
+            application.focus(WINDOW_TITLE, application.button(SHOW_IN_FINDER))
+            application.key("space")
+            application.close_window()
+            # Less than the application waits at its end for an engine.
+            self.assertEqual(0, application.wait_for_end(4.0))
 
 
 class EndOfTheDisplay(RecoveryTestCase):

@@ -21,7 +21,8 @@ void postToMainThread(std::function<void()> function);
 enum class AtEnd {
     /// It waits, since the work leaves something behind otherwise.
     awaited,
-    /// It does not wait: the work only asks another program for something, which may never answer.
+    /// It does not wait: the work only asks another program or a file system for something, and neither may ever
+    /// answer.
     abandoned
 };
 

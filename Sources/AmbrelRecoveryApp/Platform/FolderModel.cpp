@@ -85,7 +85,8 @@ void FolderModel::read() {
                 if (model && !stopToken.stop_requested()) {
                     model->take(outcome.get());
                 }
-            });
+            },
+            BackgroundTask::AtEnd::abandoned);
     } catch (const std::system_error&) {
         // No thread can be had.
         take(std::nullopt);

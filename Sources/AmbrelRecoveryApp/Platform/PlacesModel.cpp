@@ -24,7 +24,8 @@ void PlacesModel::findFolders() {
                                     model->folders_ = outcome.get();
                                     model->show();
                                 }
-                            });
+                            },
+                            BackgroundTask::AtEnd::abandoned);
     } catch (const std::system_error&) {
         // No thread can be had: home and the volumes are enough to reach every folder.
     }

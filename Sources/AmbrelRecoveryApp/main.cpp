@@ -7,6 +7,7 @@
 
 #include <QApplication>
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <future>
@@ -46,10 +47,13 @@ void removeWhatKilledApplicationsLeft() {
     }
 }
 
-int runApplication(int argumentCount, char** arguments) {
+/// The toolkit gets no argument but the program's name: it would take some of them for options of its own.
+int runApplication(char* programName) {
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication application(argumentCount, arguments);
+    std::array<char*, 2> arguments = {programName, nullptr};
+    int argumentCount = programName == nullptr ? 0 : 1;
+    QApplication application(argumentCount, arguments.data());
     const TerminationSignals terminationSignals;
     {
         RecoveryApplicationDelegate delegate;
@@ -71,5 +75,5 @@ int main(int argumentCount, char** arguments) {
     if (SelfTestMode::isRequested({arguments, static_cast<std::size_t>(argumentCount)})) {
         return SelfTestMode::run();
     }
-    return runApplication(argumentCount, arguments);
+    return runApplication(arguments[0]);
 }

@@ -20,12 +20,12 @@ Shown = collections.namedtuple("Shown", "item role name depth")
 class Application:
     """Started when it is made, and then ready. Every wait in here has an end and says what it waited for."""
 
-    def __init__(self, desktop, installation, environment, directory):
+    def __init__(self, desktop, installation, environment, directory, arguments=()):
         self._desktop = desktop
         self._log = pathlib.Path(directory) / "application.log"
         with open(self._log, "ab") as log:
             self.process = processes.start(
-                processes.with_permissions_enforced([str(installation.executable)]), env=environment, cwd=directory,
+                processes.with_permissions_enforced([str(installation.executable), *arguments]), env=environment, cwd=directory,
                 stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         try:
             self._root = wait_for("the application in the accessibility tree", self._registered)
@@ -192,8 +192,5 @@ class Application:
         window_manager.request_close(self._desktop.display, self._window_identifier())
 
     def _window_identifier(self, title=WINDOW_TITLE):
-        found = subprocess.run(
-            ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name",
-             f"^{re.escape(title)}$"],
-            env=self._desktop.environment, check=True, capture_output=True, text=True, timeout=60)
-        return int(found.stdout.split()[0])
+        return wait_for(f"the window “{title}”",
+                        lambda: window_manager.window_of(self._desktop.environment, self.process.pid, title))

@@ -18,10 +18,14 @@ class Installation:
 
 
 def environment_of(desktop, scratch, **changes):
-    """The environment of an application with a home and a temporary directory of its own below `scratch`."""
+    """The environment of an application with a home and a temporary directory of its own below `scratch`.
+
+    What `changes` names has that value instead.
+    """
     home = scratch / "home"
     temporary = scratch / "temporary"
     for directory in (home, temporary):
         directory.mkdir(exist_ok=True)
-    return dict(desktop.environment, HOME=str(home), TMPDIR=str(temporary), XDG_CONFIG_HOME=str(home / ".config"),
-                XDG_CACHE_HOME=str(home / ".cache"), XDG_DATA_HOME=str(home / ".local/share"), **changes)
+    own = dict(HOME=str(home), TMPDIR=str(temporary), XDG_CONFIG_HOME=str(home / ".config"),
+               XDG_CACHE_HOME=str(home / ".cache"), XDG_DATA_HOME=str(home / ".local/share"))
+    return desktop.environment | own | changes

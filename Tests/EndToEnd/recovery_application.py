@@ -8,11 +8,11 @@ from waiting import wait_for
 
 
 class RecoveryApplication(Application):
-    def __init__(self, desktop, installation, environment, directory, packages):
+    def __init__(self, desktop, installation, environment, directory, packages, arguments=()):
         """`packages` watches over every package that is chosen."""
         self._packages = packages
         self.catalogue = installation.catalogue
-        super().__init__(desktop, installation, environment, directory)
+        super().__init__(desktop, installation, environment, directory, arguments)
 
     # File panels
 

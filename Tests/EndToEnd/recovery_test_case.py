@@ -40,11 +40,11 @@ class RecoveryTestCase(unittest.TestCase):
         self.packages = PackageGuard()
         self.addCleanup(lambda: self.assertEqual([], self.packages.changes(), "a package was changed"))
 
-    def start(self, **environment):
+    def start(self, *arguments, **environment):
         """Starts the application and checks at the end of the test that nothing of it is left."""
         self.environment = environment_of(self.desktop, self.scratch, **environment)
         application = RecoveryApplication(self.desktop, self.installation, self.environment, self.scratch,
-                                          self.packages)
+                                          self.packages, arguments)
         self.addCleanup(self._end, application)
         return application
 

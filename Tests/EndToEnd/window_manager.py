@@ -3,6 +3,8 @@
 import contextlib
 import ctypes
 import os
+import re
+import subprocess
 
 _CLIENT_MESSAGE = 33
 _REVERT_TO_PARENT = 2
@@ -45,6 +47,14 @@ def connection(display):
         x11.XSync(client, 0)
     finally:
         x11.XCloseDisplay(client)
+
+
+def window_of(environment, pid, title):
+    """The window of a process that is shown and has this title, or None; `environment` names the display."""
+    found = subprocess.run(
+        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(pid), "--name", f"^{re.escape(title)}$"],
+        env=environment, capture_output=True, text=True, timeout=60)
+    return int(found.stdout.split()[0]) if found.stdout else None
 
 
 def request_close(display, window):

@@ -197,6 +197,11 @@ class Accessible:
         return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, self.character_count)))[0]
 
     @property
+    def selection(self):
+        """(start, end) of what is selected in a text object."""
+        return self._call("org.a11y.atspi.Text", "GetSelection", GLib.Variant("(i)", (0,)))
+
+    @property
     def extents(self):
         """(x, y, width, height) on the screen."""
         return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]

@@ -61,7 +61,10 @@ class BusService:
         self._bus.register_object(self._path, interface, self._called, None, None)
         self._bus.call_sync(*_BUS, "RequestName", GLib.Variant("(su)", (self._name, 0)), None,
                             Gio.DBusCallFlags.NONE, -1, None)
-        self._ready.set()
+        # From inside the loop: one that is ended before it runs would run for ever.
+        ready = GLib.idle_source_new()
+        ready.set_callback(lambda *_: self._ready.set())
+        ready.attach(self._context)
         self._loop.run()
         self._bus.close_sync(None)
 

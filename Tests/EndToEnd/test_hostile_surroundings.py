@@ -22,7 +22,6 @@ class HostileSurroundings(RecoveryTestCase):
     def walk(self, *arguments, **environment):
         """From the first screen to the last, and out."""
         made = sample("ordinary")
-        self.guard(made.package)
         application = self.start(*arguments, **environment)
         application.choose_package(made.package)
         application.inspect(made.passphrase)

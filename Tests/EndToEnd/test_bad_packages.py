@@ -4,6 +4,8 @@ import dataclasses
 import shutil
 import unittest
 
+from engines import gated
+from package_digest import contents
 from recovery_test_case import RecoveryTestCase
 from samples import sample
 
@@ -76,6 +78,61 @@ class BadPackages(RecoveryTestCase):
             (self.scratch / "elsewhere").rename(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
+
+    def test_a_package_that_goes_away_during_the_inspection(self):
+        made = self.copy_of("ordinary")
+        gate = self.scratch / "gate"
+        gated(self.installation.engine, gate)
+        application = self.inspect(made)
+        application.wait_for_text(self.catalogue["recovery.inspecting"])
+        made.package.rename(self.scratch / "elsewhere")
+        gate.touch()
+        self.assert_alert(application, "unavailable")
+        (self.scratch / "elsewhere").rename(made.package)
+        application.inspect(made.passphrase)
+        application.wait_for_snapshots()
+
+    def test_a_package_that_becomes_another_one_during_the_inspection(self):
+        made = self.copy_of("ordinary")
+        gate = self.scratch / "gate"
+        gated(self.installation.engine, gate)
+        application = self.inspect(made)
+        application.wait_for_text(self.catalogue["recovery.inspecting"])
+        made.package.rename(self.scratch / "elsewhere")
+        shutil.copytree(sample("unsupported-version").package, made.package)
+        gate.touch()
+        self.assert_alert(application, "invalid-package")
+        shutil.rmtree(made.package)
+        (self.scratch / "elsewhere").rename(made.package)
+        application.inspect(made.passphrase)
+        application.wait_for_snapshots()
+
+    def test_a_package_that_goes_away_between_inspection_and_export(self):
+        made = self.copy_of("ordinary")
+        application = self.inspect(made)
+        application.wait_for_snapshots()
+        made.package.rename(self.scratch / "elsewhere")
+        destination = self.scratch / "Recovered"
+        application.choose_destination(destination)
+        self.assert_alert(application, "unavailable")
+        self.assertFalse(destination.exists())
+        # Without typing the passphrase again.
+        (self.scratch / "elsewhere").rename(made.package)
+        application.choose_destination(destination)
+        application.wait_for_completion()
+        self.assertEqual(sorted(contents(made.originals).values()), sorted(contents(destination).values()))
+
+    def test_a_package_that_is_a_symbolic_link(self):
+        made = self.copy_of("ordinary")
+        link = self.scratch / "Link.ambrel"
+        link.symlink_to(made.package)
+        application = self.inspect(dataclasses.replace(made, package=link))
+        application.wait_for_snapshots()
+        destination = self.scratch / "Recovered"
+        application.choose_destination(destination)
+        application.wait_for_completion()
+        self.assertEqual(sorted(contents(made.originals).values()), sorted(contents(destination).values()))
+        self.assertTrue(link.is_symlink())
 
     def test_a_package_without_permission_to_read(self):
         made = self.copy_of("ordinary")

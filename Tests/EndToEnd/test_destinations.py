@@ -4,6 +4,7 @@ import os
 import shutil
 import unittest
 
+from engines import gated
 from package_digest import digest
 from recovery_test_case import RecoveryTestCase
 from samples import sample
@@ -38,6 +39,23 @@ class Destinations(RecoveryTestCase):
         taken.write_bytes(b"keep me")
         self.assert_refused(taken)
         self.assertEqual(b"keep me", taken.read_bytes())
+
+    def test_a_folder_that_somebody_else_makes_between_the_check_and_the_export(self):
+        gate = self.scratch / "gate"
+        gated(self.installation.engine, gate)
+        taken = self.scratch / "Taken"
+        self.application.choose_destination(taken)
+        self.application.wait_for_text(self.catalogue["files-export.running"])
+        taken.mkdir()
+        (taken / "file").write_bytes(b"keep me")
+        before = digest(taken)
+        gate.touch()
+        self.assert_alert(self.application, "destination-unavailable")
+        self.assertEqual(before, digest(taken))
+        destination = self.scratch / "Recovered"
+        self.application.choose_destination(destination)
+        self.application.wait_for_completion()
+        self.assertTrue(destination.is_dir())
 
     def test_inside_the_package(self):
         self.assert_refused(self.package / "Recovered")

@@ -3,6 +3,7 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "AmbrelRecoveryApp/Model/RecoveryFileViewer.h"
+#include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
@@ -11,7 +12,6 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -182,13 +182,11 @@ void RecoveryViewModel::cancelOperation() {
 }
 
 QString RecoveryViewModel::formattedPercent(double fraction) const {
-    return AmbrelStrings::formattedPercent(fraction, AmbrelStrings::currentFormattingLocale());
+    return RecoveryFormats::percent(fraction, AmbrelStrings::currentFormattingLocale());
 }
 
 QString RecoveryViewModel::formattedDate(std::int64_t milliseconds) const {
-    using Time = std::chrono::sys_time<std::chrono::milliseconds>;
-    return AmbrelStrings::formattedDateTime(Time(std::chrono::milliseconds(milliseconds)),
-                                            AmbrelStrings::currentFormattingLocale());
+    return RecoveryFormats::date(milliseconds, AmbrelStrings::currentFormattingLocale());
 }
 
 void RecoveryViewModel::forgetPackageContents() {

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
 
 ProgressRowContent operationProgress(const QString& title, const std::optional<double>& fraction) {
     ProgressRowContent content{
@@ -10,7 +11,7 @@ ProgressRowContent operationProgress(const QString& title, const std::optional<d
         .cancelLabel = AmbrelStrings::localized(AmbrelStrings::recoveryActionCancelRestore()),
     };
     if (fraction) {
-        content.percent = AmbrelStrings::formattedPercent(*fraction, AmbrelStrings::currentFormattingLocale());
+        content.percent = RecoveryFormats::percent(*fraction, AmbrelStrings::currentFormattingLocale());
     }
     return content;
 }

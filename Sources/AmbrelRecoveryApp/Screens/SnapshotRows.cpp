@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <limits>
 
@@ -18,18 +18,13 @@ QString formattedSize(std::uint64_t byteCount, const icu::Locale& locale) {
     return AmbrelStrings::formattedFileSize(static_cast<std::int64_t>(std::min(byteCount, largest)), locale);
 }
 
-QString formattedTime(std::int64_t milliseconds, const icu::Locale& locale) {
-    using Time = std::chrono::sys_time<std::chrono::milliseconds>;
-    return AmbrelStrings::formattedDateTime(Time(std::chrono::milliseconds(milliseconds)), locale);
-}
-
 } // namespace
 
 SnapshotRowContent SnapshotRows::row(std::size_t row) const {
     const SortedSnapshots::Snapshot& snapshot = snapshots->at(row);
     const bool isComplete = snapshot.payloadFileEvidence.complete;
     return {
-        .date = formattedTime(snapshot.createdAtUTCMilliseconds, locale),
+        .date = RecoveryFormats::date(snapshot.createdAtUTCMilliseconds, locale),
         .facts = {labelled(itemsLabel, AmbrelStrings::formattedNumber(snapshot.counts.items, locale)),
                   labelled(filesLabel, AmbrelStrings::formattedNumber(snapshot.counts.resources, locale)),
                   formattedSize(snapshot.logicalPlaintextByteCount, locale)},

@@ -80,7 +80,13 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
 }
 
 void RecoveryApplicationDelegate::applicationWillTerminate() {
+    Q_ASSERT(QThread::currentThread() == qApp->thread());
     if (model_) {
         model_->startAgain();
     }
+}
+
+bool RecoveryApplicationDelegate::applicationShouldTerminateAfterLastWindowClosed() const {
+    Q_ASSERT(QThread::currentThread() == qApp->thread());
+    return true;
 }

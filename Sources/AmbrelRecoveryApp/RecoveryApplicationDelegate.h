@@ -29,7 +29,7 @@ public:
     void applicationWillTerminate();
 
     /// Whether closing the one window ends the application: yes.
-    bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
+    bool applicationShouldTerminateAfterLastWindowClosed() const;
 
 private:
     // In the order in which they need each other.

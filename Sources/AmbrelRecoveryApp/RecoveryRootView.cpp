@@ -24,6 +24,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QThread>
 
 #include <utility>
 
@@ -128,6 +129,7 @@ void RecoveryRootView::scheduleRedraw() {
 }
 
 void RecoveryRootView::redraw() {
+    Q_ASSERT(QThread::currentThread() == thread());
     isRedrawScheduled_ = false;
     const RecoveryScreenState before = std::exchange(state_, RecoveryScreenState::of(model_, state_.snapshots));
     const bool hadAlert = before.presentedError.has_value();

@@ -54,6 +54,7 @@ RecoveryViewModel::RecoveryViewModel(const std::optional<Path>& executableURL, D
 }
 
 RecoveryViewModel::~RecoveryViewModel() {
+    assertMainThread();
     cancelRunningOperation();
     dropCredentialSession();
 }
@@ -75,19 +76,23 @@ void RecoveryViewModel::dismissPresentedError() {
 }
 
 bool RecoveryViewModel::isBusy() const {
+    assertMainThread();
     return phase_ == Phase::preparingPackage || phase_ == Phase::inspecting || phase_ == Phase::exporting;
 }
 
 bool RecoveryViewModel::canInspect() const {
+    assertMainThread();
     return packageURL_ && !credential_.isBlank() && !isBusy();
 }
 
 bool RecoveryViewModel::canExport() const {
+    assertMainThread();
     return inspection_ && selectedSnapshotCode_ && credentialSession_ &&
            credentialSession_->containsCredential(factor_) && !isBusy();
 }
 
 void RecoveryViewModel::chooseBackup() {
+    assertMainThread();
     if (isBusy()) {
         return;
     }
@@ -101,6 +106,7 @@ void RecoveryViewModel::chooseBackup() {
 }
 
 void RecoveryViewModel::acceptPackage(const Path& chosen) {
+    assertMainThread();
     if (isBusy()) {
         return;
     }
@@ -115,6 +121,7 @@ void RecoveryViewModel::acceptPackage(const Path& chosen) {
 }
 
 void RecoveryViewModel::inspectBackup() {
+    assertMainThread();
     if (!runner_ || !canInspect()) {
         return;
     }
@@ -130,6 +137,7 @@ void RecoveryViewModel::inspectBackup() {
 }
 
 void RecoveryViewModel::chooseDestinationAndExport() {
+    assertMainThread();
     if (!packageURL_ || !runner_ || !canExport()) {
         return;
     }
@@ -159,12 +167,14 @@ void RecoveryViewModel::exportTo(const Path& chosen) {
 }
 
 void RecoveryViewModel::openRecoveredFolder() {
+    assertMainThread();
     if (destinationURL_) {
         desktop_.fileViewer.reveal(*destinationURL_);
     }
 }
 
 void RecoveryViewModel::startAgain() {
+    assertMainThread();
     cancelRunningOperation();
     publish(packageURL_, std::nullopt);
     forgetPackageContents();
@@ -173,6 +183,7 @@ void RecoveryViewModel::startAgain() {
 }
 
 void RecoveryViewModel::cancelOperation() {
+    assertMainThread();
     cancelRunningOperation();
     publish(packagePreparationProgress_, std::nullopt);
     if (!inspection_) {

@@ -115,9 +115,11 @@ signals:
 private:
     using Failing = void (RecoveryViewModel::*)(const std::exception_ptr& error);
 
+    void assertMainThread() const { Q_ASSERT(QThread::currentThread() == thread()); }
+
     template<typename Value, typename NewValue>
     void publish(Value& property, NewValue&& value) {
-        Q_ASSERT(QThread::currentThread() == thread());
+        assertMainThread();
         emit aboutToChange();
         property = std::forward<NewValue>(value);
     }

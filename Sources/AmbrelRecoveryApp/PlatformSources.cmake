@@ -2,6 +2,7 @@ set(platform_sources
   Platform/BusAddress.cpp
   Platform/BusConnection.cpp
   Platform/DesktopFileViewer.cpp
+  Platform/DesktopMotionPreference.cpp
   Platform/DesktopNotification.cpp
   Platform/DesktopNotifications.cpp
   Platform/DesktopSleepInhibitor.cpp

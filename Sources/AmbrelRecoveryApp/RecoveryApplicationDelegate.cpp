@@ -3,6 +3,7 @@
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
+#include "AmbrelRecoveryApp/Platform/DesktopMotionPreference.h"
 #include "AmbrelRecoveryApp/Platform/DesktopNotifications.h"
 #include "AmbrelRecoveryApp/Platform/DesktopSleepInhibitor.h"
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
@@ -70,6 +71,7 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     auto* const view = new RecoveryRootView(*model_);
     window_->layout()->addWidget(view);
     QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
+    motionPreference_ = std::make_unique<DesktopMotionPreference>();
     sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
     notifications_ = std::make_unique<DesktopNotifications>();
     guard_ = std::make_unique<OperationGuard>(*model_, window_.get(), *sleepInhibitor_, *notifications_);

@@ -5,6 +5,7 @@
 #include <memory>
 
 class DesktopFileViewer;
+class DesktopMotionPreference;
 class OperationGuard;
 class RecoveryNotifications;
 class RecoveryPanels;
@@ -37,6 +38,7 @@ private:
     std::unique_ptr<RecoveryPanels> panels_;
     std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;
+    std::unique_ptr<DesktopMotionPreference> motionPreference_;
     std::unique_ptr<RecoverySleepInhibitor> sleepInhibitor_;
     std::unique_ptr<RecoveryNotifications> notifications_;
     std::unique_ptr<OperationGuard> guard_;

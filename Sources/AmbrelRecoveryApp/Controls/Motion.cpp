@@ -7,10 +7,16 @@ namespace {
 
 constexpr std::chrono::milliseconds shortDuration(150);
 
+bool isMotionReduced = false;
+
 } // namespace
 
 std::chrono::milliseconds Motion::duration(const QWidget& widget) {
-    // A style of a desktop that wants no motion gives its animations no time.
-    const bool mayMove = widget.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &widget) > 0;
+    const bool mayMove =
+        !isMotionReduced && widget.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &widget) > 0;
     return mayMove ? shortDuration : std::chrono::milliseconds::zero();
+}
+
+void Motion::setReduced(bool isReduced) {
+    isMotionReduced = isReduced;
 }

@@ -26,6 +26,8 @@ protected:
 
 class MotionTests : public testing::Test {
 protected:
+    ~MotionTests() override { Motion::setReduced(false); }
+
     static QColor middleOf(QWidget& widget) {
         const QImage picture = widget.grab().toImage();
         return picture.pixelColor(picture.rect().center());
@@ -54,6 +56,27 @@ TEST_F(MotionTests, isShortAndThereOnlyWhereTheDesktopWantsIt) {
     EXPECT_LE(Motion::duration(widget), std::chrono::milliseconds(250));
     widget.setStyle(&still);
     EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
+}
+
+TEST_F(MotionTests, isGoneWhereLessMotionIsWantedAndComesBack) {
+    QWidget widget;
+    widget.setStyle(&moving);
+    Motion::setReduced(true);
+    EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
+    Motion::setReduced(false);
+    EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
+}
+
+TEST_F(MotionTests, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
+    Plain parent(Qt::red);
+    ScreenTransition transition(&parent);
+    transition.setStyle(&moving);
+    Motion::setReduced(true);
+    parent.show();
+    transition.begin(parent.rect());
+    parent.color = Qt::blue;
+    EXPECT_FALSE(transition.isVisible());
+    EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
 }
 
 TEST_F(MotionTests, theEarlierScreenFadesAndLeavesTheNewOne) {

@@ -1,0 +1,172 @@
+#include "AmbrelRecoveryApp/Platform/DesktopMotionPreference.h"
+
+#include "AmbrelRecoveryApp/Controls/Motion.h"
+#include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "FakeService.h"
+#include "SilentSocket.h"
+#include "TestBus.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QMap>
+#include <QTest>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+using Groups = QMap<QString, QVariantMap>;
+
+constexpr int generousMilliseconds = 60'000;
+
+const QString settingsInterface = "org.freedesktop.portal.Settings";
+
+class DesktopMotionPreferenceTest : public testing::Test {
+protected:
+    DesktopMotionPreferenceTest() { qDBusRegisterMetaType<Groups>(); }
+
+    ~DesktopMotionPreferenceTest() override {
+        waitUntil([] { return BackgroundTask::waitForAll(0ms); });
+        Motion::setReduced(false);
+    }
+
+    std::unique_ptr<FakeService> portal(FakeService::Answer answer) {
+        return std::make_unique<FakeService>(session.address(), "org.freedesktop.portal.Desktop",
+                                             "/org/freedesktop/portal/desktop", std::move(answer));
+    }
+
+    std::unique_ptr<FakeService> portalWith(const Groups& groups) {
+        return portal([groups](const QDBusMessage& call) { return call.createReply(QVariant::fromValue(groups)); });
+    }
+
+    static void change(FakeService& portal, const QString& group, const QString& key, const QVariant& value) {
+        portal.emitSignal(settingsInterface, "SettingChanged", {group, key, QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    bool isReduced() const { return Motion::duration(widget) == 0ms; }
+
+    static void waitForAnswer(const FakeService& portal, const DesktopMotionPreference& preference) {
+        waitUntil(
+            [&] { return !portal.calls.isEmpty() && preference.findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
+    }
+
+    template<typename Condition>
+    static void waitUntil(Condition condition) {
+        EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
+    }
+
+    TestBus session{"DBUS_SESSION_BUS_ADDRESS"};
+    QWidget widget;
+};
+
+} // namespace
+
+TEST_F(DesktopMotionPreferenceTest, isReadFromWhicheverSettingTheDesktopHas) {
+    session.start();
+    const std::vector<Groups> wishes{
+        {{"org.freedesktop.appearance", {{"color-scheme", 1U}, {"reduced-motion", 1U}}}},
+        {{"org.gnome.desktop.interface", {{"enable-animations", false}, {"font-name", "Sans"}}}},
+        {{"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", 0.0}}}},
+        {{"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "0"}}}},
+        {{"org.freedesktop.appearance", {{"reduced-motion", 0U}}},
+         {"org.gnome.desktop.interface", {{"enable-animations", false}}}},
+    };
+    for (const Groups& groups : wishes) {
+        Motion::setReduced(false);
+        const auto asked = portalWith(groups);
+        const DesktopMotionPreference preference(1min);
+        waitUntil([this] { return isReduced(); });
+        ASSERT_EQ(asked->calls.size(), 1);
+        EXPECT_EQ(asked->calls.first().interface(), settingsInterface);
+        EXPECT_EQ(asked->calls.first().member(), "ReadAll");
+        EXPECT_EQ(asked->calls.first().signature(), "as");
+    }
+}
+
+TEST_F(DesktopMotionPreferenceTest, makesTheNextTransitionInstantaneous) {
+    session.start();
+    const auto asked = portalWith({{"org.gnome.desktop.interface", {{"enable-animations", false}}}});
+    QWidget window;
+    ScreenTransition transition(&window);
+    window.show();
+    transition.begin(window.rect());
+    EXPECT_TRUE(transition.isVisible());
+    waitUntil([&] { return !transition.isVisible(); });
+    const DesktopMotionPreference preference(1min);
+    waitUntil([this] { return isReduced(); });
+    transition.begin(window.rect());
+    EXPECT_FALSE(transition.isVisible());
+}
+
+TEST_F(DesktopMotionPreferenceTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrNothing) {
+    session.start();
+    const std::vector<Groups> wishes{
+        {},
+        {{"org.freedesktop.appearance", {{"reduced-motion", 0U}}},
+         {"org.gnome.desktop.interface", {{"enable-animations", true}}},
+         {"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "0.5"}}}},
+        // None of them of the right type.
+        {{"org.freedesktop.appearance", {{"reduced-motion", "1"}}},
+         {"org.gnome.desktop.interface", {{"enable-animations", "false"}}},
+         {"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "none"}}}},
+    };
+    for (const Groups& groups : wishes) {
+        const auto asked = portalWith(groups);
+        const DesktopMotionPreference preference(1min);
+        waitForAnswer(*asked, preference);
+        EXPECT_FALSE(isReduced());
+    }
+}
+
+TEST_F(DesktopMotionPreferenceTest, letsTheInterfaceMoveWhereThePortalIsOfNoUse) {
+    session.start();
+    for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
+        const auto useless = portal(answer);
+        const DesktopMotionPreference preference(200ms);
+        waitForAnswer(*useless, preference);
+        EXPECT_FALSE(isReduced());
+    }
+}
+
+TEST_F(DesktopMotionPreferenceTest, followsChanges) {
+    session.start();
+    const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
+    const DesktopMotionPreference preference(1min);
+    waitUntil([this] { return isReduced(); });
+    change(*asked, "org.freedesktop.appearance", "color-scheme", 0U);
+    change(*asked, "org.freedesktop.appearance", "reduced-motion", 0U);
+    waitUntil([this] { return !isReduced(); });
+    change(*asked, "org.gnome.desktop.interface", "enable-animations", false);
+    waitUntil([this] { return isReduced(); });
+}
+
+TEST_F(DesktopMotionPreferenceTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
+    {
+        const DesktopMotionPreference withoutBus(1min);
+        waitUntil([] { return BackgroundTask::waitForAll(0ms); });
+    }
+    const SilentSocket silent(session.socketPath());
+    ASSERT_TRUE(silent.isListening());
+    const DesktopMotionPreference preference(1min);
+    waitUntil([] { return BackgroundTask::waitForAll(0ms); });
+    EXPECT_FALSE(isReduced());
+}
+
+TEST_F(DesktopMotionPreferenceTest, leavesTheBusWhenItGoesAway) {
+    session.start();
+    const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
+    auto preference = std::make_unique<DesktopMotionPreference>(1min);
+    waitUntil([this] { return isReduced(); });
+    EXPECT_FALSE(asked->isCallerGone());
+    preference.reset();
+    waitUntil([&] { return asked->isCallerGone(); });
+}

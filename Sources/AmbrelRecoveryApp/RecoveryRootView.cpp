@@ -157,6 +157,13 @@ void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
     }
 }
 
+/// What was there before the window has had no redraw to tell of it.
+void RecoveryRootView::announceErrorOfTheStart() {
+    RecoveryScreenState before = state_;
+    before.presentedError.reset();
+    announceStep(before);
+}
+
 void RecoveryRootView::applyContents() {
     QWidget* const screen = screenOf(*content_, state_.phase);
     if (screen->isHidden()) {
@@ -227,6 +234,9 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (state_.presentedError) {
         alert_->takeFocus();
+        if (!event->spontaneous()) {
+            announceErrorOfTheStart();
+        }
     } else {
         takeNextFocus();
     }

@@ -49,6 +49,7 @@ private:
     QWidget* widgetOf(FocusPlan::Target target) const;
     void takeNextFocus();
     void announceStep(const RecoveryScreenState& before);
+    void announceErrorOfTheStart();
     void pressMainButton();
     void chooseSnapshot(int row);
     void inspect();

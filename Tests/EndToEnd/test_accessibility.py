@@ -206,7 +206,15 @@ class Accessibility(RecoveryTestCase):
         gate.touch()
         application.wait_for_completion()
         self.hears(heard, f"{texts['files-export.completed.title']}\n{texts['files-export.exported']}: 3")
+        application.press(texts["recovery.choose-another-package.action"])
+        self.hears(heard, texts["recovery.choose-package.action"])
         self.assertFalse([text for text in heard.texts if "secret" in text])
+
+    def test_an_error_of_the_start_is_announced(self):
+        self.installation.engine.unlink()
+        heard = Announcements(self.desktop.accessibility)
+        self.start()
+        self.hears(heard, "\n".join(self.catalogue.failure("generic")))
 
     @staticmethod
     def hears(heard, text):

@@ -16,6 +16,24 @@ Announcer::Announcer(QWidget* parent) : QWidget(parent) {
     lifetime_.setSingleShot(true);
     lifetime_.setInterval(lifetime);
     connect(&lifetime_, &QTimer::timeout, this, &Announcer::withdraw);
+    QAccessible::installActivationObserver(this);
+}
+
+Announcer::~Announcer() {
+    QAccessible::removeActivationObserver(this);
+}
+
+/// In the next turn, since the toolkit's side of it is made only after this call.
+void Announcer::accessibilityActiveChanged(bool isActive) {
+    if (isActive) {
+        QMetaObject::invokeMethod(this, &Announcer::announceAgain, Qt::QueuedConnection);
+    }
+}
+
+void Announcer::announceAgain() {
+    if (!isHidden()) {
+        announce(accessibleName());
+    }
 }
 
 void Announcer::announce(const QString& text) {

@@ -17,6 +17,10 @@ QString sentences(const QStringList& texts) {
     return texts.join(u'\n');
 }
 
+QString firstStepAnnouncement() {
+    return localized(AmbrelStrings::recoveryChoosePackageAction());
+}
+
 QString snapshotsAnnouncement(const RecoveryScreenState& state) {
     const SnapshotsContent content = snapshotsContent(state);
     QStringList texts{content.title};
@@ -38,7 +42,8 @@ QString completionAnnouncement(const RecoveryScreenState& state) {
 std::optional<QString> phaseAnnouncement(Phase before, const RecoveryScreenState& after) {
     switch (after.phase) {
     case Phase::chooseBackup:
-        return std::nullopt;
+        // After a cancelled or refused inspection the user is back where they were.
+        return before == Phase::complete ? std::optional(firstStepAnnouncement()) : std::nullopt;
     case Phase::preparingPackage:
         return RecoveryAppCopy::providerPreparationTitle(AmbrelStrings::currentFormattingLocale());
     case Phase::inspecting:

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 
 #include "../Model/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
@@ -52,6 +53,12 @@ protected:
     }
 
     QAbstractButton* button(const char* name) const { return control<QAbstractButton>(QString::fromUtf8(name)); }
+
+    /// What a screen reader is told now.
+    std::optional<QString> announced() const {
+        const auto& announcer = *view->findChild<Announcer*>();
+        return announcer.isVisible() ? std::optional(announcer.accessibleName()) : std::nullopt;
+    }
 
     /// What the focused control is called.
     static QString focused() {
@@ -273,9 +280,53 @@ TEST_F(RecoveryRootViewTests, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
     openOnModel();
     EXPECT_TRUE(alert().isVisible());
     EXPECT_EQ(focused(), QStringLiteral("OK"));
+    EXPECT_EQ(announced(), model->presentedError()->title + u'\n' + model->presentedError()->body);
     press(Qt::Key_Return);
     redraw();
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+    EXPECT_EQ(announced(), std::nullopt);
+}
+
+TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
+    setEngineThatFails("did not unlock");
+    open();
+    choosePackage();
+    type(QStringLiteral("wrong"));
+    model->inspectBackup();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    redraw();
+    const RecoveryViewModel::PresentedError first = *model->presentedError();
+    EXPECT_EQ(announced(), first.title + u'\n' + first.body);
+
+    model->acceptPackage(path("not there"));
+    const RecoveryViewModel::PresentedError second = *model->presentedError();
+    ASSERT_NE(second.id, first.id);
+    ASSERT_NE(second.title, first.title);
+    redraw();
+    EXPECT_TRUE(alert().isVisible());
+    EXPECT_EQ(alert().accessibleName(), second.title);
+    EXPECT_EQ(alert().accessibleDescription(), second.body);
+    EXPECT_EQ(announced(), second.title + u'\n' + second.body);
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+
+    press(Qt::Key_Return);
+    EXPECT_FALSE(model->presentedError());
+    redraw();
+    EXPECT_FALSE(alert().isVisible());
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(RecoveryRootViewTests, theStepBackToTheFirstScreenIsAnnounced) {
+    open();
+    inspect(inspectionDocument());
+    setEngineThatPrints(exportDocument());
+    panels.answer = path("Ambrel Recovered");
+    model->chooseDestinationAndExport();
+    waitForPhase(Phase::complete);
+    redraw();
+    model->startAgain();
+    redraw();
+    EXPECT_EQ(announced(), QStringLiteral("Choose backup package"));
 }
 
 TEST_F(RecoveryRootViewTests, aChosenRowIsTheSelectedSnapshot) {

@@ -69,7 +69,11 @@ TEST(StepAnnouncementTests, readsTheSameErrorAgainOnlyWhenItIsAnotherOne) {
 TEST(StepAnnouncementTests, saysNothingWhenTheUserIsBackWhereTheyWere) {
     EXPECT_EQ(between(Phase::inspecting, Phase::chooseBackup), std::nullopt);
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), std::nullopt);
-    EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), std::nullopt);
+    EXPECT_EQ(between(Phase::preparingPackage, Phase::chooseBackup), std::nullopt);
+}
+
+TEST(StepAnnouncementTests, saysThatTheWayBeginsAgain) {
+    EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), QStringLiteral("Choose backup package"));
 }
 
 TEST(StepAnnouncementTests, speaksTheLanguageOfTheInterface) {

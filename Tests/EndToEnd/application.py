@@ -187,6 +187,11 @@ class Application:
         focused = self._focused()
         return focused is not None and (focused.name, focused.role) == (name, role)
 
+    @property
+    def window_identifier(self):
+        """The main window, as its display knows it."""
+        return self._window_identifier()
+
     def close_window(self):
         """Presses the close button of the main window's title bar."""
         window_manager.request_close(self._desktop.display, self._window_identifier())

@@ -153,6 +153,11 @@ class Desktop:
         processes.stop(self._display)
 
     @property
+    def size(self):
+        """(width, height) of the display."""
+        return tuple(int(part) for part in _SCREEN.split("x")[:2])
+
+    @property
     def display(self):
         """The name of the display."""
         return self.environment["DISPLAY"]

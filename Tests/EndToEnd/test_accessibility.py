@@ -67,9 +67,6 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_completion()
         assert_steps({"checked"}, {"checked"}, {"selected"})
 
-    def test_the_window_has_its_size(self):
-        self.assertEqual((980, 720), tuple(self.start().window.extents[2:]))
-
     def test_the_secure_field_tells_nothing(self):
         application = self.start()
         application.choose_package(self.empty_package())

@@ -10,6 +10,12 @@ _CLIENT_MESSAGE = 33
 _REVERT_TO_PARENT = 2
 _CURRENT_TIME = 0
 _NO_WINDOW = 0
+_MINIMUM_SIZE = 1 << 4
+
+
+class _SizeHints(ctypes.Structure):
+    _fields_ = [("flags", ctypes.c_long), ("obsolete", ctypes.c_int * 4), ("min_width", ctypes.c_int),
+                ("min_height", ctypes.c_int), ("others", ctypes.c_int * 11)]
 
 
 class _ClientMessage(ctypes.Structure):
@@ -30,6 +36,19 @@ def _library():
     x11.XInternAtom.argtypes = [ctypes.c_void_p, ctypes.c_char_p, ctypes.c_int]
     x11.XSendEvent.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_long, ctypes.POINTER(_Event)]
     x11.XSetInputFocus.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_ulong]
+    x11.XGetInputFocus.argtypes = [ctypes.c_void_p, ctypes.POINTER(ctypes.c_ulong), ctypes.POINTER(ctypes.c_int)]
+    x11.XGetWMNormalHints.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.POINTER(_SizeHints),
+                                      ctypes.POINTER(ctypes.c_long)]
+    x11.XDefaultRootWindow.restype = ctypes.c_ulong
+    x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
+    x11.XQueryTree.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.POINTER(ctypes.c_ulong),
+                               ctypes.POINTER(ctypes.c_ulong), ctypes.POINTER(ctypes.POINTER(ctypes.c_ulong)),
+                               ctypes.POINTER(ctypes.c_uint)]
+    x11.XFree.argtypes = [ctypes.c_void_p]
+    x11.XCreateSimpleWindow.restype = ctypes.c_ulong
+    x11.XCreateSimpleWindow.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int, ctypes.c_uint,
+                                        ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, ctypes.c_ulong]
+    x11.XMapRaised.argtypes = [ctypes.c_void_p, ctypes.c_ulong]
     x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
     x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
     return x11
@@ -55,6 +74,50 @@ def window_of(environment, pid, title):
         ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(pid), "--name", f"^{re.escape(title)}$"],
         env=environment, capture_output=True, text=True, timeout=60)
     return int(found.stdout.split()[0]) if found.stdout else None
+
+
+def minimum_size(display, window):
+    """The least (width, height) that a window asks its window manager for."""
+    with connection(display) as (x11, client):
+        hints, supplied = _SizeHints(), ctypes.c_long()
+        if not x11.XGetWMNormalHints(client, window, ctypes.byref(hints), ctypes.byref(supplied)):
+            raise AssertionError("the window has no size hints")
+        if not hints.flags & _MINIMUM_SIZE:
+            raise AssertionError("the window has no least size")
+        return hints.min_width, hints.min_height
+
+
+def windows_from_below(display):
+    """The top-level windows, the one that covers the others last."""
+    with connection(display) as (x11, client):
+        root, parent, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_uint()
+        children = ctypes.POINTER(ctypes.c_ulong)()
+        x11.XQueryTree(client, x11.XDefaultRootWindow(client), ctypes.byref(root), ctypes.byref(parent),
+                       ctypes.byref(children), ctypes.byref(count))
+        found = list(children[:count.value])
+        if count.value:
+            x11.XFree(children)
+        return found
+
+
+def keyboard_owner(display):
+    """The window that the keyboard is directed to."""
+    with connection(display) as (x11, client):
+        window, reverting = ctypes.c_ulong(), ctypes.c_int()
+        x11.XGetInputFocus(client, ctypes.byref(window), ctypes.byref(reverting))
+        return window.value
+
+
+@contextlib.contextmanager
+def window_over_everything(display):
+    """The identifier of another program's window that covers the whole display and has the keyboard, while it is open."""
+    with connection(display) as (x11, client):
+        window = x11.XCreateSimpleWindow(client, x11.XDefaultRootWindow(client), 0, 0, 4000, 4000, 0, 0, 0)
+        x11.XMapRaised(client, window)
+        x11.XSync(client, 0)
+        x11.XSetInputFocus(client, window, _REVERT_TO_PARENT, _CURRENT_TIME)
+        x11.XSync(client, 0)
+        yield window
 
 
 def request_close(display, window):

@@ -1,0 +1,36 @@
+"""The window: its size, its place, and that it comes to the front."""
+
+import unittest
+
+from recovery_test_case import RecoveryTestCase
+from waiting import wait_for
+import window_manager
+
+_SIZE = (980, 720)
+
+
+class Window(RecoveryTestCase):
+    def test_has_its_size_in_the_middle_of_the_display(self):
+        left, top, *size = self.start().window.extents
+        self.assertEqual(_SIZE, tuple(size))
+        middle = tuple((whole - part) // 2 for whole, part in zip(self.desktop.size, _SIZE))
+        self.assertEqual(middle, (left, top))
+
+    def test_cannot_be_made_smaller_than_its_content_allows(self):
+        application = self.start()
+        self.assertEqual((880, 660),
+                         window_manager.minimum_size(self.desktop.display, application.window_identifier))
+
+    def test_comes_to_the_front_of_other_programs_and_takes_the_keyboard(self):
+        display = self.desktop.display
+        with window_manager.window_over_everything(display) as other:
+            wait_for("the other window in front", lambda: window_manager.windows_from_below(display)[-1] == other)
+            self.assertEqual(other, window_manager.keyboard_owner(display))
+            window = self.start().window_identifier
+            wait_for("the keyboard in the window", lambda: window_manager.keyboard_owner(display) == window)
+            order = window_manager.windows_from_below(display)
+            self.assertLess(order.index(other), order.index(window))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
+
 namespace {
 
 QString resolved(const QStringList& preferredLanguages) {
@@ -25,6 +27,11 @@ struct Case {
     const char* preferred; // separated by commas
     const char* expected;
 };
+
+// GoogleTest shows parameters through this.
+void PrintTo(const Case& example, std::ostream* stream) {
+    *stream << '"' << example.preferred << "\" gives " << example.expected;
+}
 
 class PreferredLanguages : public testing::TestWithParam<Case> {};
 

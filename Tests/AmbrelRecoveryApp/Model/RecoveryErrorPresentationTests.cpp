@@ -4,15 +4,23 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 using Kind = AmbrelRecoveryFailureKind;
 
 struct Row {
+    const char* name;
     Kind kind;
     const char* titleKey;
     const char* bodyKey;
 };
+
+// GoogleTest shows parameters through this.
+void PrintTo(const Row& row, std::ostream* stream) {
+    *stream << row.name;
+}
 
 class RecoveryErrorPresentationTable : public testing::TestWithParam<Row> {};
 
@@ -28,23 +36,26 @@ TEST_P(RecoveryErrorPresentationTable, givesTheTextsOfTheKind) {
 
 INSTANTIATE_TEST_SUITE_P(
     EveryKind, RecoveryErrorPresentationTable,
-    testing::Values(
-        Row{Kind::cancelled, "ambrel.recovery.failure.cancelled.title", "ambrel.recovery.failure.cancelled.body"},
-        Row{Kind::wrongPassphrase, "ambrel.recovery.failure.wrong-passphrase.title",
-            "ambrel.recovery.failure.wrong-passphrase.body"},
-        Row{Kind::wrongRecoveryKey, "ambrel.recovery.failure.wrong-key.title",
-            "ambrel.recovery.failure.wrong-key.body"},
-        Row{Kind::invalidPackage, "ambrel.recovery.failure.invalid-package.title",
-            "ambrel.recovery.failure.invalid-package.body"},
-        Row{Kind::packageUnavailable, "ambrel.recovery.failure.unavailable.title",
-            "ambrel.recovery.failure.unavailable.body"},
-        Row{Kind::integrityFailure, "ambrel.recovery.failure.integrity.title",
-            "ambrel.recovery.failure.integrity.body"},
-        Row{Kind::destinationExists, "ambrel.files-export.destination-unavailable.title",
-            "ambrel.files-export.destination-unavailable.body"},
-        Row{Kind::destinationUnavailable, "ambrel.files-export.destination-unavailable.title",
-            "ambrel.files-export.destination-unavailable.body"},
-        Row{Kind::generic, "ambrel.recovery.failure.generic.title", "ambrel.recovery.failure.generic.body"}));
+    testing::Values(Row{"cancelled", Kind::cancelled, "ambrel.recovery.failure.cancelled.title",
+                        "ambrel.recovery.failure.cancelled.body"},
+                    Row{"wrongPassphrase", Kind::wrongPassphrase, "ambrel.recovery.failure.wrong-passphrase.title",
+                        "ambrel.recovery.failure.wrong-passphrase.body"},
+                    Row{"wrongRecoveryKey", Kind::wrongRecoveryKey, "ambrel.recovery.failure.wrong-key.title",
+                        "ambrel.recovery.failure.wrong-key.body"},
+                    Row{"invalidPackage", Kind::invalidPackage, "ambrel.recovery.failure.invalid-package.title",
+                        "ambrel.recovery.failure.invalid-package.body"},
+                    Row{"packageUnavailable", Kind::packageUnavailable, "ambrel.recovery.failure.unavailable.title",
+                        "ambrel.recovery.failure.unavailable.body"},
+                    Row{"integrityFailure", Kind::integrityFailure, "ambrel.recovery.failure.integrity.title",
+                        "ambrel.recovery.failure.integrity.body"},
+                    Row{"destinationExists", Kind::destinationExists,
+                        "ambrel.files-export.destination-unavailable.title",
+                        "ambrel.files-export.destination-unavailable.body"},
+                    Row{"destinationUnavailable", Kind::destinationUnavailable,
+                        "ambrel.files-export.destination-unavailable.title",
+                        "ambrel.files-export.destination-unavailable.body"},
+                    Row{"generic", Kind::generic, "ambrel.recovery.failure.generic.title",
+                        "ambrel.recovery.failure.generic.body"}));
 
 TEST(RecoveryErrorPresentation, makesADistinctErrorOfEveryPresentation) {
     const auto first = RecoveryErrorPresentation::errorPresentation(Kind::wrongPassphrase);

@@ -5,11 +5,11 @@ import pathlib
 
 
 class Catalogue:
-    """The English texts of a built application."""
+    """The texts of a built application in one language."""
 
-    def __init__(self, application_directory):
+    def __init__(self, application_directory, language="en"):
         table = (pathlib.Path(application_directory) / "Resources" / "AmbrelCore_AmbrelLocalization.bundle"
-                 / "en.lproj" / "Localizable.json")
+                 / f"{language}.lproj" / "Localizable.json")
         self._texts = json.loads(table.read_text(encoding="utf-8"))
 
     def __getitem__(self, key):

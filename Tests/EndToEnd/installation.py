@@ -9,12 +9,12 @@ from catalogue import Catalogue
 class Installation:
     """The built application's folder, copied to a place away from where it was built."""
 
-    def __init__(self, built, place):
+    def __init__(self, built, place, language="en"):
         self.directory = pathlib.Path(place)
         shutil.copytree(built, self.directory)
         self.executable = self.directory / "AmbrelRecoveryApp"
         self.engine = self.directory / "Resources" / "bin" / "ambrel-recovery"
-        self.catalogue = Catalogue(self.directory)
+        self.catalogue = Catalogue(self.directory, language)
 
 
 def environment_of(desktop, scratch, **changes):

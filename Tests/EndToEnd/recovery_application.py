@@ -51,6 +51,18 @@ class RecoveryApplication(Application):
         self.key("Return")
         self.wait_until_gone(title, "dialog")
 
+    def answer_open_panel_without_keyboard(self, title, path):
+        """Enters a path into an open panel and presses its button, which is named as the panel is."""
+        self._packages.watch(path)
+        self.panel_name_field(title).set_text(str(path))
+
+        def button():
+            return next((shown.item for panel in self.inside("dialog") for shown in panel
+                         if (shown.role, shown.name) == ("push button", title) and "enabled" in shown.item.states), None)
+
+        self.wait_for_shown(f"the button of “{title}”", button).do_action("press")
+        self.wait_until_gone(title, "dialog")
+
     def dismiss_panel(self, title):
         """Leaves a file panel with the escape key."""
         self.focus(title, self.panel_name_field(title))

@@ -27,8 +27,8 @@ class WholeRoad(RecoveryTestCase):
                 walk(self.desktop, BUILT_APPLICATION, sample("ordinary"), sample("forked"), pathlib.Path(pictures),
                      pathlib.Path(scratch))
             names = [path.stem.partition("-")[2] for path in sorted(pathlib.Path(pictures).iterdir())]
-            self.assertEqual(["choose", "filled", "inspecting", "snapshots", "exporting", "complete", "alert", "fork"],
-                             names)
+            self.assertEqual(["choose", "filled", "inspecting", "snapshots", "exporting", "complete", "alert", "fork",
+                              "snapshots-ar"], names)
             self.assertTrue(all(path.stat().st_size > 5_000 for path in pathlib.Path(pictures).iterdir()))
 
     def test_with_the_recovery_key_typed_carelessly(self):

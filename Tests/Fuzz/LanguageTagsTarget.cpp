@@ -1,5 +1,6 @@
 // The user's languages, as they come from the environment and as language tags.
 
+#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/SystemLocale.h"
 #include "Fuzz/Fuzzing.h"
@@ -74,6 +75,8 @@ void expectTags(const QStringList& tags) {
     for (const QString& tag : tags) {
         const std::optional<QString> expected = expectedFor(tag);
         expect(!expected || resolved({tag}) == *expected, "a tag of the usual form gives its language");
+        const qsizetype codeLength = QString(tag + u'-').replace(u'_', u'-').indexOf(u'-');
+        expect(codeLength == 2 || isPassedOver(tag), "a code that has not two letters is passed over");
     }
     const auto first = std::ranges::find_if_not(tags, isPassedOver);
     const QString expected = first == tags.end() ? QStringLiteral("en") : resolved({*first});
@@ -99,6 +102,13 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
+bool isRegion(std::string_view code) {
+    const auto isDigit = [](char character) { return character >= '0' && character <= '9'; };
+    const auto isCapital = [](char character) { return character >= 'A' && character <= 'Z'; };
+    return code.empty() || (code.size() == 2 && std::ranges::all_of(code, isCapital)) ||
+           (code.size() == 3 && std::ranges::all_of(code, isDigit));
+}
+
 void expectEnvironment(const std::vector<std::string_view>& lines) {
     static std::array<Variable, 5> variables = {Variable("LANGUAGE"), Variable("LC_ALL"), Variable("LC_MESSAGES"),
                                                 Variable("LC_TIME"), Variable("LANG")};
@@ -108,11 +118,15 @@ void expectEnvironment(const std::vector<std::string_view>& lines) {
     const QStringList preferred = SystemLocale::preferredLanguages();
     expect(!preferred.contains(QString()), "no preferred language is empty");
     expectTags(preferred);
-    const icu::Locale locale = SystemLocale::current();
-    expect(!locale.isBogus() && *locale.getLanguage() != '\0', "the current locale has a language");
-    expect(std::string_view(locale.getLanguage()) != "zh" || *locale.getScript() != '\0',
-           "a Chinese locale names its script");
-    expect(!SystemLocale::calendar().empty(), "the current locale has a calendar");
+    const std::string region = SystemLocale::region();
+    expect(isRegion(region), "a region has a code");
+    const AmbrelInterfaceLanguage shown = AmbrelInterfaceLanguage(AmbrelInterfaceLanguage::system).shown();
+    expect(shown.localeIdentifier() == resolved(preferred), "the texts are in the preferred language");
+    const icu::Locale locale = AmbrelInterfaceLanguage(AmbrelInterfaceLanguage::system).locale();
+    expect(locale.getLanguage() == std::string_view(shown.locale().getLanguage()),
+           "dates and numbers are in the language of the texts");
+    expect(region.empty() || region == locale.getCountry(), "dates and numbers follow the region's conventions");
+    expect(!SystemLocale::calendar().empty(), "the region has a calendar");
     const QString number = AmbrelStrings::formattedNumber(std::int64_t{1'234'567}, locale);
     expect(!number.trimmed().isEmpty() && number.isValidUtf16(), "a number can be shown");
 }

@@ -26,4 +26,5 @@ set(platform_sources
   Platform/PathLabel.cpp
   Platform/PlacesModel.cpp
   Platform/PlacesView.cpp
+  Platform/SessionBusCheck_linux.cpp
   Platform/SleepInhibition.cpp)

@@ -1,4 +1,5 @@
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/SessionBusCheck.h"
 #include "AmbrelRecoveryApp/ProcessSetup.h"
 #include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
@@ -18,6 +19,10 @@ namespace {
 
 /// How long the end of the process waits for an engine that was asked to end.
 constexpr std::chrono::seconds endOfProcessWait(5);
+
+/// How long a session bus may take for its first word. A busy machine has its reasons; nothing is asked of it
+/// afterwards.
+constexpr std::chrono::seconds sessionBusWait(5);
 
 /// The delegate while there is one.
 RecoveryApplicationDelegate* livingDelegate = nullptr;
@@ -49,6 +54,7 @@ void removeWhatKilledApplicationsLeft() {
 
 /// The toolkit gets no argument but the program's name: it would take some of them for options of its own.
 int runApplication(char* programName) {
+    SessionBusCheck::passBy(sessionBusWait);
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));
     std::array<char*, 2> arguments = {programName, nullptr};

@@ -4,6 +4,7 @@ import pathlib
 import unittest
 
 from application import WINDOW_TITLE
+from foreign_socket import ForeignSocket
 from installation import environment_of
 from package_digest import contents
 from recovery_test_case import RecoveryTestCase
@@ -47,18 +48,26 @@ class HostileSurroundings(RecoveryTestCase):
         configuration.write_text(_NO_FONTS, encoding="utf-8")
         self.walk(FONTCONFIG_FILE=str(configuration))
 
+    def open_and_close(self, bus_address):
+        """Without a session bus there is no accessibility tree: the window is looked for on the display alone."""
+        environment = environment_of(self.desktop, self.scratch, DBUS_SESSION_BUS_ADDRESS=bus_address)
+        process = processes.start([str(self.installation.executable)], env=environment)
+        self.addCleanup(processes.stop, process)
+        window = wait_for("the window", lambda: window_manager.window_of(
+            self.desktop.environment, process.pid, WINDOW_TITLE))
+        window_manager.request_close(self.desktop.display, window)
+        self.assertEqual(0, process.wait(30))
+        self.assertEqual([], self.temporary_files())
+
     def test_a_session_bus_that_is_not_there(self):
-        # Nor, then, an accessibility tree: the window is looked for on the display alone.
         for address in (f"unix:path={self.scratch}/nowhere", "no address at all"):
             with self.subTest(address=address):
-                environment = environment_of(self.desktop, self.scratch, DBUS_SESSION_BUS_ADDRESS=address)
-                process = processes.start([str(self.installation.executable)], env=environment)
-                self.addCleanup(processes.stop, process)
-                window = wait_for("the window", lambda: window_manager.window_of(
-                    self.desktop.environment, process.pid, WINDOW_TITLE))
-                window_manager.request_close(self.desktop.display, window)
-                self.assertEqual(0, process.wait(30))
-                self.assertEqual([], self.temporary_files())
+                self.open_and_close(address)
+
+    def test_a_session_bus_that_says_nothing_or_nonsense(self):
+        for answer in (b"", b"\xff\x00 nonsense\r\n"):
+            with self.subTest(answer=answer), ForeignSocket(self.scratch / "bus", answer) as bus:
+                self.open_and_close(f"unix:path={bus.path}")
 
     def test_options_of_the_toolkit_are_no_arguments_of_the_application(self):
         self.walk("-platform", "bogus", "-reverse", "-style", "windows", "-stylesheet", "/nowhere",

@@ -6,7 +6,6 @@ set(platform_sources
   Platform/DesktopNotification.cpp
   Platform/DesktopNotifications.cpp
   Platform/DesktopSleepInhibitor.cpp
-  Platform/FileNameText.cpp
   Platform/FilePanels.cpp
   Platform/FileURL.cpp
   Platform/FolderContents.cpp

@@ -10,6 +10,7 @@ set(screens_sources
   Controls/ClipboardSecret.cpp
   Controls/CopperGlow.cpp
   Controls/FirstChoice.cpp
+  Controls/FileNameText.cpp
   Controls/FocusRing.cpp
   Controls/IconButton.cpp
   Controls/LastInput.cpp

@@ -1,7 +1,7 @@
 // Names of files as others write them: the system's table of volumes, the URL of what is dropped, and a name to be
 // shown.
 
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Platform/FileURL.h"
 #include "AmbrelRecoveryApp/Platform/MountedVolumes.h"
 #include "Fuzz/FuzzInput.h"

@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/Controls/PathView.h"
 
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
@@ -52,6 +53,7 @@ void PathView::setPath(const std::filesystem::path& path) {
     const QString name = QFile::decodeName(path.c_str());
     QString shown;
     marks_.clear();
+    replaced_.clear();
     const auto mark = [&](QChar character) {
         marks_.append(shown.size());
         shown.append(character);
@@ -62,7 +64,16 @@ void PathView::setPath(const std::filesystem::path& path) {
             mark(isInsidePart ? popDirectionalIsolate : firstStrongIsolate);
             isInsidePart = !isInsidePart;
         }
-        shown.append(character);
+        const QString readable = character.isSurrogate()
+                                     ? QString(character)
+                                     : FileNameText::readable(QString(character).toUtf8().toStdString());
+        if (readable != character) {
+            replaced_.insert(shown.size(), character);
+        }
+        shown.append(readable.front());
+        for (const QChar more : readable.sliced(1)) {
+            mark(more);
+        }
     }
     if (isInsidePart) {
         mark(popDirectionalIsolate);
@@ -93,7 +104,7 @@ QMimeData* PathView::createMimeDataFromSelection() const {
     QString selected;
     for (qsizetype place = textCursor().selectionStart(); place < textCursor().selectionEnd(); ++place) {
         if (!std::ranges::binary_search(marks_, place)) {
-            selected.append(shown.at(place));
+            selected.append(replaced_.value(place, shown.at(place)));
         }
     }
     auto* const copied = new QMimeData;

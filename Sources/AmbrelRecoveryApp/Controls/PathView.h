@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QTextEdit>
 
 #include <filesystem>
 
 /// A path that can be read, selected by mouse and keyboard, and copied, but not changed. It wraps and is never cut off;
-/// its parts stand in their order from left to right whatever the direction of their letters.
+/// its parts stand in their order from left to right whatever the direction of their letters, and no character is
+/// invisible.
 class PathView final : public QTextEdit {
     Q_OBJECT
 
@@ -28,4 +30,7 @@ protected:
 private:
     /// The places of those marks in what is shown.
     QList<qsizetype> marks_;
+    /// The characters that would not be seen or act on others, by the places where something readable begins for them;
+    /// the rest of it counts as marks.
+    QHash<qsizetype, QChar> replaced_;
 };

@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Platform/FolderModel.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
 #include <QFile>

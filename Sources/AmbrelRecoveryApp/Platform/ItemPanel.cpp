@@ -1,10 +1,10 @@
 #include "AmbrelRecoveryApp/Platform/ItemPanel.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/Platform/PanelButton.h"

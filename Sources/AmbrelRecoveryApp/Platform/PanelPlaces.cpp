@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Platform/PanelPlaces.h"
 
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Platform/MountedVolumes.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 

@@ -1,8 +1,8 @@
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Platform/PathLabel.h"
 
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>

@@ -1,10 +1,9 @@
 #include "AmbrelRecoveryApp/Screens/ChooseBackupContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
-
-#include <QFile>
 
 #include <algorithm>
 
@@ -21,7 +20,7 @@ ChooseBackupContent::Package packageOf(const RecoveryScreenState& state) {
         .canChoose = !state.isBusy(),
     };
     if (state.packageURL) {
-        package.name = QFile::decodeName(state.packageURL->filename().c_str());
+        package.name = FileNameText::readable(state.packageURL->filename().native());
     }
     return package;
 }

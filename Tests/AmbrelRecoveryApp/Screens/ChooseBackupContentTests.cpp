@@ -37,6 +37,12 @@ TEST(ChooseBackupContentTests, showsAFileNameInAnyScript) {
     EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral("صور العائلة & <b>写真.ambrel"));
 }
 
+TEST(ChooseBackupContentTests, showsCharactersThatWouldNotBeSeenOrTurnTheRestAround) {
+    RecoveryScreenState state;
+    state.packageURL = "/backups/a\nb\u202Elerbma.ambrel";
+    EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral(u"a\u240Ab[U+202E]lerbma.ambrel"));
+}
+
 TEST(ChooseBackupContentTests, aPackageCanBeChosenOnlyWhileNothingRuns) {
     for (const Phase phase : allPhases) {
         const RecoveryScreenState state = stateIn(phase);

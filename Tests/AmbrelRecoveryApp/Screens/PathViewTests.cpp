@@ -22,7 +22,7 @@ QString copied(PathView& view) {
 
 TEST(PathViewTests, isCopiedAsItIsInEveryScript) {
     for (const char* const path : {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/",
-                                   "/home/\u2068strange\u2069/name"}) {
+                                   "/home/\u2068strange\u2069/name", "/a\nb/gpj.\u202Eexe\x7F"}) {
         PathView view;
         view.setPath(path);
         EXPECT_EQ(copied(view), QString::fromUtf8(path));
@@ -34,6 +34,12 @@ TEST(PathViewTests, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
     view.setPath("/home/سارة/صور");
     EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068home\u2069/\u2068سارة\u2069/\u2068صور\u2069"));
     EXPECT_EQ(view.document()->defaultTextOption().textDirection(), Qt::LeftToRight);
+}
+
+TEST(PathViewTests, showsWhatWouldNotBeSeenOrTurnTheRestAround) {
+    PathView view;
+    view.setPath("/a\nb/\u202Egpj.exe");
+    EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068a\u240Ab\u2069/\u2068[U+202E]gpj.exe\u2069"));
 }
 
 TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {

@@ -1,4 +1,4 @@
-#include "AmbrelRecoveryApp/Platform/FileNameText.h"
+#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 
 #include <QList>
 #include <QStringDecoder>

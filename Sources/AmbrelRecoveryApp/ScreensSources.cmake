@@ -38,6 +38,7 @@ set(screens_sources
   Controls/SymbolPainter.cpp
   Controls/SymbolView.cpp
   Controls/TextLabel.cpp
+  Controls/UniformRowView.cpp
   Screens/ButtonRow.cpp
   Screens/ChooseBackupContent.cpp
   Screens/ChooseBackupScreen.cpp

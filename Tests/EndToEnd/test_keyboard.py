@@ -2,6 +2,7 @@
 
 import unittest
 
+from accessibility import StateChanges
 from catalogue import OKAY, SHOW_IN_FINDER
 from engines import fails, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
@@ -158,9 +159,17 @@ class Keyboard(RecoveryTestCase):
         application = self.started()
         self.inspect_by_keyboard(application)
         application.wait_for_snapshots()
+        rows = dict(zip(("newest", "middle", "oldest"), application.rows()))
+        heard = StateChanges(self.desktop.accessibility, "focused", "selected")
+        left = "newest"
         for key, code in (("Down", "middle"), ("End", "oldest"), ("Up", "middle"), ("Home", "newest")):
+            before = len(heard.changes)
             application.key(key)
             self.wait_for_row(application, code, "focused", "selected", "checked")
+            for change in ((rows[code], "focused", True), (rows[code], "selected", True),
+                           (rows[left], "selected", False)):
+                wait_for(f"the event of {change}", lambda: change in heard.changes[before:])
+            left = code
 
     def test_the_first_arrow_picks_the_newest_snapshot_where_none_is_recommended(self):
         self.engine.behave(inspect=prints(inspection(_THREE_SNAPSHOTS, disposition="unresolved-fork")))

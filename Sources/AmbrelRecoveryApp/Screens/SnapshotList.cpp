@@ -8,17 +8,14 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
-SnapshotList::SnapshotList(QWidget* parent) : QListView(parent), model_(new SnapshotListModel(this)) {
+SnapshotList::SnapshotList(QWidget* parent) : UniformRowView(parent), model_(new SnapshotListModel(this)) {
     setModel(model_);
     setItemDelegate(new SnapshotRowDelegate(this));
-    setUniformItemSizes(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setFrameShape(QFrame::NoFrame);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setVerticalScrollBar(new QuietScrollBar(this));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
@@ -32,7 +29,7 @@ void SnapshotList::apply(const SnapshotRows& rows) {
     const bool isInOtherWords = shown.locale != rows.locale || shown.itemsLabel != rows.itemsLabel;
     model_->setRows(rows);
     if (isInOtherWords) {
-        scheduleDelayedItemsLayout();
+        doItemsLayout();
     }
     followSelection();
     viewport()->update();
@@ -66,7 +63,7 @@ void SnapshotList::choose(int row) {
 }
 
 QModelIndex SnapshotList::indexAt(const QPoint& point) const {
-    const QModelIndex index = QListView::indexAt(point);
+    const QModelIndex index = UniformRowView::indexAt(point);
     return SnapshotRowDelegate::rowRect(visualRect(index)).contains(point) ? index : QModelIndex();
 }
 
@@ -81,15 +78,22 @@ QSize SnapshotList::minimumSizeHint() const {
 }
 
 void SnapshotList::changeEvent(QEvent* event) {
-    QListView::changeEvent(event);
+    UniformRowView::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange) {
         scheduleDelayedItemsLayout();
     }
 }
 
+void SnapshotList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    UniformRowView::currentChanged(current, previous);
+    if (hasFocus()) {
+        tellAccessibility(QAccessible::Focus, current);
+    }
+}
+
 void SnapshotList::keyPressEvent(QKeyEvent* event) {
     if (!FirstChoice::take(*this, *event)) {
-        QListView::keyPressEvent(event);
+        UniformRowView::keyPressEvent(event);
     }
 }
 
@@ -99,8 +103,19 @@ QItemSelectionModel::SelectionFlags SnapshotList::selectionCommand(const QModelI
 }
 
 void SnapshotList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QListView::selectionChanged(selected, deselected);
+    UniformRowView::selectionChanged(selected, deselected);
+    const auto row = [](const QItemSelection& rows) { return rows.value(0).topLeft(); };
+    tellAccessibility(QAccessible::SelectionAdd, row(selected));
+    tellAccessibility(QAccessible::SelectionRemove, row(deselected));
     if (!isApplying_ && !selected.isEmpty()) {
         emit chosen(selected.indexes().constFirst().row());
+    }
+}
+
+void SnapshotList::tellAccessibility(QAccessible::Event kind, const QModelIndex& index) {
+    if (index.isValid()) {
+        QAccessibleEvent event(this, kind);
+        event.setChild(index.row());
+        QAccessible::updateAccessibility(&event);
     }
 }

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Controls/UniformRowView.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
 
-#include <QListView>
+#include <QAccessible>
 
 class SnapshotListModel;
 
 /// The list of snapshots. A row is chosen by click, arrow keys, Space or assistive technology; there is always at most
-/// one, and a second click does not take it back. A row that is out of sight costs
-/// some nanoseconds.
-class SnapshotList final : public QListView {
+/// one, and a second click does not take it back. A row that is out of sight costs nothing.
+class SnapshotList final : public UniformRowView {
     Q_OBJECT
 
 public:
@@ -35,12 +35,14 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
     void followSelection();
+    void tellAccessibility(QAccessible::Event kind, const QModelIndex& index);
 
     SnapshotListModel* const model_;
     bool isApplying_ = false;

@@ -5,7 +5,7 @@
 #include <QAbstractListModel>
 #include <QCache>
 
-/// The rows of the snapshot list for Qt's list view. Nothing is copied or put into words beforehand.
+/// The rows of the snapshot list for Qt's views. Nothing is copied or put into words beforehand.
 class SnapshotListModel final : public QAbstractListModel {
     Q_OBJECT
 

@@ -46,7 +46,7 @@ QAccessible::State SnapshotRowAccessible::state() const {
         return state;
     }
     const QModelIndex index = list_.snapshotModel().index(row_);
-    const bool isSelected = list_.snapshotModel().content(index).isSelected;
+    const bool isSelected = list_.selectionModel()->isSelected(index);
     state.focusable = true;
     state.selectable = true;
     state.checkable = true;

@@ -45,22 +45,6 @@ QPalette darkPalette() {
     return palette;
 }
 
-QWidget* screenOf(const MainContent& content, RecoveryScreenState::Phase phase) {
-    using Phase = RecoveryScreenState::Phase;
-    switch (phase) {
-    case Phase::chooseBackup:
-    case Phase::preparingPackage:
-    case Phase::inspecting:
-        return content.chooseBackup();
-    case Phase::snapshots:
-    case Phase::exporting:
-        return content.snapshots();
-    case Phase::complete:
-        return content.completion();
-    }
-    Q_UNREACHABLE();
-}
-
 } // namespace
 
 RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
@@ -72,7 +56,6 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     rail_ = new JourneyRail(this);
     content_ = new MainContent(this);
     transition_ = new ScreenTransition(this);
-    alert_ = new ErrorAlert(this);
     announcer_ = new Announcer(this);
     dropArea_ = new DropArea(this);
     auto* const layout = new QHBoxLayout(this);
@@ -80,13 +63,14 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(rail_);
     layout->addWidget(content_, 1);
-    connectScreens();
+    connectChooseBackup();
+    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
     connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
     nextFocus_ = widgetOf(FocusPlan::first);
     applyContents();
 }
 
-void RecoveryRootView::connectScreens() {
+void RecoveryRootView::connectChooseBackup() {
     const ChooseBackupScreen* const choose = content_->chooseBackup();
     connect(choose, &ChooseBackupScreen::chooseRequested, &model_, &RecoveryViewModel::chooseBackup);
     connect(choose, &ChooseBackupScreen::factorChosen, &model_,
@@ -95,18 +79,42 @@ void RecoveryRootView::connectScreens() {
             [this] { model_.setCredential(SecretText(content_->chooseBackup()->secretField()->secret())); });
     connect(choose, &ChooseBackupScreen::inspectRequested, this, &RecoveryRootView::inspect);
     connect(choose, &ChooseBackupScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+}
 
-    const SnapshotsScreen* const snapshots = content_->snapshots();
+void RecoveryRootView::addSnapshots() {
+    const SnapshotsScreen* const snapshots = content_->addSnapshots();
     connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
     connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
     connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+}
 
-    const CompletionScreen* const completion = content_->completion();
+void RecoveryRootView::addCompletion() {
+    const CompletionScreen* const completion = content_->addCompletion();
     connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
     connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
+}
 
-    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
-    connect(alert_, &ErrorAlert::dismissed, &model_, &RecoveryViewModel::dismissPresentedError);
+/// Makes it where it is shown for the first time.
+QWidget* RecoveryRootView::screenOfThePhase() {
+    using Phase = RecoveryScreenState::Phase;
+    switch (state_.phase) {
+    case Phase::chooseBackup:
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+        return content_->chooseBackup();
+    case Phase::snapshots:
+    case Phase::exporting:
+        if (content_->snapshots() == nullptr) {
+            addSnapshots();
+        }
+        return content_->snapshots();
+    case Phase::complete:
+        if (content_->completion() == nullptr) {
+            addCompletion();
+        }
+        return content_->completion();
+    }
+    Q_UNREACHABLE();
 }
 
 void RecoveryRootView::inspect() {
@@ -165,7 +173,7 @@ void RecoveryRootView::announceErrorOfTheStart() {
 }
 
 void RecoveryRootView::applyContents() {
-    QWidget* const screen = screenOf(*content_, state_.phase);
+    QWidget* const screen = screenOfThePhase();
     if (screen->isHidden()) {
         transition_->begin(content_->geometry());
     }
@@ -173,17 +181,37 @@ void RecoveryRootView::applyContents() {
     setLayoutDirection(interfaceDirection());
     rail_->apply(journeyRailContent(state_));
     content_->header()->apply(headerContent());
+    applyScreens();
+    content_->showScreen(screen);
+    applyCredential();
+    applyAlert();
+    dropArea_->setAccepting(!state_.isBusy() && !state_.presentedError);
+}
+
+/// Those out of sight, too: they let go of what is no longer the model's.
+void RecoveryRootView::applyScreens() {
     content_->chooseBackup()->apply(chooseBackupContent(state_));
-    content_->snapshots()->apply(snapshotsContent(state_));
-    content_->completion()->apply(completionContent(state_));
+    if (content_->snapshots() != nullptr) {
+        content_->snapshots()->apply(snapshotsContent(state_));
+    }
     if (model_.destinationURL() != shownPath_) {
         shownPath_.reset();
     }
-    content_->completion()->applyPath(shownPath_);
-    content_->showScreen(screen);
-    applyCredential();
-    alert_->apply(errorAlertContent(state_));
-    dropArea_->setAccepting(!state_.isBusy() && !state_.presentedError);
+    if (content_->completion() != nullptr) {
+        content_->completion()->apply(completionContent(state_));
+        content_->completion()->applyPath(shownPath_);
+    }
+}
+
+void RecoveryRootView::applyAlert() {
+    const std::optional<ErrorAlertContent> content = errorAlertContent(state_);
+    if (content && alert_ == nullptr) {
+        alert_ = new ErrorAlert(this);
+        connect(alert_, &ErrorAlert::dismissed, &model_, &RecoveryViewModel::dismissPresentedError);
+    }
+    if (alert_ != nullptr) {
+        alert_->apply(content);
+    }
 }
 
 void RecoveryRootView::showPath(const std::filesystem::path& folder) {
@@ -254,14 +282,23 @@ void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// A button that is not in sight or cannot be used is not pressed.
+/// A button that cannot be used is not pressed.
 void RecoveryRootView::pressMainButton() {
-    for (PrimaryRecoveryButton* const button :
-         {content_->chooseBackup()->inspectButton(), content_->snapshots()->exportButton(),
-          content_->completion()->revealButton()}) {
-        if (button->isVisible()) {
-            button->click();
-        }
+    using Phase = RecoveryScreenState::Phase;
+    switch (state_.phase) {
+    case Phase::chooseBackup:
+        content_->chooseBackup()->inspectButton()->click();
+        break;
+    case Phase::snapshots:
+        content_->snapshots()->exportButton()->click();
+        break;
+    case Phase::complete:
+        content_->completion()->revealButton()->click();
+        break;
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+    case Phase::exporting:
+        break;
     }
 }
 

@@ -41,10 +41,15 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void connectScreens();
+    void connectChooseBackup();
+    void addSnapshots();
+    void addCompletion();
+    QWidget* screenOfThePhase();
     void scheduleRedraw();
     void redraw();
     void applyContents();
+    void applyScreens();
+    void applyAlert();
     void applyCredential();
     QWidget* widgetOf(FocusPlan::Target target) const;
     void takeNextFocus();
@@ -62,6 +67,7 @@ private:
     JourneyRail* rail_ = nullptr;
     MainContent* content_ = nullptr;
     ScreenTransition* transition_ = nullptr;
+    /// Null before the first error.
     ErrorAlert* alert_ = nullptr;
     Announcer* announcer_ = nullptr;
     DropArea* dropArea_ = nullptr;

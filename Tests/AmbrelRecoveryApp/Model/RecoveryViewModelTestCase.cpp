@@ -103,12 +103,16 @@ void RecoveryViewModelTestCase::inspect(const std::string& document) {
     waitForPhase(Phase::snapshots);
 }
 
-void RecoveryViewModelTestCase::exportToTheEndAndInspectAgain() {
-    inspect(inspectionDocument());
+void RecoveryViewModelTestCase::exportEverything() {
     setEngineThatPrints(exportDocument());
     panels.answer = path("Ambrel Recovered");
     model->chooseDestinationAndExport();
     waitForPhase(Phase::complete);
+}
+
+void RecoveryViewModelTestCase::exportToTheEndAndInspectAgain() {
+    inspect(inspectionDocument());
+    exportEverything();
     setEngineThatPrints(inspectionDocument());
     type(QStringLiteral("correct horse"));
     model->inspectBackup();

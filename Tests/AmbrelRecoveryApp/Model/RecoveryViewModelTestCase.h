@@ -73,6 +73,8 @@ protected:
     void type(const QString& credential);
     /// Chooses the package, types a credential and inspects it to the end.
     void inspect(const std::string& document);
+    /// Exports the selected snapshot to the end.
+    void exportEverything();
     /// Walks the whole road and inspects once more, so that everything that the model can hold is there.
     void exportToTheEndAndInspectAgain();
     /// Lets the event loop run until `condition` holds; a condition that never does fails the test.

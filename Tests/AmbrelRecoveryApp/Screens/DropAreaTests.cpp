@@ -1,9 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/DropArea.h"
 
-#include "../Model/RecoveryViewModelTestCase.h"
 #include "AmbrelRecoveryApp/Platform/FileURL.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 
 #include <QApplication>
@@ -19,19 +17,8 @@
 namespace {
 
 /// Drags are sent to the window's content as the toolkit sends them.
-class DropAreaTests : public RecoveryViewModelTestCase {
+class DropAreaTests : public RecoveryRootViewTestCase {
 protected:
-    ~DropAreaTests() override { view.reset(); }
-
-    void open() {
-        makeModel();
-        view = std::make_unique<RecoveryRootView>(*model);
-        view->resize(880, 660);
-        view->show();
-        view->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-    }
-
     static QUrl url(const std::filesystem::path& item) { return QUrl::fromEncoded(FileURL::encoded(item)); }
     void drag(const std::vector<std::filesystem::path>& items) {
         QList<QUrl> urls;
@@ -66,13 +53,10 @@ protected:
     }
 
     bool isHintShown() const { return view->findChild<DropArea*>()->isVisible(); }
-    bool isAlertShown() const { return view->findChild<ErrorAlertDialog*>()->isVisible(); }
-    static void redraw() { QCoreApplication::processEvents(); }
 
     QMimeData dragged;
     /// What the last drag was answered with.
     Qt::DropAction action = Qt::IgnoreAction;
-    std::unique_ptr<RecoveryRootView> view;
 
 private:
     bool sent(QDropEvent& event) {

@@ -1,8 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/PathView.h"
 
-#include "../Model/RecoveryViewModelTestCase.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 
 #include <QAccessible>
@@ -75,28 +74,16 @@ TEST(PathViewTests, isAsHighAsThePathNeeds) {
     EXPECT_GT(view.heightForWidth(400), view.heightForWidth(800));
 }
 
-class CompletionPathTests : public RecoveryViewModelTestCase {
+class CompletionPathTests : public RecoveryRootViewTestCase {
 protected:
-    ~CompletionPathTests() override { view.reset(); }
-
     void complete() {
-        makeModel();
-        view = std::make_unique<RecoveryRootView>(*model);
-        view->resize(880, 660);
-        view->show();
-        view->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+        open();
         inspect(inspectionDocument());
-        setEngineThatPrints(exportDocument());
-        panels.answer = path("Ambrel Recovered");
-        model->chooseDestinationAndExport();
-        waitForPhase(Phase::complete);
-        QCoreApplication::processEvents();
+        exportEverything();
+        redraw();
     }
 
     PathView& pathView() const { return *view->findChild<PathView*>(); }
-
-    std::unique_ptr<RecoveryRootView> view;
 };
 
 TEST_F(CompletionPathTests, thePathIsHiddenUntilItIsNeeded) {
@@ -122,7 +109,7 @@ TEST_F(CompletionPathTests, thePathGoesWithTheRecoveryThatItBelongsTo) {
     complete();
     view->showPath(path("Ambrel Recovered"));
     model->startAgain();
-    QCoreApplication::processEvents();
+    redraw();
     view->showPath(path("Ambrel Recovered"));
     EXPECT_FALSE(pathView().isVisibleTo(view.get()));
 }

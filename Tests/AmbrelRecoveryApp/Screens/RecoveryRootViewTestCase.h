@@ -37,6 +37,10 @@ protected:
 
     SecureField& field() const { return *view->findChild<SecureField*>(); }
     ErrorAlertDialog& alert() const { return *view->findChild<ErrorAlertDialog*>(); }
+    bool isAlertShown() const {
+        const auto* const alert = view->findChild<ErrorAlertDialog*>();
+        return alert != nullptr && alert->isVisible();
+    }
     SnapshotList& list() const { return *view->findChild<SnapshotList*>(); }
 
     /// The control in sight with this accessible name, or null.

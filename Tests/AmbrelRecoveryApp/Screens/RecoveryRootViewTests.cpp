@@ -1,8 +1,10 @@
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 
@@ -171,7 +173,7 @@ TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
     model->inspectBackup();
     waitUntil([this] { return model->presentedError().has_value(); });
     redraw();
-    ASSERT_TRUE(alert().isVisible());
+    ASSERT_TRUE(isAlertShown());
     QAccessibleInterface& accessible = *QAccessible::queryAccessibleInterface(&alert());
     EXPECT_EQ(accessible.role(), QAccessible::AlertMessage);
     EXPECT_EQ(accessible.text(QAccessible::Name), model->presentedError()->title);
@@ -182,7 +184,7 @@ TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
     press(Qt::Key_Return);
     EXPECT_FALSE(model->presentedError());
     redraw();
-    EXPECT_FALSE(alert().isVisible());
+    EXPECT_FALSE(isAlertShown());
     EXPECT_TRUE(field().hasFocus());
 }
 
@@ -191,11 +193,11 @@ TEST_F(RecoveryRootViewTests, theAlertIsDismissedByEscapeAndGivesTheFocusBack) {
     panels.answer = path("");
     button("Choose backup package")->click();
     redraw();
-    ASSERT_TRUE(alert().isVisible());
+    ASSERT_TRUE(isAlertShown());
     press(Qt::Key_Escape);
     EXPECT_FALSE(model->presentedError());
     redraw();
-    EXPECT_FALSE(alert().isVisible());
+    EXPECT_FALSE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
 }
 
@@ -207,7 +209,7 @@ TEST_F(RecoveryRootViewTests, theSameErrorAgainIsAnotherAlert) {
     alert().accept();
     model->acceptPackage(path(""));
     redraw();
-    EXPECT_TRUE(alert().isVisible());
+    EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("OK"));
 }
 
@@ -224,7 +226,7 @@ TEST_F(RecoveryRootViewTests, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
     model =
         std::make_unique<RecoveryViewModel>(std::nullopt, RecoveryViewModel::Desktop{panels, fileViewer, cloudItems});
     openOnModel();
-    EXPECT_TRUE(alert().isVisible());
+    EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("OK"));
     EXPECT_EQ(announced(), model->presentedError()->title + u'\n' + model->presentedError()->body);
     press(Qt::Key_Return);
@@ -249,7 +251,7 @@ TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
     ASSERT_NE(second.id, first.id);
     ASSERT_NE(second.title, first.title);
     redraw();
-    EXPECT_TRUE(alert().isVisible());
+    EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(alert().accessibleName(), second.title);
     EXPECT_EQ(alert().accessibleDescription(), second.body);
     EXPECT_EQ(announced(), second.title + u'\n' + second.body);
@@ -258,17 +260,14 @@ TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
     press(Qt::Key_Return);
     EXPECT_FALSE(model->presentedError());
     redraw();
-    EXPECT_FALSE(alert().isVisible());
+    EXPECT_FALSE(isAlertShown());
     EXPECT_TRUE(field().hasFocus());
 }
 
 TEST_F(RecoveryRootViewTests, theStepBackToTheFirstScreenIsAnnounced) {
     open();
     inspect(inspectionDocument());
-    setEngineThatPrints(exportDocument());
-    panels.answer = path("Ambrel Recovered");
-    model->chooseDestinationAndExport();
-    waitForPhase(Phase::complete);
+    exportEverything();
     redraw();
     model->startAgain();
     redraw();
@@ -288,12 +287,51 @@ TEST_F(RecoveryRootViewTests, aChosenRowIsTheSelectedSnapshot) {
 }
 
 TEST_F(RecoveryRootViewTests, whatIsHiddenCannotBePressed) {
-    open();
-    for (QAbstractButton* const candidate : view->findChildren<QAbstractButton*>()) {
-        if (!candidate->isVisible() && !alert().isAncestorOf(candidate)) {
-            EXPECT_FALSE(candidate->isEnabled()) << candidate->accessibleName().toStdString();
+    const auto expectHiddenButtonsDisabled = [this](const char* when) {
+        redraw();
+        for (const QAbstractButton* const candidate : view->findChildren<QAbstractButton*>()) {
+            if (!candidate->isVisible()) {
+                EXPECT_FALSE(candidate->isEnabled()) << candidate->accessibleName().toStdString() << " " << when;
+            }
         }
-    }
+    };
+    open();
+    expectHiddenButtonsDisabled("at the start");
+    inspect(inspectionDocument());
+    expectHiddenButtonsDisabled("beside the snapshots");
+    exportEverything();
+    expectHiddenButtonsDisabled("at the end");
+    model->startAgain();
+    expectHiddenButtonsDisabled("at the next start");
+}
+
+TEST_F(RecoveryRootViewTests, aScreenIsMadeWhenItIsFirstReached) {
+    open();
+    EXPECT_EQ(view->findChild<SnapshotsScreen*>(), nullptr);
+    EXPECT_EQ(view->findChild<CompletionScreen*>(), nullptr);
+    EXPECT_EQ(view->findChild<ErrorAlertDialog*>(), nullptr);
+    inspect(inspectionDocument());
+    redraw();
+    EXPECT_EQ(view->findChildren<SnapshotsScreen*>().size(), 1);
+    EXPECT_EQ(view->findChild<CompletionScreen*>(), nullptr);
+    exportEverything();
+    redraw();
+    EXPECT_EQ(view->findChildren<CompletionScreen*>().size(), 1);
+    model->startAgain();
+    redraw();
+    inspect(inspectionDocument());
+    redraw();
+    EXPECT_EQ(view->findChildren<SnapshotsScreen*>().size(), 1);
+}
+
+TEST_F(RecoveryRootViewTests, theNextStartLetsGoOfTheLastBackup) {
+    open();
+    inspect(inspectionDocument());
+    redraw();
+    ASSERT_GT(list().model()->rowCount(), 0);
+    model->startAgain();
+    redraw();
+    EXPECT_EQ(list().model()->rowCount(), 0);
 }
 
 TEST_F(RecoveryRootViewTests, everyControlInSightHasAName) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -97,16 +98,15 @@ icu::Locale AmbrelInterfaceLanguage::locale() const {
     if (*this == system) {
         return inSystemRegion(shown().locale());
     }
-    static const std::array<icu::Locale, everyCase.size()> locales = [] {
-        std::array<icu::Locale, everyCase.size()> made;
+    static const std::vector<icu::Locale> locales = [] {
+        std::vector<icu::Locale> made;
         for (const Language language : selectableLanguages()) {
-            UErrorCode status = U_ZERO_ERROR;
-            made[static_cast<std::size_t>(language.value())] =
-                icu::Locale::forLanguageTag(language.rawValue().toStdString(), status);
+            made.push_back(icu::Locale::createFromName(language.rawValue().toStdString().c_str()));
         }
         return made;
     }();
-    return locales[static_cast<std::size_t>(value_)];
+    const std::size_t casesBeforeTheLanguages = everyCase.size() - locales.size();
+    return locales[static_cast<std::size_t>(value_) - casesBeforeTheLanguages];
 }
 
 QString AmbrelInterfaceLanguage::autonym() const {

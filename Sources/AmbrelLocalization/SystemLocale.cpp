@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace {
 
@@ -38,27 +39,47 @@ std::string_view scriptOfModifier(std::string_view modifier) {
     return modifier == "devanagari" ? "Deva" : std::string_view();
 }
 
-/// What follows from the name of the locale of dates; working it out costs more than a lookup may.
-struct Conventions {
-    std::string posixName;
-    std::string region;
-    std::string calendar = "gregorian";
+/// The locale of `tag`, or none where it is no language tag.
+std::optional<icu::Locale> parsed(const std::string& tag) {
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale locale = icu::Locale::forLanguageTag(tag, status);
+    return U_FAILURE(status) || locale.isBogus() ? std::nullopt : std::optional(std::move(locale));
+}
 
-    explicit Conventions(std::string_view name) : posixName(name) {
-        UErrorCode status = U_ZERO_ERROR;
-        const auto tag = SystemLocale::languageTag(name);
-        const icu::Locale locale = icu::Locale::forLanguageTag(tag.value_or("und"), status);
-        if (U_FAILURE(status) || locale.isBogus()) {
-            return;
-        }
-        region = locale.getCountry();
-        const std::unique_ptr<icu::StringEnumeration> names(
-            icu::Calendar::getKeywordValuesForLocale("calendar", locale, true, status));
-        const char* first = names ? names->next(nullptr, status) : nullptr;
-        if (U_SUCCESS(status) && first) {
-            calendar = first;
+/// What follows from the name of the locale of dates; working it out costs more than a lookup may.
+class Conventions {
+public:
+    explicit Conventions(std::string_view name) : posixName(name), tag_(SystemLocale::languageTag(name)) {
+        if (const std::optional<icu::Locale> locale = tag_ ? parsed(*tag_) : std::nullopt) {
+            region = locale->getCountry();
         }
     }
+
+    /// Worked out when it is first asked for, with the first date: it takes data that nothing else does.
+    const std::string& calendar() const {
+        std::call_once(calendarIsKnown_, [this] {
+            const std::optional<icu::Locale> locale = parsed(tag_.value_or("und"));
+            if (!locale) {
+                return;
+            }
+            UErrorCode status = U_ZERO_ERROR;
+            const std::unique_ptr<icu::StringEnumeration> names(
+                icu::Calendar::getKeywordValuesForLocale("calendar", *locale, true, status));
+            const char* first = names ? names->next(nullptr, status) : nullptr;
+            if (U_SUCCESS(status) && first) {
+                calendar_ = first;
+            }
+        });
+        return calendar_;
+    }
+
+    const std::string posixName;
+    std::string region;
+
+private:
+    std::optional<std::string> tag_;
+    mutable std::once_flag calendarIsKnown_;
+    mutable std::string calendar_ = "gregorian";
 };
 
 std::shared_ptr<const Conventions> currentConventions() {
@@ -100,7 +121,7 @@ std::string region() {
 }
 
 std::string calendar() {
-    return currentConventions()->calendar;
+    return currentConventions()->calendar();
 }
 
 std::optional<std::string> languageTag(std::string_view posixName) {

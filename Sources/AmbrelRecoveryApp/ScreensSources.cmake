@@ -31,6 +31,7 @@ set(screens_sources
   Controls/SecondaryRecoveryButton.cpp
   Controls/SecureField.cpp
   Controls/SecureFieldAccessible.cpp
+  Controls/SecureFieldStyle.cpp
   Controls/SegmentButton.cpp
   Controls/SegmentedPicker.cpp
   Controls/ShownPart.cpp

@@ -20,13 +20,17 @@ constexpr int symbolSize = 16;
 IconButton::IconButton(RecoverySymbol symbol, QWidget* parent) : QAbstractButton(parent), symbol_(symbol) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    // The tooltip takes the style of the widget that it explains.
-    setStyleSheet(
-        QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
-            .arg(RecoveryPalette::primary().name(), RecoveryPalette::alert().name(), RecoveryPalette::muted().name()));
 }
 
 void IconButton::setLabel(const QString& label) {
+    if (toolTip().isEmpty()) {
+        // The tooltip takes the style of the widget that it explains. Not before there is one: most buttons of the
+        // first window never come into sight.
+        setStyleSheet(
+            QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
+                .arg(RecoveryPalette::primary().name(), RecoveryPalette::alert().name(),
+                     RecoveryPalette::muted().name()));
+    }
     setAccessibleName(label);
     setToolTip(label);
 }

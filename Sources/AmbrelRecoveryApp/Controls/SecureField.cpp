@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Controls/ClipboardSecret.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/Controls/SecureFieldStyle.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
@@ -93,10 +94,7 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     setDragEnabled(false);
     setFont(recoveryFont(fontSize, QFont::Normal));
     setFixedHeight(fieldHeight);
-    // The panel is painted here; the style sheet takes the desktop's own one away and chooses the mask's character.
-    setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 %1px; "
-                                 "lineedit-password-character: 8226; lineedit-password-mask-delay: 0; }")
-                      .arg(horizontalPadding - lineEditMargin));
+    setStyle(new SecureFieldStyle(horizontalPadding - lineEditMargin, this));
     QPalette colors = palette();
     colors.setColor(QPalette::Text, RecoveryPalette::primary());
     colors.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());

@@ -7,6 +7,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QProxyStyle>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -15,6 +16,24 @@ namespace {
 
 /// The lock among the modifiers of X11 and Wayland.
 constexpr quint32 lockModifier = 2;
+
+/// A style of a desktop with a mask of its own, which shows what is typed for a while.
+class RevealingStyle final : public QProxyStyle {
+public:
+    RevealingStyle() : QProxyStyle(QStringLiteral("Windows")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        switch (hint) {
+        case SH_LineEdit_PasswordCharacter:
+            return '*';
+        case SH_LineEdit_PasswordMaskDelay:
+            return 60'000;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, result);
+        }
+    }
+};
 
 class SecureFieldTests : public testing::Test {
 protected:
@@ -52,6 +71,22 @@ TEST_F(SecureFieldTests, holdsWhatIsTypedAndShowsOnlyAMask) {
     EXPECT_EQ(secret(), QStringLiteral(" correct horse "));
     EXPECT_EQ(static_cast<QLineEdit&>(field).text(), QString(15, QChar(0x2022)));
     EXPECT_EQ(field.echoMode(), QLineEdit::Password);
+}
+
+TEST_F(SecureFieldTests, masksInItsOwnWayWhateverTheDesktops) {
+    type(QStringLiteral("abc"));
+    const QImage before = field.grab().toImage();
+    QApplication::setStyle(new RevealingStyle);
+    SecureField other;
+    other.resize(field.size());
+    other.show();
+    other.activateWindow();
+    other.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    QTest::keyClicks(&other, QStringLiteral("abc"));
+    EXPECT_EQ(other.displayText(), QString(3, QChar(0x2022)));
+    EXPECT_EQ(other.grab().toImage(), before);
+    QApplication::setStyle(QStringLiteral("Fusion"));
 }
 
 TEST_F(SecureFieldTests, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {

@@ -16,16 +16,19 @@ constexpr int centerTop = 63;
 /// Where the light has fallen to a half, and the standard deviation of the blur.
 constexpr double radius = 268;
 constexpr double blur = 82.6;
-/// Beyond this nothing is left to be seen.
-constexpr int reach = 500;
+/// Beyond this less is left than one step of a colour.
+constexpr int reach = 447;
 constexpr QSize area(centerInset + reach, centerTop + reach);
+/// How many device-independent pixels of the window one of the drawn image stands for, in each direction.
+constexpr int stretch = 3;
+static_assert(area.width() % stretch == 0 && area.height() % stretch == 0);
 
 /// A circle's edge after a Gaussian blur.
 double strengthAt(double distance) {
     return 0.5 * std::erfc((distance - radius) / (blur * std::sqrt(2)));
 }
 
-QPixmap draw(qreal scale, Qt::LayoutDirection direction) {
+QImage draw(Qt::LayoutDirection direction) {
     constexpr int stops = 40;
     const double centerX = direction == Qt::RightToLeft ? centerInset : area.width() - centerInset;
     QRadialGradient gradient(centerX, centerTop, reach);
@@ -34,21 +37,23 @@ QPixmap draw(qreal scale, Qt::LayoutDirection direction) {
         gradient.setColorAt(
             position, RecoveryPalette::withOpacity(RecoveryPalette::copper(), opacity * strengthAt(position * reach)));
     }
-    QPixmap pixmap(area * scale);
-    pixmap.setDevicePixelRatio(scale);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
+    QImage image(area / stretch, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.scale(1.0 / stretch, 1.0 / stretch);
     painter.fillRect(QRect(QPoint(0, 0), area), gradient);
-    return pixmap;
+    return image;
 }
 
 } // namespace
 
 void CopperGlow::paint(QPainter& painter, const QSize& size, Qt::LayoutDirection direction) {
-    const qreal scale = painter.device()->devicePixelRatioF();
-    if (direction_ != direction || pixmap_.devicePixelRatio() != scale) {
-        pixmap_ = draw(scale, direction);
+    if (direction_ != direction) {
+        image_ = draw(direction);
         direction_ = direction;
     }
-    painter.drawPixmap(direction == Qt::RightToLeft ? 0 : size.width() - area.width(), 0, pixmap_);
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRect(QPoint(direction == Qt::RightToLeft ? 0 : size.width() - area.width(), 0), area), image_);
+    painter.restore();
 }

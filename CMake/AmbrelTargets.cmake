@@ -1,5 +1,7 @@
 # What every target of this project has in common: the language, the warnings, the sanitizers.
 
+include(CheckLinkerFlag)
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -17,6 +19,17 @@ if(AMBREL_SANITIZER)
   target_compile_options(AmbrelOptions INTERFACE
     -fsanitize=${AMBREL_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(AmbrelOptions INTERFACE -fsanitize=${AMBREL_SANITIZER})
+endif()
+
+# Only what is used gets into a program, and what its loader has to do is written down in little space: both is read
+# before the window comes up.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" AND NOT AMBREL_SANITIZER)
+  target_compile_options(AmbrelOptions INTERFACE -ffunction-sections -fdata-sections)
+  target_link_options(AmbrelOptions INTERFACE LINKER:--gc-sections)
+  check_linker_flag(CXX LINKER:-z,pack-relative-relocs AMBREL_CAN_PACK_RELOCATIONS)
+  if(AMBREL_CAN_PACK_RELOCATIONS)
+    target_link_options(AmbrelOptions INTERFACE LINKER:-z,pack-relative-relocs)
+  endif()
 endif()
 
 include(AmbrelHardening)

@@ -9,22 +9,18 @@
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
 #include "AmbrelRecoveryApp/Platform/OperationGuard.h"
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/RecoveryWindow.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <QThread>
-#include <QVBoxLayout>
 
 #include <filesystem>
 #include <optional>
 
 namespace {
-
-constexpr QSize initialSize(980, 720);
-constexpr QSize minimumSize(880, 660);
 
 std::optional<std::filesystem::path> engine() {
     try {
@@ -32,22 +28,6 @@ std::optional<std::filesystem::path> engine() {
     } catch (AmbrelRecoveryProcessError) {
         return std::nullopt;
     }
-}
-
-std::unique_ptr<QWidget> makeWindow() {
-    auto window = std::make_unique<QWidget>();
-    window->setWindowTitle(QStringLiteral("Ambrel Recovery"));
-    window->setMinimumSize(minimumSize);
-    window->resize(initialSize);
-    auto* const layout = new QVBoxLayout(window.get());
-    layout->setContentsMargins(0, 0, 0, 0);
-    return window;
-}
-
-void center(QWidget& window) {
-    QRect frame(QPoint(0, 0), window.size());
-    frame.moveCenter(window.screen()->availableGeometry().center());
-    window.move(frame.topLeft());
 }
 
 } // namespace
@@ -63,19 +43,19 @@ RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
 void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     Q_ASSERT(QThread::currentThread() == qApp->thread());
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
-    window_ = makeWindow();
+    window_ = std::make_unique<RecoveryWindow>();
     panels_ = std::make_unique<FilePanels>(window_.get());
     fileViewer_ = std::make_unique<DesktopFileViewer>();
     model_ = std::make_unique<RecoveryViewModel>(
         engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<LocalCloudItems>()});
     auto* const view = new RecoveryRootView(*model_);
-    window_->layout()->addWidget(view);
+    window_->setContent(view);
     QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
     motionPreference_ = std::make_unique<DesktopMotionPreference>();
     sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
     notifications_ = std::make_unique<DesktopNotifications>();
     guard_ = std::make_unique<OperationGuard>(*model_, window_.get(), *sleepInhibitor_, *notifications_);
-    center(*window_);
+    window_->center();
     window_->show();
     window_->raise();
     window_->activateWindow();

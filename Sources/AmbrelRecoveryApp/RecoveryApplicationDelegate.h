@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QWidget>
-
 #include <memory>
 
 class DesktopFileViewer;
@@ -11,6 +9,7 @@ class RecoveryNotifications;
 class RecoveryPanels;
 class RecoverySleepInhibitor;
 class RecoveryViewModel;
+class RecoveryWindow;
 
 /// Builds the application's one window on its one workflow. Main thread only.
 class RecoveryApplicationDelegate {
@@ -34,7 +33,7 @@ public:
 
 private:
     // In the order in which they need each other.
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<RecoveryWindow> window_;
     std::unique_ptr<RecoveryPanels> panels_;
     std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;

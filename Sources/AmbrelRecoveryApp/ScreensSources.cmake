@@ -2,6 +2,7 @@ set(screens_sources
   RecoveryAppCopy.cpp
   RecoveryPalette.cpp
   RecoveryRootView.cpp
+  RecoveryWindow.cpp
   Symbols/Symbols.qrc
   Controls/Announcer.cpp
   Controls/Card.cpp

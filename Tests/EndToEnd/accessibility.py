@@ -12,6 +12,7 @@ _REGISTRY = "org.a11y.atspi.Registry"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 _OBJECT_EVENT = "org.a11y.atspi.Event.Object"
+_WINDOW_EVENT = "org.a11y.atspi.Event.Window"
 
 # The library of the protocol serves only for its numbers. It keeps its own copy of the tree; here every look is fresh.
 STATES = {name: int(getattr(Atspi.StateType, name.upper()))
@@ -69,6 +70,28 @@ class AccessibilityBus:
         return None
 
 
+class Activations:
+    """The names of the windows that have become active from its making on."""
+
+    def __init__(self, bus):
+        self._bus = bus
+        self._names = []
+        bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
+                 GLib.Variant("(s)", ("window:activate",)))
+        bus.subscribe(_WINDOW_EVENT, "Activate", self._on_activate)
+
+    @property
+    def names(self):
+        _take_events()
+        return list(self._names)
+
+    def _on_activate(self, owner, path, _arguments):
+        try:
+            self._names.append(Accessible(self._bus, owner, path).name)
+        except Gone:
+            pass
+
+
 class StateChanges:
     """Every change of some states from its making on, as a list of (name of the object, state, whether it is set)."""
 
@@ -84,9 +107,7 @@ class StateChanges:
 
     @property
     def changes(self):
-        context = GLib.MainContext.default()
-        while context.iteration(False):
-            pass
+        _take_events()
         return list(self._changes)
 
     def _on_state_changed(self, owner, path, arguments):
@@ -231,6 +252,12 @@ class Accessible:
         for child in self.children:
             if child.is_showing:
                 yield from child.walk(depth + 1)
+
+
+def _take_events():
+    context = GLib.MainContext.default()
+    while context.iteration(False):
+        pass
 
 
 def _connect(address):

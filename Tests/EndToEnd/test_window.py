@@ -2,6 +2,7 @@
 
 import unittest
 
+from accessibility import Activations
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
 import window_manager
@@ -30,6 +31,15 @@ class Window(RecoveryTestCase):
             wait_for("the keyboard in the window", lambda: window_manager.keyboard_owner(display) == window)
             order = window_manager.windows_from_below(display)
             self.assertLess(order.index(other), order.index(window))
+
+    def test_assistive_technology_hears_that_it_has_become_active(self):
+        heard = Activations(self.desktop.accessibility)
+        application = self.start()
+        self.assertEqual("frame", application.window.role)
+        application.take_keyboard_away()
+        before = len(heard.names)
+        application.focus_window()
+        wait_for("the event", lambda: heard.names[before:] == [application.window.name])
 
 
 if __name__ == "__main__":

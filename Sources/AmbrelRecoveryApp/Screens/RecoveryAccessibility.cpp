@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicatorAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
+#include "AmbrelRecoveryApp/RecoveryWindow.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/RailStep.h"
@@ -34,6 +35,9 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     }
     if (auto* const dialog = qobject_cast<ErrorAlertDialog*>(object)) {
         return new ErrorAlertAccessible(dialog);
+    }
+    if (auto* const window = qobject_cast<RecoveryWindow*>(object)) {
+        return new QAccessibleWidget(window, QAccessible::Window);
     }
     if (auto* const announcer = qobject_cast<Announcer*>(object)) {
         return new QAccessibleWidget(announcer, QAccessible::Notification);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QWidget>
+
+/// The application's only window, of its title and sizes; what it holds fills it. Assistive technology is told when it
+/// becomes the active one, as the toolkit does only for objects in the role of a window. Main thread.
+class RecoveryWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    RecoveryWindow();
+
+    /// Shows `content`, which the window owns from then on. To be called once.
+    void setContent(QWidget* content);
+
+    /// Moves the window into the middle of its screen.
+    void center();
+};

@@ -17,6 +17,7 @@ set(platform_sources
   Platform/NewFolderPanel.cpp
   Platform/OperationGuard.cpp
   Platform/PanelButton.cpp
+  Platform/PanelItemView.cpp
   Platform/PanelNameField.cpp
   Platform/PanelPalette.cpp
   Platform/PanelPlaces.cpp

@@ -2,17 +2,14 @@
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/SecretBytes.h"
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
 #include "ProcessRunnerTest.h"
 #include "ReleasedPages.h"
+#include "Support/MemoryScan.h"
 #include "Support/TestFiles.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <array>
-#include <sstream>
-#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -57,79 +54,10 @@ auto wipedAt(const void* address) {
 
 const auto allWiped = Each(Field(&ReleasedPages::Record::wiped, true));
 
-/// A credential of 48 bytes that stands nowhere in this program as it is.
-class HiddenCredential {
-public:
-    static constexpr std::size_t size = 48;
-
-    static std::byte at(std::size_t index) {
-        return static_cast<std::byte>((index * 37 + 11) % 251) ^ static_cast<std::byte>(0x5A);
-    }
-
-    static SecretBytes bytes() {
-        SecretBytes credential(size);
-        for (std::size_t index = 0; index < size; ++index) {
-            credential.bytes()[index] = at(index);
-        }
-        return credential;
-    }
-
-    static bool isAt(const char* place) {
-        for (std::size_t index = 0; index < size; ++index) {
-            if (static_cast<std::byte>(place[index]) != at(index)) {
-                return false;
-            }
-        }
-        return true;
-    }
-};
-
-int copiesIn(std::string_view memory) {
-    const char first = static_cast<char>(HiddenCredential::at(0));
-    int copies = 0;
-    for (std::size_t place = memory.find(first); place != std::string_view::npos;
-         place = memory.find(first, place + 1)) {
-        const bool fits = place + HiddenCredential::size <= memory.size();
-        copies += fits && HiddenCredential::isAt(memory.data() + place) ? 1 : 0;
-    }
-    return copies;
-}
-
-/// How often the hidden credential stands between the two addresses.
-int copiesBetween(int memory, std::uintptr_t start, std::uintptr_t end) {
-    static std::array<char, 1U << 20U> buffer;
-    int copies = 0;
-    while (start + HiddenCredential::size <= end) {
-        const ssize_t length =
-            pread(memory, buffer.data(), std::min(buffer.size(), end - start), static_cast<off_t>(start));
-        if (length < static_cast<ssize_t>(HiddenCredential::size)) {
-            return copies;
-        }
-        copies += copiesIn(std::string_view(buffer.data(), static_cast<std::size_t>(length)));
-        // The next piece begins with what could still be the beginning of a copy.
-        start += static_cast<std::size_t>(length) - HiddenCredential::size + 1;
-    }
-    return copies;
-}
-
-int copiesInMemory() {
-    // Sanitizers reserve regions of this size that hold no data of the program.
-    constexpr std::uintptr_t gibibyte = 1U << 30U;
-    const UniqueDescriptor memory(open("/proc/self/mem", O_RDONLY | O_CLOEXEC));
-    std::istringstream maps(TestFiles::read("/proc/self/maps"));
-    int copies = 0;
-    for (std::string line; std::getline(maps, line);) {
-        std::istringstream words(line);
-        std::uintptr_t start = 0;
-        std::uintptr_t end = 0;
-        char dash = 0;
-        std::string permissions;
-        words >> std::hex >> start >> dash >> end >> permissions;
-        if (permissions.starts_with("rw") && end - start < gibibyte) {
-            copies += copiesBetween(memory.get(), start, end);
-        }
-    }
-    return copies;
+SecretBytes hiddenCredential() {
+    SecretBytes credential(MemoryScan::secretSize);
+    MemoryScan::writeHiddenSecret(credential.bytes().first<MemoryScan::secretSize>());
+    return credential;
 }
 
 } // namespace
@@ -226,21 +154,21 @@ TEST_F(CredentialWipingTest, ARefusedRunWipesItsCopy) {
 }
 
 TEST_F(CredentialWipingTest, NoCopyStaysInTheMemoryOfTheProcessAfterARun) {
-    const std::string length = std::to_string(HiddenCredential::size + 1);
+    const std::string length = std::to_string(MemoryScan::secretSize + 1);
     {
-        AmbrelRecoveryCredentialSession session(recoveryKey, HiddenCredential::bytes());
+        AmbrelRecoveryCredentialSession session(recoveryKey, hiddenCredential());
         const std::optional<SecretBytes> credential = session.credential(recoveryKey);
         EXPECT_EQ(runner_.run({"read-part", length}, credential->bytes(), patience).exitCode, 0);
-        EXPECT_EQ(copiesInMemory(), 2) << "the session's and this one";
+        EXPECT_EQ(MemoryScan::copiesOfHiddenSecret(), 2) << "the session's and this one";
     }
-    EXPECT_EQ(copiesInMemory(), 0);
+    EXPECT_EQ(MemoryScan::copiesOfHiddenSecret(), 0);
 }
 
 TEST_F(CredentialWipingTest, NoCopyStaysInTheMemoryOfTheProcessAfterAFailedRun) {
     {
-        const SecretBytes credential = HiddenCredential::bytes();
+        const SecretBytes credential = hiddenCredential();
         EXPECT_EQ(errorOf([&] { runner_.run({"wait"}, credential.bytes(), 0); }), Error::timedOut);
-        EXPECT_EQ(copiesInMemory(), 1);
+        EXPECT_EQ(MemoryScan::copiesOfHiddenSecret(), 1);
     }
-    EXPECT_EQ(copiesInMemory(), 0);
+    EXPECT_EQ(MemoryScan::copiesOfHiddenSecret(), 0);
 }

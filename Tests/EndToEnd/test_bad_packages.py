@@ -1,5 +1,6 @@
 """Packages that cannot be recovered from, and secrets that do not fit."""
 
+import contextlib
 import dataclasses
 import shutil
 import unittest
@@ -67,45 +68,51 @@ class BadPackages(RecoveryTestCase):
         empty.mkdir()
         self.assert_alert(self.inspect(dataclasses.replace(sample("ordinary"), package=empty)), "invalid-package")
 
+    @contextlib.contextmanager
+    def put_aside(self, made):
+        """The package is elsewhere as long as this is entered, and may be replaced meanwhile."""
+        elsewhere = self.scratch / "elsewhere"
+        with self.packages.undoing(made.package):
+            made.package.rename(elsewhere)
+            yield
+            if made.package.exists():
+                shutil.rmtree(made.package)
+            elsewhere.rename(made.package)
+
+    def held_inspection(self, made):
+        """The application, inspecting; and the file that lets the engine go on."""
+        gate = self.scratch / "gate"
+        gated(self.installation.engine, gate)
+        application = self.inspect(made)
+        application.wait_for_text(self.catalogue["recovery.inspecting"])
+        return application, gate
+
     def test_a_package_that_goes_away_after_it_was_chosen(self):
         made = self.copy_of("ordinary")
         application = self.start()
         application.choose_package(made.package)
-        with self.packages.undoing(made.package):
-            made.package.rename(self.scratch / "elsewhere")
+        with self.put_aside(made):
             application.inspect(made.passphrase)
             self.assert_alert(application, "unavailable")
-            (self.scratch / "elsewhere").rename(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
     def test_a_package_that_goes_away_during_the_inspection(self):
         made = self.copy_of("ordinary")
-        gate = self.scratch / "gate"
-        gated(self.installation.engine, gate)
-        application = self.inspect(made)
-        application.wait_for_text(self.catalogue["recovery.inspecting"])
-        with self.packages.undoing(made.package):
-            made.package.rename(self.scratch / "elsewhere")
+        application, gate = self.held_inspection(made)
+        with self.put_aside(made):
             gate.touch()
             self.assert_alert(application, "unavailable")
-            (self.scratch / "elsewhere").rename(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
     def test_a_package_that_becomes_another_one_during_the_inspection(self):
         made = self.copy_of("ordinary")
-        gate = self.scratch / "gate"
-        gated(self.installation.engine, gate)
-        application = self.inspect(made)
-        application.wait_for_text(self.catalogue["recovery.inspecting"])
-        with self.packages.undoing(made.package):
-            made.package.rename(self.scratch / "elsewhere")
+        application, gate = self.held_inspection(made)
+        with self.put_aside(made):
             shutil.copytree(sample("unsupported-version").package, made.package)
             gate.touch()
             self.assert_alert(application, "invalid-package")
-            shutil.rmtree(made.package)
-            (self.scratch / "elsewhere").rename(made.package)
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 

@@ -3,26 +3,16 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExportDocument.h"
-#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
-#include "Fuzz/Fuzzing.h"
-#include "Fuzz/JsonReading.h"
+#include "Fuzz/DocumentChecks.h"
 #include "Fuzz/JsonShape.h"
-
-#include <simdjson.h>
 
 #include <string>
 
 namespace {
 
 using Document = AmbrelRecoveryExportDocument;
+using DocumentChecks::expectText;
 using Fuzzing::expect;
-
-void expectText(const JsonReading& reading, std::string_view key, const std::string& decoded) {
-    expect(simdjson::validate_utf8(decoded), "a decoded text is UTF-8");
-    if (const auto value = reading.value(key)) {
-        expect(value->isString() && value->toString().toStdString() == decoded, "a text is the one of the document");
-    }
-}
 
 void expectNumber(const JsonReading& reading, std::string_view key, std::int64_t decoded) {
     if (const auto value = reading.value(key)) {
@@ -58,15 +48,12 @@ bool isWhole(const JsonReading& reading) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view json = Fuzzing::text(data, size);
-    Document document;
-    try {
-        document = Document::decode(json);
-    } catch (const DocumentDecodingError&) {
-        expect(!isWhole(JsonReading(json)), "a whole document is decoded");
+    const std::optional<Document> decoded = DocumentChecks::decoded<Document>(json, isWhole);
+    if (!decoded) {
         return 0;
     }
+    const Document& document = *decoded;
     expectSameAsRead(JsonReading(json), document);
-    expect(document == Document::decode(std::string(json) + "\n"), "a line feed at the end changes nothing");
     expect(document.hasExpectedIdentifiers() == (document.schemaIdentifier == "com.ambrel.recovery.cli-export.v1"),
            "the identifier is compared exactly");
     const auto languages = AmbrelInterfaceLanguage::selectableLanguages();

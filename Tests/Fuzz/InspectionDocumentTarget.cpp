@@ -3,13 +3,10 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryInspectionDocument.h"
-#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
-#include "Fuzz/Fuzzing.h"
-#include "Fuzz/JsonReading.h"
+#include "Fuzz/DocumentChecks.h"
 #include "Fuzz/JsonShape.h"
 
 #include <QJsonArray>
-#include <simdjson.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,14 +16,8 @@
 namespace {
 
 using Document = AmbrelRecoveryInspectionDocument;
+using DocumentChecks::expectText;
 using Fuzzing::expect;
-
-void expectText(const JsonReading& reading, std::string_view key, const std::string& decoded) {
-    expect(simdjson::validate_utf8(decoded), "a decoded text is UTF-8");
-    if (const auto value = reading.value(key)) {
-        expect(value->isString() && value->toString().toStdString() == decoded, "a text is the one of the document");
-    }
-}
 
 template<typename Number>
 void expectNumber(const JsonReading& reading, std::string_view key, Number decoded) {
@@ -166,15 +157,12 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view json = Fuzzing::text(data, size);
-    Document document;
-    try {
-        document = Document::decode(json);
-    } catch (const DocumentDecodingError&) {
-        expect(!isWhole(JsonReading(json)), "a whole document is decoded");
+    const std::optional<Document> decoded = DocumentChecks::decoded<Document>(json, isWhole);
+    if (!decoded) {
         return 0;
     }
+    const Document& document = *decoded;
     expectSameAsRead(JsonReading(json), document);
-    expect(document == Document::decode(std::string(json) + "\n"), "a line feed at the end changes nothing");
     expectRecommendation(document);
     const auto languages = AmbrelInterfaceLanguage::selectableLanguages();
     for (std::size_t index = 0; index < std::min<std::size_t>(document.snapshots.size(), 4); ++index) {

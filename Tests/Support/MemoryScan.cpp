@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t secretSize = 48;
+using MemoryScan::secretSize;
 
 /// A visible character of ASCII, so that the secret can be typed, too.
 unsigned char secretByte(std::size_t index) {
@@ -64,10 +64,14 @@ int copiesBetween(std::uintptr_t start, std::uintptr_t end) {
 
 std::string MemoryScan::hiddenSecret() {
     std::string secret(secretSize, '\0');
-    for (std::size_t index = 0; index < secretSize; ++index) {
-        secret[index] = static_cast<char>(secretByte(index));
-    }
+    writeHiddenSecret(std::as_writable_bytes(std::span(secret)).first<secretSize>());
     return secret;
+}
+
+void MemoryScan::writeHiddenSecret(std::span<std::byte, secretSize> place) {
+    for (std::size_t index = 0; index < secretSize; ++index) {
+        place[index] = static_cast<std::byte>(secretByte(index));
+    }
 }
 
 int MemoryScan::copiesOfHiddenSecret() {

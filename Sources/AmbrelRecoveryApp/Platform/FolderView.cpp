@@ -2,10 +2,10 @@
 
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/FirstChoice.h"
-#include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Platform/FolderHeader.h"
+#include "AmbrelRecoveryApp/Platform/PanelItemView.h"
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
@@ -29,17 +29,10 @@ FolderView::FolderView(FolderModel& model, QWidget* parent) : QTreeView(parent),
     setModel(&model);
     // After the selection's own reaction, which drops it.
     connect(&model, &QAbstractItemModel::modelReset, this, &FolderView::takeReset);
-    setFrameShape(QFrame::NoFrame);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setDragDropMode(QAbstractItemView::NoDragDrop);
-    setContextMenuPolicy(Qt::PreventContextMenu);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setVerticalScrollBar(new QuietScrollBar(this));
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PanelItemView::prepare(*this);
     setSortingEnabled(true);
     sortByColumn(FolderModel::name, Qt::AscendingOrder);
     header()->setSectionsMovable(false);

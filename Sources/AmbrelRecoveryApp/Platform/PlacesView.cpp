@@ -1,8 +1,8 @@
 #include "AmbrelRecoveryApp/Platform/PlacesView.h"
 
-#include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
+#include "AmbrelRecoveryApp/Platform/PanelItemView.h"
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
@@ -43,16 +43,9 @@ PlacesView::PlacesView(QWidget* parent) : QListView(parent), model_(new PlacesMo
     // After the selection's own reaction, which drops it.
     connect(model_, &QAbstractItemModel::modelReset, this, [this] { showFolder(folder_); });
     setAccessibleName(PanelTexts::localized(PanelTexts::Text::locations));
-    setFrameShape(QFrame::NoFrame);
     setFixedWidth(listWidth);
     setUniformItemSizes(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setDragDropMode(QAbstractItemView::NoDragDrop);
-    setContextMenuPolicy(Qt::PreventContextMenu);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setVerticalScrollBar(new QuietScrollBar(this));
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    PanelItemView::prepare(*this);
     connect(this, &QListView::clicked, this, [this](const QModelIndex& index) {
         const std::filesystem::path place = model_->path(index);
         emit placeChosen(place);

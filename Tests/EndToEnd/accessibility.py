@@ -51,6 +51,10 @@ class AccessibilityBus:
         except GLib.Error as error:
             raise Gone(f"{interface}.{method}: {error.message}") from error
 
+    def ask_for(self, event):
+        """Toolkits send only the events that somebody has asked for."""
+        self.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent", GLib.Variant("(s)", (event,)))
+
     def subscribe(self, interface, signal, receive):
         """Calls `receive` with sender, path and arguments whenever the signal comes and the main context runs."""
         self._bus.signal_subscribe(
@@ -76,8 +80,7 @@ class Activations:
     def __init__(self, bus):
         self._bus = bus
         self._names = []
-        bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
-                 GLib.Variant("(s)", ("window:activate",)))
+        bus.ask_for("window:activate")
         bus.subscribe(_WINDOW_EVENT, "Activate", self._on_activate)
 
     @property
@@ -99,10 +102,8 @@ class StateChanges:
         self._bus = bus
         self._states = states
         self._changes = []
-        # Toolkits send only the events that somebody has asked for.
         for state in states:
-            bus.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
-                     GLib.Variant("(s)", (f"object:state-changed:{state}",)))
+            bus.ask_for(f"object:state-changed:{state}")
         bus.subscribe(_OBJECT_EVENT, "StateChanged", self._on_state_changed)
 
     @property

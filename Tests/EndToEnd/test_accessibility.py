@@ -40,6 +40,7 @@ class Accessibility(RecoveryTestCase):
         passphrase = application.wait_for_object(texts["backup.factor.passphrase"], "radio button")
         key = application.wait_for_object(texts["backup.factor.recovery-key"], "radio button")
         self.assertEqual((True, False), ("checked" in passphrase.states, "checked" in key.states))
+        application.wait_for_object(texts["recovery.credential-kind"], "panel")
 
     def test_the_steps_tell_which_one_is_shown_and_which_are_completed(self):
         application = self.start()

@@ -157,10 +157,12 @@ class Keyboard(RecoveryTestCase):
     def test_arrows_pick_a_snapshot(self):
         self.engine.behave(inspect=prints(inspection(_THREE_SNAPSHOTS)))
         application = self.started()
+        heard = StateChanges(self.desktop.accessibility, "focused", "selected")
         self.inspect_by_keyboard(application)
         application.wait_for_snapshots()
         rows = dict(zip(("newest", "middle", "oldest"), application.rows()))
-        heard = StateChanges(self.desktop.accessibility, "focused", "selected")
+        wait_for("the event of the row", lambda: [name for name, state, is_set in heard.changes
+                                                  if state == "focused" and is_set][-1:] == [rows["newest"]])
         left = "newest"
         for key, code in (("Down", "middle"), ("End", "oldest"), ("Up", "middle"), ("Home", "newest")):
             before = len(heard.changes)

@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicatorAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
+#include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
 #include "AmbrelRecoveryApp/RecoveryWindow.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
@@ -23,6 +24,9 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     }
     if (auto* const indicator = qobject_cast<ProgressIndicator*>(object)) {
         return new ProgressIndicatorAccessible(indicator);
+    }
+    if (auto* const picker = qobject_cast<SegmentedPicker*>(object)) {
+        return new QAccessibleWidget(picker, QAccessible::Grouping);
     }
     if (auto* const list = qobject_cast<SnapshotList*>(object)) {
         return new SnapshotListAccessible(list);

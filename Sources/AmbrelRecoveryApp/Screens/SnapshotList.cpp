@@ -86,9 +86,13 @@ void SnapshotList::changeEvent(QEvent* event) {
 
 void SnapshotList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     UniformRowView::currentChanged(current, previous);
-    if (hasFocus()) {
-        tellAccessibility(QAccessible::Focus, current);
-    }
+    tellFocus();
+}
+
+void SnapshotList::focusInEvent(QFocusEvent* event) {
+    UniformRowView::focusInEvent(event);
+    // After the toolkit has told that the list as a whole has the focus: the row is what the user wants to hear.
+    QMetaObject::invokeMethod(this, &SnapshotList::tellFocus, Qt::QueuedConnection);
 }
 
 void SnapshotList::keyPressEvent(QKeyEvent* event) {
@@ -109,6 +113,12 @@ void SnapshotList::selectionChanged(const QItemSelection& selected, const QItemS
     tellAccessibility(QAccessible::SelectionRemove, row(deselected));
     if (!isApplying_ && !selected.isEmpty()) {
         emit chosen(selected.indexes().constFirst().row());
+    }
+}
+
+void SnapshotList::tellFocus() {
+    if (hasFocus()) {
+        tellAccessibility(QAccessible::Focus, currentIndex());
     }
 }
 

@@ -36,12 +36,14 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
     void followSelection();
+    void tellFocus();
     void tellAccessibility(QAccessible::Event kind, const QModelIndex& index);
 
     SnapshotListModel* const model_;

@@ -8,6 +8,7 @@
 #include "AmbrelRecoveryApp/Platform/DesktopSleepInhibitor.h"
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
 #include "AmbrelRecoveryApp/Platform/OperationGuard.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/RecoveryWindow.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
@@ -43,6 +44,9 @@ RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
 void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     Q_ASSERT(QThread::currentThread() == qApp->thread());
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
+    // Where the toolkit draws the frame of a window, as on some Wayland desktops, it has the colours of the
+    // application.
+    QApplication::setPalette(RecoveryPalette::ofToolkit());
     window_ = std::make_unique<RecoveryWindow>();
     panels_ = std::make_unique<FilePanels>(window_.get());
     fileViewer_ = std::make_unique<DesktopFileViewer>();

@@ -76,3 +76,22 @@ QColor RecoveryPalette::withOpacity(QColor color, double factor) {
     color.setAlphaF(color.alphaF() * static_cast<float>(factor));
     return color;
 }
+
+QPalette RecoveryPalette::ofToolkit() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, background());
+    palette.setColor(QPalette::WindowText, primary());
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, primary());
+    palette.setColor(QPalette::PlaceholderText, muted());
+    palette.setColor(QPalette::Button, rail());
+    palette.setColor(QPalette::ButtonText, primary());
+    palette.setColor(QPalette::Highlight, copper());
+    palette.setColor(QPalette::HighlightedText, onCopper());
+    return palette;
+}
+
+QString RecoveryPalette::toolTipStyleSheet() {
+    return QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
+        .arg(primary().name(), alert().name(), muted().name());
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 /// The application's fixed colours, all sRGB, and the measures that its screens share. The desktop's own colours play
 /// no part: the window is dark everywhere.
@@ -32,6 +33,12 @@ QColor alert();
 
 /// `color` with its opacity multiplied by `factor`, 0 to 1.
 QColor withOpacity(QColor color, double factor);
+
+/// For the toolkit's own parts of a window, whatever the desktop's colours are.
+QPalette ofToolkit();
+
+/// For a widget with a tooltip, which takes the style of the widget that it explains.
+QString toolTipStyleSheet();
 
 /// The opacity of a control that cannot be used.
 inline constexpr double disabledOpacity = 0.42;

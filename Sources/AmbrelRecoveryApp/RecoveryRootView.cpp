@@ -28,31 +28,12 @@
 
 #include <utility>
 
-namespace {
-
-/// Qt's own parts of the window take these colours, whatever the desktop's are.
-QPalette darkPalette() {
-    QPalette palette;
-    palette.setColor(QPalette::Window, RecoveryPalette::background());
-    palette.setColor(QPalette::WindowText, RecoveryPalette::primary());
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, RecoveryPalette::primary());
-    palette.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
-    palette.setColor(QPalette::Button, RecoveryPalette::rail());
-    palette.setColor(QPalette::ButtonText, RecoveryPalette::primary());
-    palette.setColor(QPalette::Highlight, RecoveryPalette::copper());
-    palette.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
-    return palette;
-}
-
-} // namespace
-
 RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
     RecoveryAccessibility::install();
     // Before the widgets are made, which would otherwise take a new font later.
     applyInterfaceFont();
-    setPalette(darkPalette());
+    setPalette(RecoveryPalette::ofToolkit());
     rail_ = new JourneyRail(this);
     content_ = new MainContent(this);
     transition_ = new ScreenTransition(this);

@@ -24,12 +24,8 @@ IconButton::IconButton(RecoverySymbol symbol, QWidget* parent) : QAbstractButton
 
 void IconButton::setLabel(const QString& label) {
     if (toolTip().isEmpty()) {
-        // The tooltip takes the style of the widget that it explains. Not before there is one: most buttons of the
-        // first window never come into sight.
-        setStyleSheet(
-            QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
-                .arg(RecoveryPalette::primary().name(), RecoveryPalette::alert().name(),
-                     RecoveryPalette::muted().name()));
+        // Not before there is one: most buttons of the first window never come into sight.
+        setStyleSheet(RecoveryPalette::toolTipStyleSheet());
     }
     setAccessibleName(label);
     setToolTip(label);

@@ -2,7 +2,6 @@
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
-#include "AmbrelRecoveryApp/Platform/PanelPalette.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
@@ -19,7 +18,7 @@ PanelButton::PanelButton(RecoverySymbol symbol, const QString& label, QWidget* p
     : QAbstractButton(parent), symbol_(symbol) {
     setAccessibleName(label);
     setToolTip(label);
-    setStyleSheet(PanelPalette::toolTipStyleSheet());
+    setStyleSheet(RecoveryPalette::toolTipStyleSheet());
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);

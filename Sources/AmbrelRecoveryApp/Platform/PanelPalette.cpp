@@ -21,8 +21,3 @@ QPalette PanelPalette::colors() {
     }
     return colors;
 }
-
-QString PanelPalette::toolTipStyleSheet() {
-    return QStringLiteral("QToolTip { color: %1; background-color: %2; border: 1px solid %3; padding: 4px; }")
-        .arg(RecoveryPalette::primary().name(), RecoveryPalette::alert().name(), RecoveryPalette::muted().name());
-}

@@ -2,9 +2,11 @@
 //
 // Of a picture the time is taken that the program needs for it: the display draws what it was sent afterwards.
 
+#include "AmbrelRecoveryApp/Controls/CopperGlow.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList.h"
 #include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
@@ -13,6 +15,8 @@
 #include "SampleSnapshots.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QWindow>
@@ -140,23 +144,34 @@ void selectAnotherSnapshot(benchmark::State& state) {
 }
 BENCHMARK(selectAnotherSnapshot)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 
-/// The window of the first screen, and the user switching between the two kinds of secret: texts, a button's state and
-/// the entry field change.
+/// The window of the first screen with a chosen package, in sight.
+class FirstScreen {
+public:
+    FirstScreen() {
+        const std::filesystem::path package = folder_.filePath(QStringLiteral("Sample.ambrel")).toStdString();
+        std::filesystem::create_directory(package);
+        model.acceptPackage(package);
+        showAndSettle(view, {980, 720});
+    }
+
+private:
+    QTemporaryDir folder_;
+    FilePanels panels_{nullptr};
+    DesktopFileViewer viewer_;
+
+public:
+    RecoveryViewModel model{"/bin/true", {panels_, viewer_, std::make_shared<LocalCloudItems>()}};
+    RecoveryRootView view{model};
+};
+
+/// The user switching between the two kinds of secret: texts, a button's state and the entry field change.
 void redrawAfterModelChange(benchmark::State& state) {
-    const QTemporaryDir folder;
-    const std::filesystem::path package = folder.filePath(QStringLiteral("Sample.ambrel")).toStdString();
-    std::filesystem::create_directory(package);
-    FilePanels panels(nullptr);
-    DesktopFileViewer viewer;
-    RecoveryViewModel model("/bin/true", {panels, viewer, std::make_shared<LocalCloudItems>()});
-    model.acceptPackage(package);
-    RecoveryRootView view(model);
-    showAndSettle(view, {980, 720});
-    const PaintCount painted(&view);
+    FirstScreen screen;
+    const PaintCount painted(&screen.view);
     for (auto _ : state) {
-        model.setFactor(model.factor() == AmbrelRecoveryAppFactor::backupPassphrase
-                            ? AmbrelRecoveryAppFactor::recoveryKey
-                            : AmbrelRecoveryAppFactor::backupPassphrase);
+        screen.model.setFactor(screen.model.factor() == AmbrelRecoveryAppFactor::backupPassphrase
+                                   ? AmbrelRecoveryAppFactor::recoveryKey
+                                   : AmbrelRecoveryAppFactor::backupPassphrase);
         const int before = painted.value();
         while (painted.value() == before) {
             QCoreApplication::processEvents();
@@ -164,6 +179,34 @@ void redrawAfterModelChange(benchmark::State& state) {
     }
 }
 BENCHMARK(redrawAfterModelChange)->Unit(benchmark::kMicrosecond);
+
+/// Everything in the window painted again, as where it has been covered.
+void repaintWindow(benchmark::State& state) {
+    FirstScreen screen;
+    for (auto _ : state) {
+        screen.view.repaint();
+    }
+}
+BENCHMARK(repaintWindow)->Unit(benchmark::kMicrosecond);
+
+/// Of that, what lies under everything: without the glow and with it.
+void paintGround(benchmark::State& state) {
+    const bool hasGlow = state.range(0) != 0;
+    QImage window(980, 720, QImage::Format_RGB32);
+    CopperGlow glow;
+    QPainter painter(&window);
+    for (auto _ : state) {
+        painter.fillRect(window.rect(), RecoveryPalette::background());
+        if (hasGlow) {
+            glow.paint(painter, window.size(), Qt::LeftToRight);
+        }
+    }
+    painter.end();
+    if (hasGlow == (window.pixel(875, 63) == RecoveryPalette::background().rgb())) {
+        state.SkipWithError("not what was to be painted");
+    }
+}
+BENCHMARK(paintGround)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

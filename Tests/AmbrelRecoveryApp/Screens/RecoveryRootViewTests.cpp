@@ -16,7 +16,28 @@
 
 namespace {
 
-class RecoveryRootViewTests : public RecoveryRootViewTestCase {};
+class RecoveryRootViewTests : public RecoveryRootViewTestCase {
+protected:
+    /// Opens the window on a chosen package whose secret is refused.
+    void openAndBeRefused() {
+        setEngineThatFails("did not unlock");
+        open();
+        choosePackage();
+        type(QStringLiteral("wrong"));
+        model->inspectBackup();
+        waitUntil([this] { return model->presentedError().has_value(); });
+        redraw();
+    }
+
+    /// Takes note of the alert, after which the keyboard is in the field for the secret again.
+    void dismissAlertIntoTheField() {
+        press(Qt::Key_Return);
+        EXPECT_FALSE(model->presentedError());
+        redraw();
+        EXPECT_FALSE(isAlertShown());
+        EXPECT_TRUE(field().hasFocus());
+    }
+};
 
 TEST_F(RecoveryRootViewTests, redrawsOnceInTheNextTurnHoweverManyChangesThereWere) {
     open();
@@ -166,13 +187,7 @@ TEST_F(RecoveryRootViewTests, escapeCancelsARunningOperation) {
 }
 
 TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
-    setEngineThatFails("did not unlock");
-    open();
-    choosePackage();
-    type(QStringLiteral("wrong"));
-    model->inspectBackup();
-    waitUntil([this] { return model->presentedError().has_value(); });
-    redraw();
+    openAndBeRefused();
     ASSERT_TRUE(isAlertShown());
     QAccessibleInterface& accessible = *QAccessible::queryAccessibleInterface(&alert());
     EXPECT_EQ(accessible.role(), QAccessible::AlertMessage);
@@ -181,11 +196,7 @@ TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
     EXPECT_EQ(focused(), QStringLiteral("OK"));
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), QStringLiteral("OK"));
-    press(Qt::Key_Return);
-    EXPECT_FALSE(model->presentedError());
-    redraw();
-    EXPECT_FALSE(isAlertShown());
-    EXPECT_TRUE(field().hasFocus());
+    dismissAlertIntoTheField();
 }
 
 TEST_F(RecoveryRootViewTests, theAlertIsDismissedByEscapeAndGivesTheFocusBack) {
@@ -236,13 +247,7 @@ TEST_F(RecoveryRootViewTests, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
 }
 
 TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
-    setEngineThatFails("did not unlock");
-    open();
-    choosePackage();
-    type(QStringLiteral("wrong"));
-    model->inspectBackup();
-    waitUntil([this] { return model->presentedError().has_value(); });
-    redraw();
+    openAndBeRefused();
     const RecoveryViewModel::PresentedError first = *model->presentedError();
     EXPECT_EQ(announced(), first.title + u'\n' + first.body);
 
@@ -257,11 +262,7 @@ TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
     EXPECT_EQ(announced(), second.title + u'\n' + second.body);
     EXPECT_EQ(focused(), QStringLiteral("OK"));
 
-    press(Qt::Key_Return);
-    EXPECT_FALSE(model->presentedError());
-    redraw();
-    EXPECT_FALSE(isAlertShown());
-    EXPECT_TRUE(field().hasFocus());
+    dismissAlertIntoTheField();
 }
 
 TEST_F(RecoveryRootViewTests, theStepBackToTheFirstScreenIsAnnounced) {

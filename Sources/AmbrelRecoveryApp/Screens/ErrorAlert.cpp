@@ -38,11 +38,20 @@ void ErrorAlert::apply(const std::optional<ErrorAlertContent>& content) {
     cover();
     if (isAnother) {
         raise();
+        leaveFocus();
         show();
         dialog_->open();
         dialog_->takeFocus();
         QAccessibleEvent event(dialog_, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
+    }
+}
+
+/// A dialog that opens tells what has the focus in its window that it has been focused, also where the window is not
+/// the active one: a caret would blink behind the alert.
+void ErrorAlert::leaveFocus() {
+    if (QWidget* const focused = window()->focusWidget()) {
+        focused->clearFocus();
     }
 }
 

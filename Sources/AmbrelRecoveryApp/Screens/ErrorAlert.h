@@ -31,6 +31,7 @@ protected:
 
 private:
     void cover();
+    void leaveFocus();
     void keepFocus(QWidget* focused);
 
     ErrorAlertDialog* const dialog_;

@@ -16,6 +16,22 @@
 
 namespace {
 
+/// Counts how often a widget is told that it has the focus.
+class FocusCount final : public QObject {
+public:
+    explicit FocusCount(QWidget& widget) { widget.installEventFilter(this); }
+    int value() const { return count_; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        count_ += event->type() == QEvent::FocusIn ? 1 : 0;
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    int count_ = 0;
+};
+
 class RecoveryRootViewTests : public RecoveryRootViewTestCase {
 protected:
     /// Opens the window on a chosen package whose secret is refused.
@@ -222,6 +238,28 @@ TEST_F(RecoveryRootViewTests, theSameErrorAgainIsAnotherAlert) {
     redraw();
     EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("OK"));
+}
+
+TEST_F(RecoveryRootViewTests, inAWindowThatIsNotActiveNothingBehindTheAlertIsToldOfTheFocus) {
+    open();
+    choosePackage();
+    redraw();
+    ASSERT_TRUE(field().hasFocus());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(field().hasFocus());
+    const FocusCount told(field());
+    model->acceptPackage(path("not there"));
+    redraw();
+    ASSERT_TRUE(isAlertShown());
+    EXPECT_EQ(told.value(), 0);
+    other.hide();
+    view->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    EXPECT_EQ(focused(), QStringLiteral("OK"));
+    dismissAlertIntoTheField();
 }
 
 TEST_F(RecoveryRootViewTests, nothingBehindTheAlertTakesTheFocus) {

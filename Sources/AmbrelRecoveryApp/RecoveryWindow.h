@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/// The application's only window, of its title and sizes; what it holds fills it. Assistive technology is told when it
+/// The application's main window, of its title and sizes; what it holds fills it. Assistive technology is told when it
 /// becomes the active one, as the toolkit does only for objects in the role of a window. Main thread.
 class RecoveryWindow final : public QWidget {
     Q_OBJECT

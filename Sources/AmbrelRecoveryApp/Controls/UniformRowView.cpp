@@ -47,7 +47,10 @@ QRect UniformRowView::visualRect(const QModelIndex& index) const {
 }
 
 QModelIndex UniformRowView::indexAt(const QPoint& point) const {
-    return viewport()->rect().contains(point) ? indexOf(rowAt(point.y())) : QModelIndex();
+    // Above and below the viewport, too: where the mouse is dragged there, the list scrolls and the choice follows.
+    const bool isInList =
+        point.x() >= 0 && point.x() < viewport()->width() && qint64{verticalOffset()} + point.y() >= 0;
+    return isInList ? indexOf(rowAt(point.y())) : QModelIndex();
 }
 
 void UniformRowView::scrollTo(const QModelIndex& index, ScrollHint hint) {
@@ -140,8 +143,9 @@ QModelIndex UniformRowView::moveCursor(CursorAction action, Qt::KeyboardModifier
 }
 
 void UniformRowView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
-    const int first = std::max(rowAt(rect.top()), 0);
-    const int last = std::min(rowAt(rect.bottom()), rowCount() - 1);
+    // A rectangle that was dragged upwards ends above where it begins.
+    const int first = std::max(rowAt(std::min(rect.top(), rect.bottom())), 0);
+    const int last = std::min(rowAt(std::max(rect.top(), rect.bottom())), rowCount() - 1);
     QItemSelection rows;
     if (first <= last) {
         rows.select(indexOf(first), indexOf(last));

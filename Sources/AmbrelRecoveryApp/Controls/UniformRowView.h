@@ -4,7 +4,7 @@
 
 /// A list whose rows are all as high as the first one and as wide as the view. Where a row stands is reckoned from its
 /// number, so that any number of rows costs what the visible ones cost. Scrolls by pixels. Takes models that change
-/// their rows only by a reset. Tells assistive technology nothing of its rows.
+/// their rows only by a reset. Tells assistive technology nothing of single rows.
 class UniformRowView : public QAbstractItemView {
     Q_OBJECT
 
@@ -14,6 +14,8 @@ public:
     QRect visualRect(const QModelIndex& index) const override;
     QModelIndex indexAt(const QPoint& point) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    /// Types nothing: to look for letters, all rows would have to be put into words.
+    void keyboardSearch(const QString& /*search*/) override {}
     void reset() override;
     void doItemsLayout() override;
 

@@ -47,10 +47,11 @@ void ErrorAlert::apply(const std::optional<ErrorAlertContent>& content) {
     }
 }
 
-/// A dialog that opens tells what has the focus in its window that it has been focused, also where the window is not
-/// the active one: a caret would blink behind the alert.
+/// Where the window is not the active one, a dialog that opens tells what would have the focus in it that it has been
+/// focused: a caret would blink behind the alert.
 void ErrorAlert::leaveFocus() {
-    if (QWidget* const focused = window()->focusWidget()) {
+    QWidget* const focused = window()->focusWidget();
+    if (focused != nullptr && !focused->hasFocus()) {
         focused->clearFocus();
     }
 }

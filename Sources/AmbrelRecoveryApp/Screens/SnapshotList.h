@@ -24,8 +24,6 @@ public:
 
     /// Only the rounded rows count, not the gaps between them.
     QModelIndex indexAt(const QPoint& point) const override;
-    /// Types nothing: rows are not searched for by letters.
-    void keyboardSearch(const QString& /*search*/) override {}
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -34,7 +34,8 @@ QAccessibleInterface* SnapshotListAccessible::child(int index) const {
 }
 
 QAccessibleInterface* SnapshotListAccessible::childAt(int x, int y) const {
-    return child(list().indexAt(list().viewport()->mapFromGlobal(QPoint(x, y))).row());
+    const QPoint place = list().viewport()->mapFromGlobal(QPoint(x, y));
+    return list().viewport()->rect().contains(place) ? child(list().indexAt(place).row()) : nullptr;
 }
 
 QAccessibleInterface* SnapshotListAccessible::focusChild() const {

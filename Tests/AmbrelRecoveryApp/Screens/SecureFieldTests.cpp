@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProxyStyle>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -77,6 +78,7 @@ TEST_F(SecureFieldTests, masksInItsOwnWayWhateverTheDesktops) {
     type(QStringLiteral("abc"));
     const QImage before = field.grab().toImage();
     QApplication::setStyle(new RevealingStyle);
+    const auto restore = qScopeGuard([] { QApplication::setStyle(QStringLiteral("Fusion")); });
     SecureField other;
     other.resize(field.size());
     other.show();
@@ -85,8 +87,8 @@ TEST_F(SecureFieldTests, masksInItsOwnWayWhateverTheDesktops) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     QTest::keyClicks(&other, QStringLiteral("abc"));
     EXPECT_EQ(other.displayText(), QString(3, QChar(0x2022)));
+    EXPECT_EQ(other.style()->styleHint(QStyle::SH_LineEdit_PasswordMaskDelay, nullptr, &other), 0);
     EXPECT_EQ(other.grab().toImage(), before);
-    QApplication::setStyle(QStringLiteral("Fusion"));
 }
 
 TEST_F(SecureFieldTests, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {

@@ -11,7 +11,7 @@ struct AmbrelDateFormatStyle {
     /// none; 6/14/2026; Jun 14, 2026; June 14, 2026; Sunday, June 14, 2026
     enum class Date : std::uint8_t { none, numeric, abbreviated, longForm, complete };
 
-    /// none; 9:41 AM; 9:41:00 AM; 9:41:00 AM GMT+2
+    /// none; 9:41 AM; 9:41:00 AM; 9:41:00 AM GMT+2, with the zone as its distance from UTC
     enum class Time : std::uint8_t { none, shortened, standard, complete };
 
     /// Where the text will stand; languages that write months or weekdays in lower case differ by it.

@@ -85,7 +85,7 @@ QString formattedProgress(Value value, Total total, const icu::Locale& locale) {
 /// A fraction as a percentage without fraction digits: 0.42 is "42%" in English. Not clamped.
 QString formattedPercent(double fraction, const icu::Locale& locale);
 
-/// A point in time in `style`, with the names, order and digits of `locale`.
+/// A point in time in `style`, with the names, order and digits of `locale`: the text that ICU's data gives, unchanged.
 QString formattedDate(std::chrono::sys_time<std::chrono::milliseconds> date, const AmbrelDateFormatStyle& style,
                       const icu::Locale& locale);
 

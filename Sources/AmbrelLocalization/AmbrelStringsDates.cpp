@@ -4,14 +4,14 @@
 #include "AmbrelLocalization/SystemLocale.h"
 #include "AmbrelLocalization/SystemTimeZone.h"
 
+#include <unicode/calendar.h>
 #include <unicode/dtptngen.h>
+#include <unicode/simpletz.h>
 #include <unicode/smpdtfmt.h>
-#include <unicode/timezone.h>
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <string>
-#include <string_view>
 
 namespace AmbrelStrings {
 
@@ -73,29 +73,16 @@ UDisplayContext displayContext(Style::CapitalizationContext context) {
 
 constexpr std::size_t longestUsualDescription = 80;
 
-/// What a date formatter is made of; the system's calendar and time zone are already put in.
+/// What a date formatter is made of; the system's calendar is already put in.
 struct Recipe {
     std::string skeleton;
     std::string calendar;
-    /// The zone's name in the style, or none and the revision of the system's.
-    std::optional<std::string> zoneName;
-    std::uint64_t systemZoneRevision = 0;
-    std::shared_ptr<const icu::TimeZone> zone;
     UDisplayContext context = UDISPCTX_CAPITALIZATION_NONE;
 
     explicit Recipe(const Style& style)
         : skeleton(AmbrelStrings::skeleton(style)),
           calendar(style.calendar ? style.calendar->toStdString() : SystemLocale::calendar()),
-          context(displayContext(style.capitalizationContext)) {
-        if (style.timeZone) {
-            zoneName = style.timeZone->toStdString();
-            zone.reset(icu::TimeZone::createTimeZone(IcuText::view(*style.timeZone)));
-        } else {
-            SystemTimeZone system = SystemTimeZone::current();
-            systemZoneRevision = system.revision;
-            zone = std::move(system.zone);
-        }
-    }
+          context(displayContext(style.capitalizationContext)) {}
 
     /// What tells this recipe, for this locale, from every other one.
     std::string description(const icu::Locale& locale) const {
@@ -103,22 +90,11 @@ struct Recipe {
         result.reserve(longestUsualDescription);
         result.append(skeleton).append("|");
         result.append(std::to_string(context)).append("|");
-        result.append(zoneName ? "named" : std::to_string(systemZoneRevision)).append("|");
-        // Names can hold any character; with their lengths in front they cannot run into each other.
-        for (const std::string_view name : {std::string_view(locale.getName()), std::string_view(calendar),
-                                            std::string_view(zoneName ? *zoneName : std::string_view())}) {
-            result.append(std::to_string(name.size())).append("|").append(name);
-        }
+        // Both names can hold any character; with its length in front the first cannot run into the second.
+        result.append(std::to_string(calendar.size())).append("|").append(calendar).append(locale.getName());
         return result;
     }
 };
-
-/// ICU puts a narrow no-break space before AM and PM in some languages; it is shown as the plain space that readers and
-/// programs expect there.
-icu::UnicodeString withPlainSpaces(icu::UnicodeString pattern) {
-    pattern.findAndReplace(u"\u202Fa", u" a");
-    return pattern;
-}
 
 std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, icu::Locale locale) {
     UErrorCode status = U_ZERO_ERROR;
@@ -131,11 +107,10 @@ std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, 
         return nullptr;
     }
     const icu::UnicodeString pattern = generator->getBestPattern(icu::UnicodeString::fromUTF8(recipe.skeleton), status);
-    auto formatter = std::make_unique<icu::SimpleDateFormat>(withPlainSpaces(pattern), locale, status);
+    auto formatter = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
     if (U_FAILURE(status)) {
         return nullptr;
     }
-    formatter->setTimeZone(*recipe.zone);
     formatter->setContext(recipe.context, status);
     return formatter;
 }
@@ -146,15 +121,30 @@ std::shared_ptr<const icu::SimpleDateFormat> dateFormatter(const Style& style, c
     return cache.formatter(recipe.description(locale), [&] { return newFormatter(recipe, locale); });
 }
 
+std::chrono::seconds offset(std::chrono::sys_time<std::chrono::milliseconds> date, const Style& style) {
+    const auto time = std::chrono::floor<std::chrono::seconds>(date);
+    return style.timeZone ? SystemTimeZone::offset(time, *style.timeZone) : SystemTimeZone::offset(time);
+}
+
+/// A calendar like the formatter's own, which threads share, set to `date` in a zone that is always `offset` from UTC.
+std::unique_ptr<icu::Calendar> calendarAt(std::chrono::sys_time<std::chrono::milliseconds> date,
+                                          std::chrono::seconds offset, const icu::Calendar& prototype) {
+    std::unique_ptr<icu::Calendar> calendar(prototype.clone());
+    const auto rawOffset = static_cast<std::int32_t>(std::chrono::milliseconds(offset).count());
+    calendar->adoptTimeZone(new icu::SimpleTimeZone(rawOffset, icu::UnicodeString()));
+    UErrorCode status = U_ZERO_ERROR;
+    calendar->setTime(static_cast<double>(date.time_since_epoch().count()), status);
+    return calendar;
+}
+
 } // namespace
 
 QString formattedDate(std::chrono::sys_time<std::chrono::milliseconds> date, const AmbrelDateFormatStyle& style,
                       const icu::Locale& locale) {
-    const auto milliseconds = static_cast<double>(date.time_since_epoch().count());
     icu::UnicodeString text;
     if (const auto formatter = dateFormatter(style, locale)) {
-        // The overload of const formatters works on a copy of the calendar, so threads may share the formatter.
-        formatter->format(milliseconds, text);
+        icu::FieldPosition ignored;
+        formatter->format(*calendarAt(date, offset(date, style), *formatter->getCalendar()), text, ignored);
     }
     return text.isEmpty() ? QString::number(date.time_since_epoch().count()) : IcuText::toQString(text);
 }

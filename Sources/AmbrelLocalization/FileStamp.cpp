@@ -36,14 +36,6 @@ std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
     return fromStatus(status);
 }
 
-std::optional<FileStamp> FileStamp::ofEntry(const std::filesystem::path& path) {
-    struct stat status = {};
-    if (::lstat(path.c_str(), &status) != 0) {
-        return std::nullopt;
-    }
-    return fromStatus(status);
-}
-
 std::optional<FileStamp> FileStamp::ofDescriptor(int descriptor) {
     struct stat status = {};
     if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {

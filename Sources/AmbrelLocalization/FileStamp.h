@@ -11,9 +11,6 @@ public:
     /// such file.
     static std::optional<FileStamp> ofFile(const std::filesystem::path& path);
 
-    /// The stamp of whatever is at `path`, itself a symbolic link or not (one `lstat` call), or none.
-    static std::optional<FileStamp> ofEntry(const std::filesystem::path& path);
-
     /// The stamp of the open regular file `descriptor`, or none.
     static std::optional<FileStamp> ofDescriptor(int descriptor);
 

@@ -1,85 +1,103 @@
 #include "AmbrelLocalization/SystemTimeZone.h"
 
-#include "AmbrelLocalization/IcuText.h"
-#include "AmbrelLocalization/SystemTimeZoneWatch.h"
+#include "Support/ChildProcess.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
 
+#include <sched.h>
+#include <sys/mount.h>
+
 namespace {
 
-QString currentName() {
-    icu::UnicodeString name;
-    SystemTimeZone::current().zone->getID(name);
-    return IcuText::toQString(name);
-}
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+constexpr std::chrono::sys_seconds summer = std::chrono::sys_days(std::chrono::year(2026) / 7 / 15);
+constexpr std::chrono::sys_seconds winter = std::chrono::sys_days(std::chrono::year(2026) / 1 / 15);
 
 TEST(SystemTimeZone, followsTheVariable) {
     const ScopedEnvironment zone("TZ", "Europe/Berlin");
-    EXPECT_EQ(currentName(), QStringLiteral("Europe/Berlin"));
+    EXPECT_EQ(SystemTimeZone::offset(summer), 2h);
+    EXPECT_EQ(SystemTimeZone::offset(winter), 1h);
     {
         const ScopedEnvironment other("TZ", "America/New_York");
-        EXPECT_EQ(currentName(), QStringLiteral("America/New_York"));
+        EXPECT_EQ(SystemTimeZone::offset(summer), -4h);
     }
-    EXPECT_EQ(currentName(), QStringLiteral("Europe/Berlin"));
+    EXPECT_EQ(SystemTimeZone::offset(summer), 2h);
 }
 
-TEST(SystemTimeZone, keepsItsRevisionWhileTheSettingStaysTheSame) {
-    const ScopedEnvironment zone("TZ", "Asia/Tokyo");
-    const SystemTimeZone first = SystemTimeZone::current();
-    const SystemTimeZone second = SystemTimeZone::current();
-    EXPECT_EQ(first.revision, second.revision);
-    EXPECT_EQ(first.zone, second.zone);
-    const ScopedEnvironment other("TZ", "Asia/Seoul");
-    EXPECT_NE(SystemTimeZone::current().revision, first.revision);
+TEST(SystemTimeZone, isExactToTheSecond) {
+    const ScopedEnvironment zone("TZ", "Europe/Berlin");
+    EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_days(std::chrono::year(1890) / 1 / 1)), 53min + 28s);
+    constexpr std::chrono::sys_seconds change = std::chrono::sys_days(std::chrono::year(2026) / 3 / 29) + 1h;
+    EXPECT_EQ(SystemTimeZone::offset(change - 1s), 1h);
+    EXPECT_EQ(SystemTimeZone::offset(change), 2h);
 }
 
-TEST(SystemTimeZoneWatch, seesThatTheLinkIsReplacedRemovedAndPutBack) {
-    const ScopedEnvironment variable("TZ", std::nullopt);
-    const TemporaryDirectory folder;
-    const std::filesystem::path link = folder.path() / "localtime";
-    std::filesystem::create_symlink("/usr/share/zoneinfo/Europe/Berlin", link);
-    SystemTimeZoneWatch watch(link);
-    const std::uint64_t first = watch.current().revision;
-    EXPECT_EQ(watch.current().revision, first);
-
-    std::filesystem::create_symlink("/usr/share/zoneinfo/Asia/Tokyo", folder.path() / "new");
-    std::filesystem::rename(folder.path() / "new", link);
-    const SystemTimeZone replaced = watch.current();
-    EXPECT_EQ(replaced.revision, first + 1);
-    EXPECT_NE(replaced.zone, nullptr);
-    EXPECT_EQ(watch.current().revision, first + 1);
-
-    std::filesystem::remove(link);
-    EXPECT_EQ(watch.current().revision, first + 2);
-    EXPECT_EQ(watch.current().revision, first + 2);
-    writeInPlace(folder / "localtime", "TZif2");
-    EXPECT_EQ(watch.current().revision, first + 3);
-}
-
-TEST(SystemTimeZoneWatch, passesOverTheLinkWhileTheVariableIsSet) {
-    const ScopedEnvironment variable("TZ", "Europe/Berlin");
-    const TemporaryDirectory folder;
-    SystemTimeZoneWatch watch(folder.path() / "localtime");
-    const std::uint64_t first = watch.current().revision;
-    writeInPlace(folder / "localtime", "TZif2");
-    EXPECT_EQ(watch.current().revision, first);
-    const ScopedEnvironment none("TZ", std::nullopt);
-    EXPECT_EQ(watch.current().revision, first + 1);
-}
-
-TEST(SystemTimeZone, isSomeZoneForWhateverTheVariableSays) {
-    for (const char* value : {"", "nonsense", "../../etc/passwd", "UTC", "EST5EDT", "XYZ-3:30", ":Europe/Paris"}) {
+TEST(SystemTimeZone, isUTCWhereTheVariableSaysNothing) {
+    for (const char* value : {"", "nonsense", "../../etc/passwd", ":", "UTC"}) {
         const ScopedEnvironment zone("TZ", value);
-        EXPECT_NE(SystemTimeZone::current().zone, nullptr) << value;
+        EXPECT_EQ(SystemTimeZone::offset(summer), 0s) << value;
     }
 }
 
-TEST(SystemTimeZone, tellsZonesOfTheSameNameApart) {
-    const ScopedEnvironment zone("TZ", "XYZ3");
-    EXPECT_EQ(SystemTimeZone::current().zone->getRawOffset(), -3 * 3'600'000);
-    const ScopedEnvironment other("TZ", "XYZ4");
-    EXPECT_EQ(SystemTimeZone::current().zone->getRawOffset(), -4 * 3'600'000);
+TEST(SystemTimeZone, hasAnOffsetAtTheEndsOfTime) {
+    const ScopedEnvironment zone("TZ", "<+0530>-5:30");
+    EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds(10'000'000h)), 5h + 30min);
+    EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds(-10'000'000h)), 5h + 30min);
+    EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds::max()), 0s) << "a year that no calendar holds";
+    EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds::min()), 0s);
+}
+
+TEST(SystemTimeZone, knowsTheZonesOfTheDatabaseByName) {
+    const ScopedEnvironment zone("TZ", "Asia/Tokyo");
+    EXPECT_EQ(SystemTimeZone::offset(summer, QStringLiteral("Europe/Berlin")), 2h);
+    EXPECT_EQ(SystemTimeZone::offset(winter, QStringLiteral("Europe/Berlin")), 1h);
+    EXPECT_EQ(SystemTimeZone::offset(summer, QStringLiteral("America/Mexico_City")), -6h)
+        << "no summer time since 2022";
+    for (const QString& name : {QString(), QStringLiteral("no/such place"), QStringLiteral("UTC"),
+                                QStringLiteral("../../etc/localtime"), QString(10'000, u'x')}) {
+        EXPECT_EQ(SystemTimeZone::offset(summer, name), 0s) << name.toStdString();
+    }
+}
+
+constexpr const char* notAllowed = "not allowed";
+
+std::string hours() {
+    return std::to_string(std::chrono::floor<std::chrono::hours>(SystemTimeZone::offset(summer)).count()) + " ";
+}
+
+/// The offsets that follow when /etc/localtime is made, replaced, removed and put back, and TZ set and unset.
+std::string offsetsWhileTheSettingChanges() {
+    if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        ::mount("none", "/etc", "tmpfs", 0, nullptr) != 0) {
+        return notAllowed;
+    }
+    const ScopedEnvironment variable("TZ", std::nullopt);
+    const fs::path zones = "/usr/share/zoneinfo";
+    fs::create_symlink(zones / "Europe/Berlin", "/etc/localtime");
+    std::string found = hours();
+    fs::create_symlink(zones / "Asia/Tokyo", "/etc/new");
+    fs::rename("/etc/new", "/etc/localtime");
+    found += hours();
+    fs::remove("/etc/localtime");
+    found += hours();
+    fs::copy_file(zones / "America/New_York", "/etc/localtime");
+    found += hours();
+    {
+        const ScopedEnvironment set("TZ", "Asia/Almaty");
+        found += hours();
+    }
+    return found + hours();
+}
+
+TEST(SystemTimeZone, followsTheSystemsSettingWhileTheProgramRuns) {
+    const std::string outcome = ChildProcess::outcome(offsetsWhileTheSettingChanges);
+    if (outcome == notAllowed) {
+        GTEST_SKIP() << "this system does not let the test mount a disk";
+    }
+    EXPECT_EQ(outcome, "2 9 0 -4 5 -4 ");
 }
 
 } // namespace

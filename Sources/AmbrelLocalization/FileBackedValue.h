@@ -20,25 +20,37 @@ public:
     /// The value of the file as it is now, or null where there is no readable regular file.
     /// One `stat` call while the file that was read is unchanged; what could not be read is tried again every time.
     std::shared_ptr<const Value> current() {
-        const std::optional<FileStamp> stamp = FileStamp::ofFile(path_);
-        if (!stamp) {
-            return nullptr;
-        }
+        const std::optional<FileStamp> seen = FileStamp::ofFile(path_);
         const std::lock_guard lock(mutex_);
-        if (!isSettled_ || stamp_ != stamp) {
-            readAgain(*stamp);
-        }
+        return refresh(seen) ? value_ : nullptr;
+    }
+
+    /// The same, but while the file cannot be read the value that it had last. Null where it never could be read.
+    std::shared_ptr<const Value> currentOrLast() {
+        const std::optional<FileStamp> seen = FileStamp::ofFile(path_);
+        const std::lock_guard lock(mutex_);
+        refresh(seen);
         return value_;
     }
 
 private:
-    void readAgain(const FileStamp& seen) {
+    /// Reads the file again where it has changed. False, with the value as it was, where it cannot be read.
+    bool refresh(const std::optional<FileStamp>& seen) {
+        if (!seen) {
+            return false;
+        }
+        if (isSettled_ && stamp_ == seen) {
+            return true;
+        }
         const std::optional<FileContents> contents = FileContents::read(path_, maximumSize_);
-        value_ = contents ? std::make_shared<const Value>(Value::decoded(contents->bytes)) : nullptr;
-        stamp_ = contents ? contents->stamp : seen;
         // A file that could not be read may be readable the next time without being changed: the process may have had
         // no descriptor free.
-        isSettled_ = contents && stamp_->isSettled();
+        isSettled_ = contents && contents->stamp.isSettled();
+        if (contents) {
+            value_ = std::make_shared<const Value>(Value::decoded(contents->bytes));
+            stamp_ = contents->stamp;
+        }
+        return contents.has_value();
     }
 
     const std::filesystem::path path_;

@@ -8,9 +8,15 @@
 
 namespace {
 
-const StringTableSet& moduleTables() {
-    static const StringTableSet tables(ResourceBundleAccessor::moduleBundle());
-    return tables;
+std::filesystem::path resourceBundle(const ApplicationBundle& application) {
+    if (const auto resources = application.resourcePath()) {
+        std::error_code error;
+        std::filesystem::path bundle = *resources / ResourceBundleAccessor::bundleName;
+        if (std::filesystem::is_directory(bundle, error)) {
+            return bundle;
+        }
+    }
+    return ResourceBundleAccessor::moduleBundle();
 }
 
 } // namespace
@@ -25,12 +31,7 @@ const StringCatalogue& StringCatalogue::ofProcess() {
 
 StringCatalogue::StringCatalogue(const ApplicationBundle& application,
                                  AmbrelInterfaceLanguagePreferenceStore preferences)
-    : preferences_(std::move(preferences)) {
-    if (const auto resources = application.resourcePath()) {
-        bundlePath_ = *resources / ResourceBundleAccessor::bundleName;
-        tables_ = std::make_unique<StringTableSet>(bundlePath_);
-    }
-}
+    : preferences_(std::move(preferences)), tables_(resourceBundle(application)) {}
 
 QString StringCatalogue::text(std::string_view key, const std::optional<QString>& localeIdentifier) const {
     const std::optional<AmbrelInterfaceLanguage> wanted = language(localeIdentifier);
@@ -57,20 +58,6 @@ std::optional<AmbrelInterfaceLanguage> StringCatalogue::language(const std::opti
 }
 
 std::optional<QString> StringCatalogue::textInTable(AmbrelInterfaceLanguage language, std::string_view key) const {
-    const std::shared_ptr<const StringTable> found = table(language);
-    return found ? found->text(key) : std::nullopt;
-}
-
-std::shared_ptr<const StringTable> StringCatalogue::table(AmbrelInterfaceLanguage language) const {
-    if (tables_) {
-        // A table that is there proves that its bundle is, so the bundle is looked for only after a miss.
-        if (auto found = tables_->table(language)) {
-            return found;
-        }
-        std::error_code error;
-        if (std::filesystem::is_directory(bundlePath_, error)) {
-            return nullptr;
-        }
-    }
-    return moduleTables().table(language);
+    const std::shared_ptr<const StringTable> table = tables_.table(language);
+    return table ? table->text(key) : std::nullopt;
 }

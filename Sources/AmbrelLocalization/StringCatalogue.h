@@ -7,21 +7,21 @@
 
 #include <QString>
 
-#include <filesystem>
-#include <memory>
 #include <optional>
 #include <string_view>
 
 /// The lookup of texts by key: a language, its table, English where the table has no such key, and at last the key.
 ///
 /// Nothing about the choice of a language is remembered between lookups, so a change by another process counts at
-/// once; while nothing changed a lookup costs two `stat` calls. May be used on any thread; nothing throws.
+/// once; while nothing changed a lookup costs two `stat` calls. Texts outlive their files: a bundle that goes away
+/// while the program runs leaves it those that it has shown, and English. May be used on any thread; nothing throws.
 class StringCatalogue {
 public:
     /// The running program's catalogue, on its bundle and the standard user defaults.
     static const StringCatalogue& ofProcess();
 
-    /// A catalogue on the resources of `application`, with the stored language in `preferences`.
+    /// A catalogue on the bundle among the resources of `application`, else on the module's own, as it is now, with the
+    /// stored language in `preferences`. Ends the process where there is neither.
     StringCatalogue(const ApplicationBundle& application, AmbrelInterfaceLanguagePreferenceStore preferences);
 
     /// The text under `key` for `localeIdentifier`, taken unchanged: one that names no language of the catalogue gives
@@ -31,9 +31,7 @@ public:
 private:
     std::optional<AmbrelInterfaceLanguage> language(const std::optional<QString>& localeIdentifier) const;
     std::optional<QString> textInTable(AmbrelInterfaceLanguage language, std::string_view key) const;
-    std::shared_ptr<const StringTable> table(AmbrelInterfaceLanguage language) const;
 
     AmbrelInterfaceLanguagePreferenceStore preferences_;
-    std::filesystem::path bundlePath_;
-    std::unique_ptr<const StringTableSet> tables_;
+    StringTableSet tables_;
 };

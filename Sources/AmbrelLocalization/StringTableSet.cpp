@@ -15,10 +15,12 @@ StringTableSet::StringTableSet(const std::filesystem::path& bundlePath) {
         tables_.push_back(
             std::make_unique<FileBackedValue<StringTable>>(bundlePath / folder / "Localizable.json", maximumTableSize));
     }
+    // English stands in for every other text, also once the bundle is gone.
+    table(AmbrelInterfaceLanguage::english);
 }
 
 std::shared_ptr<const StringTable> StringTableSet::table(AmbrelInterfaceLanguage language) const {
     const auto selectable = AmbrelInterfaceLanguage::selectableLanguages();
     const auto found = std::ranges::find(selectable, language);
-    return tables_[static_cast<std::size_t>(found - selectable.begin())]->current();
+    return tables_[static_cast<std::size_t>(found - selectable.begin())]->currentOrLast();
 }

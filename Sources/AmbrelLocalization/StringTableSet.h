@@ -8,14 +8,14 @@
 #include <memory>
 #include <vector>
 
-/// The tables of one resource bundle, one per language, each loaded at its first use and kept while its file stays
-/// the same. May be used on any thread.
+/// The tables of one resource bundle, one per language, each loaded at its first use (English at once) and kept while
+/// its file stays the same, or is gone. May be used on any thread.
 class StringTableSet {
 public:
     /// The tables of the bundle folder at `bundlePath`, which need not exist.
     explicit StringTableSet(const std::filesystem::path& bundlePath);
 
-    /// The table of `language` (not `system`) as its file is now, or null where there is no such file.
+    /// The table of `language` (not `system`) as its file is now, else as it last was; null where there never was one.
     std::shared_ptr<const StringTable> table(AmbrelInterfaceLanguage language) const;
 
 private:

@@ -107,6 +107,24 @@ TEST_F(FileBackedValueTest, isNullForAFileThatIsTooLarge) {
     EXPECT_EQ(value_.current(), nullptr);
 }
 
+TEST_F(FileBackedValueTest, canOutliveItsFile) {
+    const auto last = [this] {
+        const auto value = value_.currentOrLast();
+        return value ? value->text : "none";
+    };
+    EXPECT_EQ(last(), "none");
+    writeInPlace(folder_ / "file", "one");
+    EXPECT_EQ(last(), "one");
+    std::filesystem::remove(folder_ / "file");
+    EXPECT_EQ(last(), "one");
+    EXPECT_EQ(text(), std::nullopt);
+    writeInPlace(folder_ / "file", std::string(101, 'x'));
+    EXPECT_EQ(last(), "one");
+    EXPECT_EQ(text(), std::nullopt);
+    writeInPlace(folder_ / "file", "other");
+    EXPECT_EQ(last(), "other");
+}
+
 TEST_F(FileBackedValueTest, isNullForAFolder) {
     std::filesystem::create_directory(folder_.path() / "file");
     EXPECT_EQ(value_.current(), nullptr);

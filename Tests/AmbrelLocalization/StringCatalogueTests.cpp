@@ -144,6 +144,19 @@ TEST_F(StringCatalogueTest, seesATableThatIsReplaced) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D"));
 }
 
+TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
+    EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
+    const TemporaryDirectory elsewhere;
+    std::filesystem::rename(folder_.path() / "Resources", elsewhere / "Resources");
+    EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
+    EXPECT_EQ(text("english", "de"), QStringLiteral("English only"));
+    EXPECT_EQ(text("both", "fr"), QStringLiteral("English both")) << "which was not shown before";
+    EXPECT_EQ(text("ambrel.brand.display-name", "de"), QStringLiteral("ambrel.brand.display-name"))
+        << "no other bundle stands in";
+    writeTable("de", R"({"both": "Neues D"})");
+    EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D")) << "an update puts it back";
+}
+
 // The program's own folder holds the bundle only among its resources, so the copy of the build stands in.
 TEST_F(StringCatalogueTest, takesTheModulesBundleWhereTheApplicationHasNone) {
     std::filesystem::remove_all(folder_.path() / "Resources" / ResourceBundleAccessor::bundleName);

@@ -59,8 +59,9 @@ AmbrelInterfaceLanguage currentInterfaceLanguage();
 /// has a code of three letters are passed over.
 QString resolvedSystemLocaleIdentifier(const QStringList& preferredLanguages);
 
-/// The locale of every number, size and date shown beside a text: that of the chosen language, or of the language
-/// shown in the system's region where none is chosen. Read afresh at every call.
+/// The locale of every number, size and date shown beside a text: that of the chosen language, or, where none is
+/// chosen, that of the language shown in the region of LC_ALL, else LC_TIME, else LANG. No other setting counts, so
+/// that all digits and separators on a screen are of one kind. Read afresh at every call.
 icu::Locale currentFormattingLocale();
 
 /// A grouped integer without fraction digits, "1,200,000" in English.

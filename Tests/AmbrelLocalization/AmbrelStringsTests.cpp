@@ -4,8 +4,10 @@
 #include "TestSupport.h"
 
 #include <gmock/gmock.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string_view>
 
@@ -135,6 +137,51 @@ TEST_F(AmbrelStringsTest, formatInTheLocaleOfTheStoredLanguage) {
     EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "ja");
     defaults_->setString(AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey(), QStringLiteral("JA"));
     EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "en_US");
+}
+
+/// Everything of one screen that is written in digits.
+QString everyNumber() {
+    using namespace std::chrono_literals;
+    const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
+    return QStringList(
+               {AmbrelStrings::formattedNumber(1'234'567'890, locale), AmbrelStrings::formattedProgress(3, 10, locale),
+                AmbrelStrings::formattedPercent(0.42, locale), AmbrelStrings::formattedFileSize(18'400'000'000, locale),
+                AmbrelStrings::formattedDuration(90'061s, locale), AmbrelStrings::viewerPosition(3, 10),
+                AmbrelStrings::formattedDateTime(std::chrono::sys_days(std::chrono::year(2026) / 6 / 14), locale)})
+        .join(u'\n');
+}
+
+/// The zeros of the kinds of digits in a text.
+std::set<char32_t> kindsOfDigits(const QString& text) {
+    std::set<char32_t> zeros;
+    for (const char32_t character : text.toStdU32String()) {
+        if (const std::int32_t value = u_charDigitValue(static_cast<UChar32>(character)); value >= 0) {
+            zeros.insert(character - static_cast<char32_t>(value));
+        }
+    }
+    return zeros;
+}
+
+TEST_F(AmbrelStringsTest, haveDigitsOfOneKindOnAnArabicScreenInEveryRegion) {
+    std::map<std::string, std::set<char32_t>> kinds;
+    for (const char* const* region = icu::Locale::getISOCountries(); *region; ++region) {
+        const std::string name = std::string("ar_") + *region + ".UTF-8";
+        variables_.set("LANG", name.c_str());
+        kinds[*region] = kindsOfDigits(everyNumber());
+        EXPECT_EQ(kinds[*region].size(), 1U) << *region << ":\n" << everyNumber().toStdString();
+    }
+    EXPECT_THAT(kinds["EG"], testing::ElementsAre(U'٠'));
+    EXPECT_THAT(kinds["MA"], testing::ElementsAre(U'0'));
+}
+
+TEST_F(AmbrelStringsTest, formatByOneSettingOfTheSystem) {
+    const ScopedEnvironment numeric("LC_NUMERIC", "de_DE.UTF-8");
+    variables_.set("LANG", "en_US.UTF-8");
+    EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "en_US");
+    variables_.set("LC_TIME", "en_GB.UTF-8");
+    EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "en_GB");
+    variables_.set("LC_ALL", "en_CA.UTF-8");
+    EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "en_CA");
 }
 
 TEST_F(AmbrelStringsTest, fillTheViewersPositionInTheCurrentLanguage) {

@@ -57,7 +57,7 @@ const std::vector<Rule>& rules() {
          only,
          {"ja"},
          pattern(R"([\x{3041}-\x{30FF}\x{3400}-\x{9FFF}] [A-Za-z]|[A-Za-z] [\x{3041}-\x{30FF}\x{3400}-\x{9FFF}])")},
-        {"European digit", only, {"ar"}, pattern("[0-9]")},
+        {"digit", only, {"ar"}, pattern("[0-9٠-٩]")},
         {"European mark", only, {"ar"}, pattern("[,;?]")},
         {"Latin letters at the beginning", only, {"ar"}, pattern(R"(^[A-Za-z].*\p{Arabic})")},
         {"Arabic digit or mark", allBut, {"ar"}, pattern("[٠-٩،؛؟]")},
@@ -131,7 +131,7 @@ QString withPlaceholdersReplaced(const QString& text, const QString& replacement
 
 std::vector<std::string> textFaults(const std::string& locale, const QString& text) {
     std::vector<std::string> faults;
-    const QString filledIn = withPlaceholdersReplaced(text, locale == "ar" ? QStringLiteral("٠") : QStringLiteral("0"));
+    const QString filledIn = withPlaceholdersReplaced(text, locale == "ar" ? QStringLiteral("س") : QStringLiteral("0"));
     for (const Rule& rule : rules()) {
         if (rule.isFor(locale) && rule.pattern.match(filledIn).hasMatch()) {
             faults.emplace_back(rule.name);

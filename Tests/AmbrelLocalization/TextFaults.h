@@ -10,7 +10,7 @@
 // The rules that hold for every text of a language, whichever table it stands in.
 
 /// What is wrong with the signs and the letters of `text` in the language of the catalogue `locale`: the name of every
-/// rule of the language that it breaks. Placeholders count as numbers.
+/// rule of the language that it breaks. Placeholders count as numbers, in Arabic as words.
 std::vector<std::string> textFaults(const std::string& locale, const QString& text);
 
 /// The text without its placeholders.

@@ -20,6 +20,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <utility>
 
 namespace {
@@ -110,6 +112,19 @@ TEST_F(PanelLanguageTest, sizesAreWrittenAsTheLanguageDoes) {
               AmbrelStrings::formattedFileSize(1, icu::Locale("de_DE")));
     EXPECT_TRUE(file.siblingAtColumn(FolderModel::date).data().toString().contains(u'.'));
     qunsetenv("LC_ALL");
+}
+
+TEST_F(PanelLanguageTest, datesAreWhatTheSystemsClocksSaid) {
+    using namespace std::chrono;
+    constexpr sys_seconds noon = sys_days(year(2026) / 7 / 15) + hours(12);
+    std::filesystem::last_write_time(home() / "file.txt", file_clock::from_sys(noon));
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    qputenv("TZ", "<+0530>-5:30");
+    ItemPanel& panel = openPanel();
+    const QModelIndex file = row(panel, home() / "file.txt");
+    EXPECT_EQ(file.siblingAtColumn(FolderModel::date).data().toString(), QStringLiteral("15. Juli 2026, 17:30"));
+    qunsetenv("LC_ALL");
+    qunsetenv("TZ");
 }
 
 TEST_F(PanelLanguageTest, arabicRunsFromRightToLeft) {

@@ -12,6 +12,7 @@ set(platform_sources
   Platform/FolderHeader.cpp
   Platform/FolderModel.cpp
   Platform/FolderView.cpp
+  Platform/FolderWatch_linux.cpp
   Platform/ItemPanel.cpp
   Platform/MountedVolumes.cpp
   Platform/NewFolderPanel.cpp
@@ -27,4 +28,5 @@ set(platform_sources
   Platform/PlacesModel.cpp
   Platform/PlacesView.cpp
   Platform/SessionBusCheck_linux.cpp
-  Platform/SleepInhibition.cpp)
+  Platform/SleepInhibition.cpp
+  Platform/TypedItem.cpp)

@@ -3,14 +3,10 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/FolderWatch.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
-#include <QFile>
-#include <QPointer>
-
 #include <algorithm>
-#include <system_error>
 #include <tuple>
 
 namespace {
@@ -37,22 +33,12 @@ FolderModel::FolderModel(QObject* parent)
     : QAbstractTableModel(parent), locale_(AmbrelStrings::currentFormattingLocale()) {
     change_.setSingleShot(true);
     change_.setInterval(changeDelay);
-    connect(&watcher_, &QFileSystemWatcher::directoryChanged, &change_, qOverload<>(&QTimer::start));
     connect(&change_, &QTimer::timeout, this, &FolderModel::read);
 }
 
-FolderModel::~FolderModel() {
-    reading_.request_stop();
-}
-
 void FolderModel::setFolder(const std::filesystem::path& folder) {
-    reading_.request_stop();
-    isReading_ = false;
-    hasChanged_ = false;
     change_.stop();
-    if (!watcher_.directories().isEmpty()) {
-        watcher_.removePaths(watcher_.directories());
-    }
+    watch({});
     beginResetModel();
     folder_ = folder;
     contents_ = {};
@@ -69,34 +55,21 @@ void FolderModel::setShowsHidden(bool showsHidden) {
     endResetModel();
 }
 
+/// What changes while the folder is read is seen, since it is watched before.
 void FolderModel::read() {
-    if (isReading_) {
-        hasChanged_ = true;
-        return;
-    }
-    isReading_ = true;
-    hasChanged_ = false;
-    reading_ = std::stop_source();
-    const std::stop_token stopToken = reading_.get_token();
-    try {
-        BackgroundTask::run(
-            [folder = folder_, locale = locale_, stopToken] { return FolderContents::read(folder, locale, stopToken); },
-            [model = QPointer(this), stopToken](std::future<std::optional<FolderContents>>& outcome) {
-                if (model && !stopToken.stop_requested()) {
-                    model->take(outcome.get());
-                }
-            },
-            BackgroundTask::AtEnd::abandoned);
-    } catch (const std::system_error&) {
-        // No thread can be had.
-        take(std::nullopt);
+    const bool isStarted = reading_.start(
+        [folder = folder_, locale = locale_](const std::stop_token& stopToken) {
+            return Reading{FolderWatch::begin(folder), FolderContents::read(folder, locale, stopToken)};
+        },
+        [this](Reading reading) { take(std::move(reading)); });
+    if (!isStarted) {
+        take({});
     }
 }
 
-void FolderModel::take(std::optional<FolderContents> contents) {
-    isReading_ = false;
-    const State state = contents ? State::loaded : State::unreadable;
-    FolderContents taken = std::move(contents).value_or(FolderContents());
+void FolderModel::take(Reading reading) {
+    const State state = reading.contents ? State::loaded : State::unreadable;
+    FolderContents taken = std::move(reading.contents).value_or(FolderContents());
     if (state != state_ || taken != contents_) {
         beginResetModel();
         state_ = state;
@@ -104,20 +77,20 @@ void FolderModel::take(std::optional<FolderContents> contents) {
         arrange();
         endResetModel();
     }
-    if (state == State::loaded) {
-        watch();
-    }
-    if (hasChanged_) {
-        change_.start();
-    }
+    watch(std::move(reading.watch));
     emit wasRead();
 }
 
-/// Only a folder that has just answered is watched: starting to watch one that does not would wait for it.
-void FolderModel::watch() {
-    if (watcher_.directories().isEmpty() && watcher_.addPath(QFile::decodeName(folder_.c_str()))) {
-        // What changed between the reading and the watching.
-        change_.start();
+void FolderModel::watch(UniqueDescriptor watch) {
+    changes_.reset();
+    watch_ = std::move(watch);
+    if (watch_) {
+        changes_ = std::make_unique<QSocketNotifier>(watch_.get(), QSocketNotifier::Read);
+        connect(changes_.get(), &QSocketNotifier::activated, this, [this] {
+            // The next reading brings a new watch.
+            changes_->setEnabled(false);
+            change_.start();
+        });
     }
 }
 

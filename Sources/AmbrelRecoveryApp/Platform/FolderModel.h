@@ -1,12 +1,15 @@
 #pragma once
 
 #include "AmbrelRecoveryApp/Platform/FolderContents.h"
+#include "AmbrelRecoveryApp/Platform/LatestTask.h"
+#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
 
 #include <QAbstractTableModel>
-#include <QFileSystemWatcher>
 #include <QFontMetrics>
+#include <QSocketNotifier>
 #include <QTimer>
 
+#include <memory>
 #include <vector>
 
 /// What one folder holds, with names, sizes and dates as the interface language writes them. The folder is read on a
@@ -23,7 +26,6 @@ public:
     enum class State { loading, loaded, unreadable };
 
     explicit FolderModel(QObject* parent = nullptr);
-    ~FolderModel() override;
 
     /// Shows another folder, given by its absolute path: nothing at first, and what it holds after `wasRead`.
     void setFolder(const std::filesystem::path& folder);
@@ -54,25 +56,30 @@ signals:
     void wasRead();
 
 private:
+    /// What was read, and a watch that began before.
+    struct Reading {
+        UniqueDescriptor watch;
+        std::optional<FolderContents> contents;
+    };
+
     void read();
-    void take(std::optional<FolderContents> contents);
-    void watch();
+    void take(Reading reading);
+    void watch(UniqueDescriptor watch);
     void arrange();
     QString text(const FolderContents::Item& item, int column) const;
 
     const icu::Locale locale_;
     std::filesystem::path folder_;
     State state_ = State::loaded;
-    bool isReading_ = false;
-    bool hasChanged_ = false;
     bool showsHidden_ = false;
     int sortColumn_ = name;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     FolderContents contents_;
     /// The shown items in the order of the rows, as places in `contents_`.
     std::vector<std::size_t> rows_;
-    std::stop_source reading_;
-    QFileSystemWatcher watcher_;
+    LatestTask reading_;
+    UniqueDescriptor watch_;
+    std::unique_ptr<QSocketNotifier> changes_;
     /// Gathers changes, so that a folder in which much happens is not read without pause.
     QTimer change_;
 };

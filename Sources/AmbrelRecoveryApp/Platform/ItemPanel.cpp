@@ -13,10 +13,10 @@
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "AmbrelRecoveryApp/Platform/PathLabel.h"
 #include "AmbrelRecoveryApp/Platform/PlacesView.h"
+#include "AmbrelRecoveryApp/Platform/TypedItem.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
-#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -38,26 +38,6 @@ constexpr int buttonHeight = 40;
 
 RecoverySymbol backSymbol() {
     return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
-}
-
-std::filesystem::path native(const QString& path) {
-    return QFile::encodeName(path).toStdString();
-}
-
-std::filesystem::path withoutTrailingSeparators(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
-}
-
-bool isWrittenAsFolder(const std::string& path) {
-    return path.ends_with('/') || path.ends_with("/.") || path.ends_with("/..");
-}
-
-bool isOrdinaryFolder(const std::filesystem::path& path) {
-    std::error_code error;
-    return std::filesystem::is_directory(path, error) && !FolderContents::isPackageName(path);
 }
 
 } // namespace
@@ -108,6 +88,7 @@ const std::filesystem::path& ItemPanel::folder() const {
 }
 
 void ItemPanel::done(int result) {
+    finding_.drop();
     QDialog::done(result);
     complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
 }
@@ -116,9 +97,7 @@ void ItemPanel::done(int result) {
 void ItemPanel::accept() {
     const QModelIndex selected = list_->selectedItem();
     if (!selected.isValid()) {
-        if (const auto path = typedPath()) {
-            takeTyped(*path);
-        }
+        findTyped();
     } else if (purpose_ == Purpose::newItem) {
         activate(selected);
     } else {
@@ -228,6 +207,7 @@ void ItemPanel::nameSelectedItem() {
     if (!selected.isValid()) {
         return;
     }
+    finding_.drop();
     const FolderContents::Item& item = files_->item(selected);
     if (purpose_ == Purpose::existingItem || item.kind != FolderContents::Item::Kind::folder) {
         const QScopedValueRollback naming(isNamingSelection_, true);
@@ -236,6 +216,7 @@ void ItemPanel::nameSelectedItem() {
 }
 
 void ItemPanel::takeNameChange() {
+    finding_.drop();
     accept_->setEnabled(!fileName_->text().isEmpty());
     if (!isNamingSelection_) {
         list_->clearSelection();
@@ -266,26 +247,23 @@ void ItemPanel::makeFolder() {
     panel->open();
 }
 
-std::optional<std::filesystem::path> ItemPanel::typedPath() const {
-    const QString name = fileName_->text();
-    if (name.isEmpty() || name.contains(QChar::Null)) {
-        return std::nullopt;
+void ItemPanel::findTyped() {
+    if (!finding_.isRunning()) {
+        finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
+                       [this](const std::optional<TypedItem>& item) {
+                           if (item) {
+                               takeTyped(*item);
+                           }
+                       });
     }
-    const std::filesystem::path path = folder() / native(name);
-    const bool isFromHome = name == u"~" || name.startsWith(u"~/");
-    std::error_code error;
-    return isFromHome && !std::filesystem::exists(path, error)
-               ? std::filesystem::path(PanelPlaces::home().path.native() + native(name.sliced(1)).native())
-               : path;
 }
 
-void ItemPanel::takeTyped(const std::filesystem::path& path) {
-    const std::filesystem::path folder = withoutTrailingSeparators(path.lexically_normal());
-    if (!isWrittenAsFolder(path) || !isOrdinaryFolder(folder)) {
-        take(withoutTrailingSeparators(path));
+void ItemPanel::takeTyped(const TypedItem& item) {
+    if (!item.isFolderToEnter) {
+        take(item.path);
         return;
     }
-    goTo(folder);
+    goTo(item.path);
     fileName_->setText(proposedName_);
     fileName_->selectAll();
 }
@@ -312,6 +290,7 @@ void ItemPanel::goUp() {
 }
 
 void ItemPanel::showFolder(const std::filesystem::path& folder) {
+    finding_.drop();
     isAtBeginning_ = isAtBeginning_ && files_->folder().empty();
     if (purpose_ == Purpose::existingItem) {
         fileName_->clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
+#include "AmbrelRecoveryApp/Platform/LatestTask.h"
 
 #include <QDialog>
 
@@ -15,6 +16,7 @@ class PlacesView;
 class PrimaryRecoveryButton;
 class QBoxLayout;
 class SecondaryRecoveryButton;
+struct TypedItem;
 
 /// A file panel in which the user names one item. A backup package is an item like a file: it is taken and never
 /// entered. Whether the item exists, and what it is, is for the caller to judge. Nothing that exists can be changed in
@@ -61,9 +63,8 @@ private:
     void takeReading();
     void makeFolder();
 
-    /// The item that the user typed; none where there is none.
-    std::optional<std::filesystem::path> typedPath() const;
-    void takeTyped(const std::filesystem::path& path);
+    void findTyped();
+    void takeTyped(const TypedItem& item);
 
     void goTo(const std::filesystem::path& folder);
     void goBack();
@@ -78,6 +79,8 @@ private:
     std::optional<std::filesystem::path> choice_;
     bool isAtBeginning_ = true;
     bool isNamingSelection_ = false;
+    /// Finds out what the typed name stands for, until another is typed, selected or gone to.
+    LatestTask finding_;
     /// The folders that were shown before, the last one at the end.
     std::vector<std::filesystem::path> history_;
 

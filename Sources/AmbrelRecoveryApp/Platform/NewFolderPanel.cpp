@@ -5,7 +5,6 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
@@ -14,11 +13,9 @@
 
 #include <QFile>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QVBoxLayout>
 
 #include <cerrno>
-#include <system_error>
 
 #include <sys/stat.h>
 
@@ -86,26 +83,19 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
 }
 
 void NewFolderPanel::accept() {
-    if (isMaking_ || !canBeName(name_->text())) {
+    if (making_.isRunning() || !canBeName(name_->text())) {
         return;
     }
     const std::filesystem::path folder = folder_ / QFile::encodeName(name_->text()).toStdString();
-    isMaking_ = true;
     create_->setEnabled(false);
-    try {
-        BackgroundTask::run([folder] { return makeFolder(folder); },
-                            [panel = QPointer(this), folder](std::future<std::error_code>& outcome) {
-                                if (panel) {
-                                    panel->take(folder, outcome.get());
-                                }
-                            });
-    } catch (const std::system_error& error) {
-        take(folder, error.code());
+    const bool isStarted = making_.start([folder] { return makeFolder(folder); },
+                                         [this, folder](const std::error_code& error) { take(folder, error); });
+    if (!isStarted) {
+        take(folder, std::make_error_code(std::errc::resource_unavailable_try_again));
     }
 }
 
 void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_code& error) {
-    isMaking_ = false;
     create_->setEnabled(true);
     if (!error) {
         emit made(folder);
@@ -119,7 +109,7 @@ void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_
 }
 
 void NewFolderPanel::follow() {
-    create_->setEnabled(!isMaking_ && canBeName(name_->text()));
+    create_->setEnabled(!making_.isRunning() && canBeName(name_->text()));
     showMessage({});
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Platform/LatestTask.h"
+
 #include <QDialog>
 
 #include <filesystem>
@@ -31,5 +33,5 @@ private:
     PanelNameField* const name_;
     TextLabel* const message_;
     PrimaryRecoveryButton* const create_;
-    bool isMaking_ = false;
+    LatestTask making_;
 };

@@ -34,7 +34,10 @@ std::vector<PanelPlaces::Place> PanelPlaces::usualFolders() {
                                          std::pair(QStandardPaths::PicturesLocation, Text::pictures),
                                          std::pair(QStandardPaths::MoviesLocation, Text::videos)}) {
         const std::filesystem::path path = native(QStandardPaths::writableLocation(location));
-        if (path != native(QDir::homePath()) && std::ranges::find(places, path, &Place::path) == places.end()) {
+        std::error_code error;
+        const bool isNew =
+            path != native(QDir::homePath()) && std::ranges::find(places, path, &Place::path) == places.end();
+        if (isNew && std::filesystem::is_directory(path, error)) {
             places.push_back({PanelTexts::localized(text), path, RecoverySymbol::folder});
         }
     }
@@ -51,13 +54,5 @@ std::vector<PanelPlaces::Place> PanelPlaces::volumes() {
             places.push_back({std::move(name), std::move(root), RecoverySymbol::externaldrive});
         }
     }
-    return places;
-}
-
-std::vector<PanelPlaces::Place> PanelPlaces::existing(std::vector<Place> places) {
-    std::erase_if(places, [](const Place& place) {
-        std::error_code error;
-        return !std::filesystem::is_directory(place.path, error);
-    });
     return places;
 }

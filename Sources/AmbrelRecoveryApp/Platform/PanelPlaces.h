@@ -22,14 +22,11 @@ struct Place {
 /// The user's home folder. Any thread.
 Place home();
 
-/// The desktop's usual folders of the user, whether they exist or not, without those that are the home folder itself.
-/// Main thread.
+/// Those of the desktop's usual folders of the user that exist, without those that are the home folder itself. Blocks
+/// for as long as the file system does; any thread.
 std::vector<Place> usualFolders();
 
 /// Every mounted volume that a user may keep files on. No volume is touched. Any thread.
 std::vector<Place> volumes();
-
-/// Those of `places` that are folders. Blocks for as long as the file system does; any thread.
-std::vector<Place> existing(std::vector<Place> places);
 
 } // namespace PanelPlaces

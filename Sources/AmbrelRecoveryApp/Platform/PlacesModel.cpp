@@ -1,13 +1,10 @@
 #include "AmbrelRecoveryApp/Platform/PlacesModel.h"
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Platform/MountedVolumes.h"
 
-#include <QPointer>
 #include <QSocketNotifier>
 
 #include <algorithm>
-#include <system_error>
 
 PlacesModel::PlacesModel(QObject* parent)
     : QAbstractListModel(parent), volumeTable_(QString::fromLatin1(MountedVolumes::tablePath)) {
@@ -16,19 +13,12 @@ PlacesModel::PlacesModel(QObject* parent)
     watchVolumes();
 }
 
+/// Where no thread can be had, home and the volumes are enough to reach every folder.
 void PlacesModel::findFolders() {
-    try {
-        BackgroundTask::run([folders = PanelPlaces::usualFolders()] { return PanelPlaces::existing(folders); },
-                            [model = QPointer(this)](std::future<std::vector<PanelPlaces::Place>>& outcome) {
-                                if (model) {
-                                    model->folders_ = outcome.get();
-                                    model->show();
-                                }
-                            },
-                            BackgroundTask::AtEnd::abandoned);
-    } catch (const std::system_error&) {
-        // No thread can be had: home and the volumes are enough to reach every folder.
-    }
+    finding_.start(PanelPlaces::usualFolders, [this](std::vector<PanelPlaces::Place> folders) {
+        folders_ = std::move(folders);
+        show();
+    });
 }
 
 void PlacesModel::watchVolumes() {

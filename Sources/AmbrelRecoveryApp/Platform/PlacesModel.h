@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Platform/LatestTask.h"
 #include "AmbrelRecoveryApp/Platform/PanelPlaces.h"
 
 #include <QAbstractListModel>
@@ -32,6 +33,7 @@ private:
     void watchVolumes();
     void show();
 
+    LatestTask finding_;
     std::vector<PanelPlaces::Place> folders_;
     std::vector<PanelPlaces::Place> places_;
     QFile volumeTable_;

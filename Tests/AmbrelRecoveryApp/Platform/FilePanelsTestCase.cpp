@@ -1,5 +1,6 @@
 #include "FilePanelsTestCase.h"
 
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 
@@ -90,13 +91,24 @@ void FilePanelsTest::doubleClick(ItemPanel& panel, const Path& item) {
     QTest::mouseDClick(list(panel).viewport(), Qt::LeftButton, {}, place);
 }
 
+void FilePanelsTest::waitUntilAt(ItemPanel& panel, const Path& folder) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel.folder() == folder; }, generousMilliseconds));
+}
+
 void FilePanelsTest::waitForFolder(ItemPanel& panel, const Path& folder) {
     const auto& files = *panel.findChild<FolderModel*>();
     EXPECT_TRUE(QTest::qWaitFor([&] { return files.folder() == folder && files.state() == FolderModel::State::loaded; },
                                 generousMilliseconds));
 }
 
+void FilePanelsTest::waitForBackground() {
+    EXPECT_TRUE(
+        QTest::qWaitFor([] { return BackgroundTask::waitForAll(std::chrono::milliseconds(0)); }, generousMilliseconds));
+    QTest::qWait(0);
+}
+
 void FilePanelsTest::expectOneChoice(const std::optional<Path>& expected) {
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !choices.empty(); }, generousMilliseconds));
     ASSERT_EQ(choices.size(), 1U);
     EXPECT_EQ(choices[0], expected);
 }

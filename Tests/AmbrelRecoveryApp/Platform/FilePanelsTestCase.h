@@ -46,10 +46,15 @@ protected:
     static void select(ItemPanel& panel, const Path& item);
     static void doubleClick(ItemPanel& panel, const Path& item);
 
+    /// Waits until the panel goes to this folder, which may not answer.
+    static void waitUntilAt(ItemPanel& panel, const Path& folder);
     /// Waits until the panel shows this folder and what is in it.
     static void waitForFolder(ItemPanel& panel, const Path& folder);
+    /// Waits until no work runs in the background, and what it brought has been taken.
+    static void waitForBackground();
     static Path shownFolder(ItemPanel& panel) { return panel.folder(); }
 
+    /// Waits for a choice, and expects no other.
     void expectOneChoice(const std::optional<Path>& expected);
 
     // A panel that is still open at the end completes, too.

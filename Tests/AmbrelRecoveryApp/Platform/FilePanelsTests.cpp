@@ -53,12 +53,14 @@ TEST_F(FilePanelsTest, beginAtHomeAndThenWhereTheLastChoiceWas) {
     EXPECT_EQ(shownFolder(first), home());
     EXPECT_FALSE(first.findChild<PanelButton*>()->isEnabled());
     enterAndReturn(first, home() / "folder" / "x.ambrel");
+    expectOneChoice(home() / "folder" / "x.ambrel");
     QTest::qWait(0);
     EXPECT_EQ(shownFolder(savePanel()), home() / "folder");
 }
 
 TEST_F(FilePanelsTest, beginAtHomeWhereTheFolderOfTheLastChoiceIsGone) {
     enterAndReturn(openPanel(), home() / "gone" / "x.ambrel");
+    expectOneChoice(home() / "gone" / "x.ambrel");
     QTest::qWait(0);
     waitForFolder(openPanel(), home());
 }
@@ -113,17 +115,16 @@ TEST_F(FilePanelsTest, areOpenOneAtATime) {
 }
 
 TEST_F(FilePanelsTest, areNoLongerShownWhenTheyCompleteAndCanBeAskedForAgain) {
-    bool wasVisible = true;
+    std::optional<bool> wasVisible;
     panels->chooseBackup({"Choose backup package", "Choose backup package"}, [&](const std::optional<Path>&) {
         wasVisible = window->findChild<ItemPanel*>()->isVisible();
         panels->chooseDestination({"Choose where to export", "Export", "name"}, recording());
     });
     const QPointer<ItemPanel> first = window->findChild<ItemPanel*>();
     enterAndReturn(*first, QString("file.txt"));
-    EXPECT_FALSE(wasVisible);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
+    EXPECT_EQ(wasVisible, false);
     EXPECT_TRUE(choices.empty());
-    QTest::qWait(0);
-    EXPECT_TRUE(first.isNull());
     enterAndReturn(*window->findChild<ItemPanel*>(), QString("new"));
     expectOneChoice(home() / "new");
 }
@@ -132,6 +133,7 @@ TEST_F(FilePanelsTest, rememberNothingOnDisk) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");
     enterAndReturn(panel, QString("x"));
+    expectOneChoice(home() / "folder" / "x");
     QTest::qWait(0);
     openPanel();
     window.reset();

@@ -79,6 +79,7 @@ TEST_F(PanelListTest, goesUpAndBackWithTheButtons) {
     EXPECT_EQ(shownFolder(panel), home());
     EXPECT_FALSE(buttons[0]->isEnabled());
     enterAndReturn(panel, QString("/"));
+    waitUntilAt(panel, "/");
     EXPECT_FALSE(buttons[1]->isEnabled());
 }
 

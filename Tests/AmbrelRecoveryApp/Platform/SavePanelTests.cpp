@@ -95,7 +95,7 @@ TEST_F(SavePanelTest, entersTheSelectedFolderWithTheButtonFirst) {
 TEST_F(SavePanelTest, entersATypedFolderWithASeparatorAtItsEndAndProposesTheNameAgain) {
     ItemPanel& panel = savePanel();
     enterAndReturn(panel, QString("folder/"));
-    EXPECT_EQ(shownFolder(panel), home() / "folder");
+    waitUntilAt(panel, home() / "folder");
     EXPECT_EQ(nameField(panel).selectedText(), "Ambrel Recovered");
     EXPECT_TRUE(choices.empty());
 }

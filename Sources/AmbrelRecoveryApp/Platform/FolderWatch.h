@@ -1,0 +1,14 @@
+#pragma once
+
+#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
+
+#include <filesystem>
+
+/// Watching a folder.
+namespace FolderWatch {
+
+/// A descriptor that becomes readable once an item comes into `folder`, leaves it or gets another name or other
+/// permissions; none where that cannot be watched. Blocks for as long as the file system does; any thread.
+UniqueDescriptor begin(const std::filesystem::path& folder);
+
+} // namespace FolderWatch

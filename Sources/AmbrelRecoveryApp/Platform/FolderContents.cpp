@@ -90,6 +90,9 @@ void sort(std::vector<Item>& items, const icu::Locale& locale) {
 
 std::optional<FolderContents> FolderContents::read(const std::filesystem::path& folder, const icu::Locale& locale,
                                                    const std::stop_token& stopToken) {
+    if (isWithinPackage(folder)) {
+        return std::nullopt;
+    }
     const Directory directory(opendir(folder.c_str()));
     if (!directory) {
         return std::nullopt;
@@ -114,4 +117,10 @@ bool FolderContents::isPackageName(const std::filesystem::path& name) {
     const std::string extension = name.extension().native();
     return QByteArray::fromRawData(extension.data(), static_cast<qsizetype>(extension.size()))
                .compare(".ambrel", Qt::CaseInsensitive) == 0;
+}
+
+bool FolderContents::isWithinPackage(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+    return std::ranges::any_of(path, isPackageName) || std::ranges::any_of(resolved, isPackageName);
 }

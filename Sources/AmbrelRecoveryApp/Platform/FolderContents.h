@@ -35,11 +35,15 @@ struct FolderContents {
 
     friend bool operator==(const FolderContents&, const FolderContents&) = default;
 
-    /// Reads `folder`, following symbolic links. None where it cannot be read or where `stopToken` asks to stop. Blocks
-    /// for as long as the file system does; any thread.
+    /// Reads `folder`, following symbolic links. None where it cannot be read, where it is or lies in a package, and
+    /// where `stopToken` asks to stop. Blocks for as long as the file system does; any thread.
     static std::optional<FolderContents> read(const std::filesystem::path& folder, const icu::Locale& locale,
                                               const std::stop_token& stopToken);
 
     /// Whether a folder of this name is a backup package, which is one item and is never entered.
     static bool isPackageName(const std::filesystem::path& name);
+
+    /// Whether this absolute path is that of a backup package or lies in one, as it is written or where its links lead.
+    /// It need not exist. Blocks for as long as the file system does; any thread.
+    static bool isWithinPackage(const std::filesystem::path& path);
 };

@@ -77,7 +77,9 @@ void FolderModel::take(Reading reading) {
         arrange();
         endResetModel();
     }
-    watch(std::move(reading.watch));
+    if (state == State::loaded) {
+        watch(std::move(reading.watch));
+    }
     emit wasRead();
 }
 

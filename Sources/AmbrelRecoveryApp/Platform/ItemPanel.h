@@ -19,8 +19,8 @@ class SecondaryRecoveryButton;
 struct TypedItem;
 
 /// A file panel in which the user names one item. A backup package is an item like a file: it is taken and never
-/// entered. Whether the item exists, and what it is, is for the caller to judge. Nothing that exists can be changed in
-/// it, and nothing is remembered on disk. Main thread; shown with open().
+/// entered, not by a typed path or through a link either. Whether the item exists, and what it is, is for the caller to
+/// judge. Nothing that exists can be changed in it, and nothing is remembered on disk. Main thread; shown with open().
 class ItemPanel final : public QDialog {
     Q_OBJECT
 

@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Platform/FolderContents.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
@@ -29,6 +30,10 @@ constexpr int padding = 24;
 constexpr int buttonHeight = 40;
 
 std::error_code makeFolder(const std::filesystem::path& folder) {
+    // Neither in a package nor one that would be taken for a package.
+    if (FolderContents::isWithinPackage(folder)) {
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
     constexpr mode_t everyoneAsTheMaskAllows = 0777;
     const bool isMade = mkdir(folder.c_str(), everyoneAsTheMaskAllows) == 0;
     return isMade ? std::error_code() : std::error_code(errno, std::generic_category());

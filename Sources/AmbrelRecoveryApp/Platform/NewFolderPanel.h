@@ -11,7 +11,8 @@ class PrimaryRecoveryButton;
 class TextLabel;
 
 /// Asks for the name of a new folder and makes it. Nothing that exists is touched: where the name is taken, it says so
-/// and asks on. The folder is made on a thread of its own. Main thread; shown with open(), and deletes itself.
+/// and asks on. Nothing is made in a backup package. The folder is made on a thread of its own. Main thread; shown with
+/// open(), and deletes itself.
 class NewFolderPanel final : public QDialog {
     Q_OBJECT
 

@@ -24,7 +24,7 @@ bool isWrittenAsFolder(const std::string& path) {
 
 bool isFolderToEnter(const std::filesystem::path& path) {
     std::error_code error;
-    return std::filesystem::is_directory(path, error) && !FolderContents::isPackageName(path);
+    return std::filesystem::is_directory(path, error) && !FolderContents::isWithinPackage(path);
 }
 
 /// The home sign is a name like any other where there is an item of that name.

@@ -87,6 +87,29 @@ TEST_F(FolderContentsTest, isNoneWhereThereIsNoFolderAndWhereItIsStopped) {
     EXPECT_FALSE(read());
 }
 
+TEST_F(FolderContentsTest, isNoneInAPackageWhicheverWayLeadsThere) {
+    std::filesystem::create_directories(folder() / "x.Ambrel" / "inside");
+    std::filesystem::create_directory(folder() / "other");
+    std::filesystem::create_directory_symlink("x.Ambrel", folder() / "link");
+    std::filesystem::create_directory_symlink("x.Ambrel/inside", folder() / "deep link");
+    std::filesystem::create_directory_symlink("other", folder() / "named.ambrel");
+    const icu::Locale locale("en");
+    for (const char* name : {"x.Ambrel", "x.Ambrel/inside", "link", "link/inside", "deep link", "named.ambrel"}) {
+        EXPECT_FALSE(FolderContents::read(folder() / name, locale, stop_.get_token())) << name;
+    }
+    EXPECT_TRUE(FolderContents::read(folder() / "other", locale, stop_.get_token()));
+}
+
+TEST_F(FolderContentsTest, knowWhatWouldLieInAPackage) {
+    std::filesystem::create_directory(folder() / "x.ambrel");
+    std::filesystem::create_directory_symlink("x.ambrel", folder() / "link");
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "x.ambrel" / "new" / "newer"));
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "link" / "new" / "newer"));
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "new.ambrel"));
+    EXPECT_FALSE(FolderContents::isWithinPackage(folder() / "new" / "newer"));
+    EXPECT_FALSE(FolderContents::isWithinPackage("/"));
+}
+
 TEST(FolderContents, knowPackagesByTheirNameInAnyLetterCase) {
     EXPECT_TRUE(FolderContents::isPackageName("a.ambrel"));
     EXPECT_TRUE(FolderContents::isPackageName("/b/a.b.AMBREL"));

@@ -32,6 +32,24 @@ TEST_F(OpenPanelTest, takesATypedPackageWithASeparatorAtItsEndWithoutEnteringIt)
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
+TEST_F(OpenPanelTest, entersNoPackageByATypedPathOrThroughALink) {
+    std::filesystem::create_directory_symlink("Family Photos.ambrel", home() / "link");
+    for (const char* name : {"Family Photos.ambrel/inside", "link", "link/inside"}) {
+        choices.clear();
+        ItemPanel& panel = openPanel();
+        waitForFolder(panel, home());
+        enterAndReturn(panel, QString::fromUtf8(name) + "/");
+        expectOneChoice(home() / name);
+        QTest::qWait(0);
+    }
+    choices.clear();
+    ItemPanel& panel = openPanel();
+    doubleClick(panel, home() / "link");
+    const auto& files = *panel.findChild<FolderModel*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return files.state() == FolderModel::State::unreadable; }));
+    EXPECT_EQ(files.rowCount(), 0);
+}
+
 TEST_F(OpenPanelTest, takesATypedNameInTheFolderThatIsShown) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");

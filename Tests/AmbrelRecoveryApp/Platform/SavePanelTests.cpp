@@ -20,6 +20,17 @@ protected:
         return *panel.findChild<NewFolderPanel*>();
     }
 
+    /// The panel for a new folder refuses this name in this folder.
+    void expectNotMade(const Path& folder, const QString& name) {
+        auto& asking = *new NewFolderPanel(folder, window.get());
+        nameOf(asking).setText(name);
+        asking.accept();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !asking.accessibleDescription().isEmpty(); }));
+        EXPECT_EQ(asking.accessibleDescription(), "The folder could not be created.");
+        EXPECT_FALSE(std::filesystem::exists(folder / name.toStdString()));
+        delete &asking;
+    }
+
     static PanelNameField& nameOf(NewFolderPanel& asking) { return *asking.findChild<PanelNameField*>(); }
 };
 
@@ -166,6 +177,22 @@ TEST_F(SavePanelTest, takesNoNameThatNoFolderCanHave) {
     EXPECT_FALSE(asking.isVisible());
     EXPECT_TRUE(panel.isVisible());
     EXPECT_FALSE(std::filesystem::exists(home() / "New folder"));
+}
+
+TEST_F(SavePanelTest, makesNothingInAPackage) {
+    const Path package = home() / "Family Photos.ambrel";
+    std::filesystem::create_directory_symlink(package, home() / "link");
+    ItemPanel& panel = savePanel();
+    doubleClick(panel, home() / "link");
+    waitForBackground();
+    EXPECT_EQ(shownFolder(panel), home() / "link");
+    EXPECT_FALSE(button(panel, "New folder")->isEnabled());
+    enterAndReturn(panel, package / "inside" / "");
+    expectOneChoice(package / "inside");
+    for (const Path& folder : {package, package / "inside", home() / "link", home() / "link" / "inside"}) {
+        expectNotMade(folder, "New folder");
+    }
+    expectNotMade(home(), "new.ambrel");
 }
 
 TEST_F(SavePanelTest, changesNothingThatWasThereBefore) {

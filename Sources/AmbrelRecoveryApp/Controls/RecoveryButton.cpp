@@ -1,8 +1,10 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -43,6 +45,12 @@ void RecoveryButton::setButtonHeight(int height) {
 QSize RecoveryButton::sizeHint() const {
     const int symbolWidth = symbol_ ? symbolSize + symbolSpacing : 0;
     return {2 * horizontalPadding + symbolWidth + labelWidth(), std::max(height_, fontMetrics().height() + 12)};
+}
+
+void RecoveryButton::keyPressEvent(QKeyEvent* event) {
+    if (!ReturnKey::is(*event) || !event->isAutoRepeat()) {
+        QPushButton::keyPressEvent(event);
+    }
 }
 
 int RecoveryButton::labelWidth() const {

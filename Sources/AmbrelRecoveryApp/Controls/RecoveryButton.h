@@ -9,7 +9,7 @@
 class QPainter;
 
 /// What the two styles of button share: a symbol and a label beside it, centered, never cut off. Return presses the
-/// button that has the focus, as Space does.
+/// button that has the focus, as Space does; a key that is held presses it once.
 class RecoveryButton : public QPushButton {
     Q_OBJECT
 
@@ -24,6 +24,8 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
     RecoveryButton(std::optional<RecoverySymbol> symbol, const QFont& font, int height, QWidget* parent);
 
     /// Draws symbol and label in `color`.

@@ -114,11 +114,12 @@ void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 void FolderView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = ReturnKey::is(*event);
     const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;
-    if (isReturn && selectedItem().isValid()) {
+    // A key that is held acts once.
+    if (isReturn && selectedItem().isValid() && !event->isAutoRepeat()) {
         emit itemActivated(selectedItem());
     } else if (isReturn) {
         event->ignore();
-    } else if (isUp || event->key() == Qt::Key_Backspace) {
+    } else if ((isUp || event->key() == Qt::Key_Backspace) && !event->isAutoRepeat()) {
         emit upRequested();
     } else if (!FirstChoice::take(*this, *event)) {
         QTreeView::keyPressEvent(event);

@@ -47,6 +47,9 @@ public:
     void accept() override;
     void done(int result) override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void layOut();
     QBoxLayout* pathRow();

@@ -22,6 +22,9 @@ public:
 
     void accept() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 signals:
     void made(const std::filesystem::path& folder);
 

@@ -21,7 +21,7 @@ constexpr int padding = 12;
 constexpr qreal cornerRadius = 10;
 constexpr QChar firstStrongIsolate(0x2068);
 constexpr QChar popDirectionalIsolate(0x2069);
-constexpr QChar separator(u'/');
+constexpr char32_t separator = U'/';
 
 } // namespace
 
@@ -51,37 +51,36 @@ PathView::PathView(QWidget* parent) : QTextEdit(parent) {
 
 void PathView::setPath(const std::filesystem::path& path) {
     const QString name = QFile::decodeName(path.c_str());
+    if (path_ == name) {
+        return;
+    }
+    path_ = name;
+    offsets_.clear();
     QString shown;
-    marks_.clear();
-    replaced_.clear();
-    const auto mark = [&](QChar character) {
-        marks_.append(shown.size());
-        shown.append(character);
+    qsizetype offset = 0;
+    // Lets `text` stand for the next `length` units of the path.
+    const auto show = [&](const QString& text, qsizetype length) {
+        for (qsizetype unit = 0; unit < text.size(); ++unit) {
+            offsets_.append(offset + std::min(unit, length));
+        }
+        shown += text;
+        offset += length;
     };
     bool isInsidePart = false;
-    for (const QChar character : name) {
+    for (const char32_t character : name.toUcs4()) {
         if (isInsidePart != (character != separator)) {
-            mark(isInsidePart ? popDirectionalIsolate : firstStrongIsolate);
+            show(isInsidePart ? popDirectionalIsolate : firstStrongIsolate, 0);
             isInsidePart = !isInsidePart;
         }
-        const QString readable = character.isSurrogate()
-                                     ? QString(character)
-                                     : FileNameText::readable(QString(character).toUtf8().toStdString());
-        if (readable != character) {
-            replaced_.insert(shown.size(), character);
-        }
-        shown.append(readable.front());
-        for (const QChar more : readable.sliced(1)) {
-            mark(more);
-        }
+        const QString original = QStringView(QChar::fromUcs4(character)).toString();
+        show(FileNameText::readable(original.toStdString()), original.size());
     }
     if (isInsidePart) {
-        mark(popDirectionalIsolate);
+        show(popDirectionalIsolate, 0);
     }
-    if (shown != toPlainText()) {
-        setPlainText(shown);
-        updateGeometry();
-    }
+    offsets_.append(offset);
+    setPlainText(shown);
+    updateGeometry();
 }
 
 int PathView::heightForWidth(int width) const {
@@ -100,15 +99,10 @@ QSize PathView::minimumSizeHint() const {
 }
 
 QMimeData* PathView::createMimeDataFromSelection() const {
-    const QString shown = toPlainText();
-    QString selected;
-    for (qsizetype place = textCursor().selectionStart(); place < textCursor().selectionEnd(); ++place) {
-        if (!std::ranges::binary_search(marks_, place)) {
-            selected.append(replaced_.value(place, shown.at(place)));
-        }
-    }
+    const qsizetype start = offsets_.at(textCursor().selectionStart());
+    const qsizetype end = offsets_.at(textCursor().selectionEnd());
     auto* const copied = new QMimeData;
-    copied->setText(selected);
+    copied->setText(path_.sliced(start, end - start));
     return copied;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QHash>
 #include <QList>
+#include <QString>
 #include <QTextEdit>
 
 #include <filesystem>
@@ -15,6 +15,7 @@ class PathView final : public QTextEdit {
 public:
     explicit PathView(QWidget* parent = nullptr);
 
+    /// The selection stays where the path is the one that is shown.
     void setPath(const std::filesystem::path& path);
 
     bool hasHeightForWidth() const override { return true; }
@@ -23,14 +24,13 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// The selected part of the path, without the marks that keep its parts in order.
+    /// The selected part of the path itself, whatever is shown in its place.
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The places of those marks in what is shown.
-    QList<qsizetype> marks_;
-    /// The characters that would not be seen or act on others, by the places where something readable begins for them;
-    /// the rest of it counts as marks.
-    QHash<qsizetype, QChar> replaced_;
+    QString path_;
+    /// For each place in what is shown, and for its end, the offset in the path of what stands there; marks stand for
+    /// nothing.
+    QList<qsizetype> offsets_{0};
 };

@@ -20,8 +20,10 @@ QString copied(PathView& view) {
 }
 
 TEST(PathViewTests, isCopiedAsItIsInEveryScript) {
-    for (const char* const path : {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/",
-                                   "/home/\u2068strange\u2069/name", "/a\nb/gpj.\u202Eexe\x7F"}) {
+    for (const char* const path :
+         {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/", "/home/\u2068strange\u2069/name",
+          "/a\nb/gpj.\u202Eexe\x7F", "/no\u00A0break/\u202Fnarrow", "/line\u2028separator\u2029s", "/ blanks  /  ",
+          "/\uFDD0\uFFFC\uFEFF", "/tag\U000E0041/\U0001F468\u200D\U0001F469"}) {
         PathView view;
         view.setPath(path);
         EXPECT_EQ(copied(view), QString::fromUtf8(path));
@@ -37,8 +39,8 @@ TEST(PathViewTests, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
 
 TEST(PathViewTests, showsWhatWouldNotBeSeenOrTurnTheRestAround) {
     PathView view;
-    view.setPath("/a\nb/\u202Egpj.exe");
-    EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068a\u240Ab\u2069/\u2068[U+202E]gpj.exe\u2069"));
+    view.setPath("/a\nb/\u202Egpj.exe\U000E0041");
+    EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068a\u240Ab\u2069/\u2068[U+202E]gpj.exe[U+E0041]\u2069"));
 }
 
 TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {
@@ -52,6 +54,27 @@ TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {
     }
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("cd"));
+}
+
+TEST(PathViewTests, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
+    PathView view;
+    view.setPath("/a\u202Eb");
+    QTextCursor cursor = view.textCursor();
+    cursor.setPosition(static_cast<int>(view.toPlainText().indexOf(u'[')));
+    cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, 3);
+    view.setTextCursor(cursor);
+    view.copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral(u"\u202E"));
+}
+
+TEST(PathViewTests, keepsItsSelectionWhenItIsToldTheSamePath) {
+    for (const char* const path : {"/ab/cd", "/a\u00A0b/cd", "/a\uFDD0b"}) {
+        PathView view;
+        view.setPath(path);
+        view.selectAll();
+        view.setPath(path);
+        EXPECT_TRUE(view.textCursor().hasSelection()) << path;
+    }
 }
 
 TEST(PathViewTests, cannotBeChanged) {
@@ -101,6 +124,9 @@ TEST_F(CompletionPathTests, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
     EXPECT_EQ(accessible.text(QAccessible::Name), QStringLiteral("Folder"));
     EXPECT_TRUE(accessible.state().readOnly);
     EXPECT_EQ(copied(pathView()).toStdString(), path("Ambrel Recovered").native());
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    redraw();
+    EXPECT_TRUE(pathView().textCursor().hasSelection());
     QTest::keyClick(&pathView(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Show in Finder"));
 }

@@ -100,8 +100,8 @@ QWidget* RecoveryRootView::screenOfThePhase() {
 
 void RecoveryRootView::inspect() {
     model_.inspectBackup();
-    // At once: what is typed before the redraw must not bring the old secret back.
-    applyCredential();
+    // At once: what is typed before the next turn must find no field to go into.
+    redraw();
 }
 
 void RecoveryRootView::chooseSnapshot(int row) {

@@ -98,6 +98,8 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     QPalette colors = palette();
     colors.setColor(QPalette::Text, RecoveryPalette::primary());
     colors.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
+    colors.setColor(QPalette::Disabled, QPalette::PlaceholderText,
+                    RecoveryPalette::withOpacity(RecoveryPalette::muted(), RecoveryPalette::disabledOpacity));
     colors.setColor(QPalette::Highlight, RecoveryPalette::copper());
     colors.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
     setPalette(colors);

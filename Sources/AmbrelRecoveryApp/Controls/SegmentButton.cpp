@@ -61,6 +61,7 @@ void SegmentButton::keyPressEvent(QKeyEvent* event) {
 void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
     if (isChecked()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(RecoveryPalette::highlight());

@@ -65,6 +65,7 @@ ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
             static_cast<int>(std::ranges::find(allRecoveryAppFactors, state.factor) - allRecoveryAppFactors.begin()),
         .prompt = promptOf(state.factor),
         .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),
+        .canEdit = !state.isBusy(),
     };
     for (const AmbrelRecoveryAppFactor factor : allRecoveryAppFactors) {
         credential.factorLabels << labelOf(factor);

@@ -40,6 +40,7 @@ struct ChooseBackupContent {
         QString prompt;
         /// Shown while Caps Lock is on.
         QString capsLockHint;
+        bool canEdit = false;
 
         bool operator==(const Credential&) const = default;
     };

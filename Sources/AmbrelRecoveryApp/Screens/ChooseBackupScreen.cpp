@@ -51,14 +51,14 @@ void ChooseBackupScreen::apply(const ChooseBackupContent& content) {
         preparation_->apply(*content.preparation);
     }
     ShownPart::setShown(preparation_, content.preparation.has_value());
+    inspect_->setLabel(content.inspectLabel);
+    inspect_->setVisible(!content.inspecting);
+    inspect_->setEnabled(content.canInspect);
     credential_->apply(content.credential);
     if (content.inspecting) {
         inspecting_->apply(*content.inspecting);
     }
     ShownPart::setShown(inspecting_, content.inspecting.has_value());
-    inspect_->setLabel(content.inspectLabel);
-    inspect_->setVisible(!content.inspecting);
-    inspect_->setEnabled(content.canInspect);
     footnote_->setText(content.footnote);
 }
 

@@ -36,6 +36,8 @@ void CredentialCard::apply(const ChooseBackupContent::Credential& content) {
     kindLabel_->setText(content.kindLabel);
     picker_->setAccessibleName(content.kindLabel);
     picker_->apply(content.factorLabels, content.chosenFactor);
+    picker_->setEnabled(content.canEdit);
     field_->setPrompt(content.prompt);
     field_->setCapsLockHint(content.capsLockHint);
+    field_->setEnabled(content.canEdit);
 }

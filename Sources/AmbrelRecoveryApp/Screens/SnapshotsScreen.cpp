@@ -46,6 +46,7 @@ void SnapshotsScreen::apply(const SnapshotsContent& content) {
     title_->setText(content.title);
     list_->setAccessibleName(content.title);
     list_->apply(content.rows);
+    list_->setEnabled(!content.exporting);
     if (content.exporting) {
         exporting_->apply(*content.exporting);
     }

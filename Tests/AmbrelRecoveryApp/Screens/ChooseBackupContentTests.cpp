@@ -52,6 +52,13 @@ TEST(ChooseBackupContentTests, aPackageCanBeChosenOnlyWhileNothingRuns) {
     EXPECT_TRUE(chooseBackupContent(stateIn(Phase::complete)).package.canChoose);
 }
 
+TEST(ChooseBackupContentTests, theSecretAndItsKindCanBeChangedOnlyWhileNothingRuns) {
+    for (const Phase phase : allPhases) {
+        const RecoveryScreenState state = stateIn(phase);
+        EXPECT_EQ(chooseBackupContent(state).credential.canEdit, !state.isBusy());
+    }
+}
+
 TEST(ChooseBackupContentTests, thePreparationIsShownOnlyWhileItRuns) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(chooseBackupContent(stateIn(phase)).preparation.has_value(), phase == Phase::preparingPackage);

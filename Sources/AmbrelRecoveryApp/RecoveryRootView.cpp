@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/RecoveryRootView.h"
 
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
+#include "AmbrelRecoveryApp/Controls/HeldKeys.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
@@ -31,6 +32,7 @@
 RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
     RecoveryAccessibility::install();
+    new HeldKeys(this);
     // Before the widgets are made, which would otherwise take a new font later.
     applyInterfaceFont();
     setPalette(RecoveryPalette::ofToolkit());

@@ -13,6 +13,7 @@ set(screens_sources
   Controls/FirstChoice.cpp
   Controls/FileNameText.cpp
   Controls/FocusRing.cpp
+  Controls/HeldKeys.cpp
   Controls/IconButton.cpp
   Controls/LastInput.cpp
   Controls/Motion.cpp

@@ -107,6 +107,14 @@ constexpr std::array capsLockRows = {
 };
 constexpr Table capsLockTable = {u"Caps Lock is on", capsLockRows};
 
+constexpr std::array stepCompletedRows = {
+    Row{u"es", u"Completado"},  Row{u"pt", u"Concluído"},  Row{u"de", u"Abgeschlossen"}, Row{u"fr", u"Terminée"},
+    Row{u"it", u"Completato"},  Row{u"ja", u"完了済み"},   Row{u"ko", u"완료됨"},        Row{u"ru", u"Завершено"},
+    Row{u"pl", u"Ukończono"},   Row{u"tr", u"Tamamlandı"}, Row{u"ar", u"اكتملت"},        Row{u"zh-Hans", u"已完成"},
+    Row{u"zh-Hant", u"已完成"},
+};
+constexpr Table stepCompletedTable = {u"Completed", stepCompletedRows};
+
 QString text(const Table& table, const icu::Locale& locale) {
     const QString identifier = RecoveryAppCopy::languageIdentifier(locale);
     const auto row = std::ranges::find(table.rows, identifier, &Row::language);
@@ -153,4 +161,8 @@ QString RecoveryAppCopy::showInFinder(const icu::Locale& locale) {
 
 QString RecoveryAppCopy::capsLock(const icu::Locale& locale) {
     return text(capsLockTable, locale);
+}
+
+QString RecoveryAppCopy::stepCompleted(const icu::Locale& locale) {
+    return text(stepCompletedTable, locale);
 }

@@ -33,4 +33,7 @@ QString showInFinder(const icu::Locale& locale);
 /// Stands in the field for the secret while Caps Lock is on.
 QString capsLock(const icu::Locale& locale);
 
+/// What screen readers say of a step that lies behind the user.
+QString stepCompleted(const icu::Locale& locale);
+
 } // namespace RecoveryAppCopy

@@ -3,7 +3,7 @@
 import unittest
 
 from accessibility import Announcements, StateChanges
-from catalogue import NO_ACCOUNT, OKAY, READ_ONLY
+from catalogue import NO_ACCOUNT, OKAY, READ_ONLY, STEP_COMPLETED
 from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
@@ -48,11 +48,9 @@ class Accessibility(RecoveryTestCase):
         names = [texts["recovery.choose-package.action"], texts["recovery.snapshots.title"],
                  texts["files-export.completed.title"]]
 
-        done = texts["selection.done"]
-
         def assert_steps(*states):
-            self.assertEqual([(name, done if "checked" in told else "", told) for name, told in zip(names, states)],
-                             application.steps())
+            self.assertEqual([(name, STEP_COMPLETED if "checked" in told else "", told)
+                              for name, told in zip(names, states)], application.steps())
 
         assert_steps({"selected"}, set(), set())
         for name in names:

@@ -33,7 +33,7 @@ JourneyRailContent journeyRailContent(const RecoveryScreenState& state) {
         .readOnly = RecoveryAppCopy::readOnly(locale),
     };
     for (JourneyRailContent::Step& step : content.steps) {
-        step.spokenCheckmark = step.isCompleted ? localized(AmbrelStrings::selectionDone()) : QString();
+        step.spokenCheckmark = step.isCompleted ? RecoveryAppCopy::stepCompleted(locale) : QString();
     }
     return content;
 }

@@ -14,6 +14,7 @@ struct ExpectedAppCopy {
     QStringView providerPreparation;
     QStringView showInFinder;
     QStringView capsLock;
+    QStringView stepCompleted;
 };
 
 inline constexpr std::array expectedAppCopy = {
@@ -27,6 +28,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"online; cancelling does not change the backup.",
         .showInFinder = u"Show in Finder",
         .capsLock = u"Caps Lock is on",
+        .stepCompleted = u"Completed",
     },
     ExpectedAppCopy{
         .locale = "es",
@@ -38,6 +40,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"Mantén el Mac conectado a internet; puedes cancelar sin modificar la copia.",
         .showInFinder = u"Mostrar en Finder",
         .capsLock = u"Bloq Mayús activado",
+        .stepCompleted = u"Completado",
     },
     ExpectedAppCopy{
         .locale = "pt",
@@ -49,6 +52,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"baixá-lo. Mantenha o Mac conectado; você pode cancelar sem alterar o backup.",
         .showInFinder = u"Mostrar no Finder",
         .capsLock = u"Caps Lock ativado",
+        .stepCompleted = u"Concluído",
     },
     ExpectedAppCopy{
         .locale = "de",
@@ -60,6 +64,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"Lass den Mac online; ein Abbruch verändert das Backup nicht.",
         .showInFinder = u"Im Finder anzeigen",
         .capsLock = u"Feststelltaste ist aktiv",
+        .stepCompleted = u"Abgeschlossen",
     },
     ExpectedAppCopy{
         .locale = "fr",
@@ -71,6 +76,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"télécharger. Gardez le Mac en ligne ; l’annulation ne modifie pas la sauvegarde.",
         .showInFinder = u"Afficher dans le Finder",
         .capsLock = u"Verr. Maj. activé",
+        .stepCompleted = u"Terminée",
     },
     ExpectedAppCopy{
         .locale = "it",
@@ -82,6 +88,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"Mantieni il Mac online; l’annullamento non modifica il backup.",
         .showInFinder = u"Mostra nel Finder",
         .capsLock = u"Bloc Maiusc attivo",
+        .stepCompleted = u"Completato",
     },
     ExpectedAppCopy{
         .locale = "ja",
@@ -94,6 +101,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"ラインにしてください。キャンセルしてもバックアップは変更されません。",
         .showInFinder = u"Finderで表示",
         .capsLock = u"Caps Lockがオンです",
+        .stepCompleted = u"完了済み",
     },
     ExpectedAppCopy{
         .locale = "ko",
@@ -105,6 +113,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"Mac을 온라인 상태로 유지하십시오. 취소해도 백업은 변경되지 않습니다.",
         .showInFinder = u"Finder에서 보기",
         .capsLock = u"Caps Lock이 켜져 있음",
+        .stepCompleted = u"완료됨",
     },
     ExpectedAppCopy{
         .locale = "ru",
@@ -116,6 +125,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"чтобы скачать её. Не отключайте Mac от интернета; отмена не изменит резервную копию.",
         .showInFinder = u"Показать в Finder",
         .capsLock = u"Включён Caps Lock",
+        .stepCompleted = u"Завершено",
     },
     ExpectedAppCopy{
         .locale = "pl",
@@ -127,6 +137,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"pobranie. Pozostaw Maca online; anulowanie nie zmieni backupu.",
         .showInFinder = u"Pokaż w Finderze",
         .capsLock = u"Caps Lock jest włączony",
+        .stepCompleted = u"Ukończono",
     },
     ExpectedAppCopy{
         .locale = "tr",
@@ -138,6 +149,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"bağlı tutun; iptal etmek yedeklemeyi değiştirmez.",
         .showInFinder = u"Finder’da Göster",
         .capsLock = u"Caps Lock açık",
+        .stepCompleted = u"Tamamlandı",
     },
     ExpectedAppCopy{
         .locale = "ar",
@@ -149,6 +161,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"لتنزيلها. أبقِ Mac متصلاً بالإنترنت؛ لا يؤدي الإلغاء إلى تغيير النسخة.",
         .showInFinder = u"إظهار في Finder",
         .capsLock = u"مفتاح Caps Lock مفعّل",
+        .stepCompleted = u"اكتملت",
     },
     ExpectedAppCopy{
         .locale = "zh-Hans",
@@ -160,6 +173,7 @@ inline constexpr std::array expectedAppCopy = {
             u"如果备份位于 iCloud Drive，“文件”可能需要一些时间下载。请让 Mac 保持联网；取消不会更改备份。",
         .showInFinder = u"在 Finder 中显示",
         .capsLock = u"大写锁定已打开",
+        .stepCompleted = u"已完成",
     },
     ExpectedAppCopy{
         .locale = "zh-Hant",
@@ -171,5 +185,6 @@ inline constexpr std::array expectedAppCopy = {
             u"如果備份位於 iCloud Drive，「檔案」可能需要一些時間下載。請讓 Mac 保持連線；取消不會更改備份。",
         .showInFinder = u"在 Finder 中顯示",
         .capsLock = u"大寫鎖定已開啟",
+        .stepCompleted = u"已完成",
     },
 };

@@ -63,7 +63,7 @@ TEST_F(RailStepTests, areTheItemsOfAListInTheirOrder) {
 TEST_F(RailStepTests, tellWhichOneIsShownAndWhichAreCompleted) {
     const Told notYet{.isSelected = false, .isChecked = false, .description = {}};
     const Told shown{.isSelected = true, .isChecked = false, .description = {}};
-    const Told completed{.isSelected = false, .isChecked = true, .description = QStringLiteral("Done")};
+    const Told completed{.isSelected = false, .isChecked = true, .description = QStringLiteral("Completed")};
     for (const Phase phase : {Phase::chooseBackup, Phase::preparingPackage, Phase::inspecting}) {
         show(phase);
         EXPECT_EQ(told(), (std::vector<Told>{shown, notYet, notYet}));

@@ -30,6 +30,7 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::providerPreparation(language), expected.providerPreparation.toString());
         EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
         EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
+        EXPECT_EQ(RecoveryAppCopy::stepCompleted(language), expected.stepCompleted.toString());
     }
 }
 
@@ -56,7 +57,7 @@ TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
         const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
         for (const QStringView text :
              {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
-              expected.providerPreparation, expected.showInFinder, expected.capsLock}) {
+              expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted}) {
             QString shown = text.toString();
             if (locale == "fr") {
                 // The fixed text has an ordinary space there, and keeps it.
@@ -68,6 +69,15 @@ TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
                                                     [&used](UScriptCode script) { return used.contains(script); });
             EXPECT_TRUE(hasOwn || shown == QStringLiteral("OK")) << shown.toStdString();
         }
+    }
+}
+
+TEST(RecoveryAppCopyTests, aCompletedStepIsNotToldInTheWordOfAButton) {
+    for (const ExpectedAppCopy& expected : expectedAppCopy) {
+        const ScopedLanguage language(expected.locale, "en_US.UTF-8");
+        EXPECT_NE(RecoveryAppCopy::stepCompleted(AmbrelStrings::currentFormattingLocale()),
+                  AmbrelStrings::localized(AmbrelStrings::selectionDone()))
+            << expected.locale;
     }
 }
 

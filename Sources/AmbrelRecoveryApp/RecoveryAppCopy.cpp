@@ -115,6 +115,23 @@ constexpr std::array stepCompletedRows = {
 };
 constexpr Table stepCompletedTable = {u"Completed", stepCompletedRows};
 
+constexpr std::array chooseOrDropRows = {
+    Row{u"es", u"Elige la copia o arrástrala aquí."},
+    Row{u"pt", u"Escolha o backup ou arraste-o para cá."},
+    Row{u"de", u"Wähle das Backup oder zieh es hierher."},
+    Row{u"fr", u"Choisissez la sauvegarde ou déposez-la ici."},
+    Row{u"it", u"Scegli il backup o trascinalo qui."},
+    Row{u"ja", u"バックアップを選択するか、ここにドロップしてください。"},
+    Row{u"ko", u"백업을 선택하거나 여기로 드래그하십시오."},
+    Row{u"ru", u"Выберите резервную копию или перетащите её сюда."},
+    Row{u"pl", u"Wybierz backup lub przeciągnij go tutaj."},
+    Row{u"tr", u"Yedeklemeyi seçin veya buraya sürükleyin."},
+    Row{u"ar", u"اختر النسخة الاحتياطية أو اسحبها إلى هنا."},
+    Row{u"zh-Hans", u"请选取备份，或将其拖到此处。"},
+    Row{u"zh-Hant", u"請選擇備份，或將其拖到此處。"},
+};
+constexpr Table chooseOrDropTable = {u"Choose the backup, or drop it here.", chooseOrDropRows};
+
 QString text(const Table& table, const icu::Locale& locale) {
     const QString identifier = RecoveryAppCopy::languageIdentifier(locale);
     const auto row = std::ranges::find(table.rows, identifier, &Row::language);
@@ -165,4 +182,8 @@ QString RecoveryAppCopy::capsLock(const icu::Locale& locale) {
 
 QString RecoveryAppCopy::stepCompleted(const icu::Locale& locale) {
     return text(stepCompletedTable, locale);
+}
+
+QString RecoveryAppCopy::chooseOrDrop(const icu::Locale& locale) {
+    return text(chooseOrDropTable, locale);
 }

@@ -36,4 +36,7 @@ QString capsLock(const icu::Locale& locale);
 /// What screen readers say of a step that lies behind the user.
 QString stepCompleted(const icu::Locale& locale);
 
+/// Stands on the card of the package before there is one.
+QString chooseOrDrop(const icu::Locale& locale);
+
 } // namespace RecoveryAppCopy

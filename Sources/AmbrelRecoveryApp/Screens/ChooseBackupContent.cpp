@@ -16,6 +16,7 @@ ChooseBackupContent::Package packageOf(const RecoveryScreenState& state) {
     ChooseBackupContent::Package package{
         .name = std::nullopt,
         .kind = QStringLiteral(".ambrel"),
+        .hint = RecoveryAppCopy::chooseOrDrop(AmbrelStrings::currentFormattingLocale()),
         .chooseLabel = localized(AmbrelStrings::recoveryChoosePackageAction()),
         .canChoose = !state.isBusy(),
     };

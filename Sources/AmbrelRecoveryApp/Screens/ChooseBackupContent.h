@@ -15,6 +15,8 @@ struct ChooseBackupContent {
         std::optional<QString> name;
         /// What kind of file it is.
         QString kind;
+        /// What to do as long as there is none.
+        QString hint;
         QString chooseLabel;
         bool canChoose = false;
 

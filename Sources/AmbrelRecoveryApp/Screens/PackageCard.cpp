@@ -12,17 +12,18 @@ PackageCard::PackageCard(QWidget* parent)
     : Card(parent), symbol_(new SymbolView(RecoverySymbol::shippingboxFill, 22, RecoveryPalette::muted(), this)),
       name_(new TextLabel(recoveryFont(16, QFont::DemiBold), RecoveryPalette::primary(), this)),
       kind_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this)),
+      hint_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::secondary(), this, 19)),
       choose_(new SecondaryRecoveryButton(RecoverySymbol::folder, this)) {
     name_->setDirection(TextLabel::Direction::text);
     kind_->setDirection(TextLabel::Direction::text);
 
-    // A widget, since an empty layout would not keep the button at the trailing edge.
     auto* const texts = new QWidget(this);
     auto* const column = new QVBoxLayout(texts);
     column->setContentsMargins(0, 0, 0, 3);
     column->setSpacing(4);
     column->addWidget(name_);
     column->addWidget(kind_);
+    column->addWidget(hint_);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(19, 19, 19, 19);
@@ -39,6 +40,8 @@ void PackageCard::apply(const ChooseBackupContent::Package& content) {
     name_->setText(content.name.value_or(QString()));
     kind_->setVisible(content.name.has_value());
     kind_->setText(content.kind);
+    hint_->setVisible(!content.name);
+    hint_->setText(content.hint);
     choose_->setLabel(content.chooseLabel);
     choose_->setEnabled(content.canChoose);
 }

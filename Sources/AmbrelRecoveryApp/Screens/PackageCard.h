@@ -24,5 +24,6 @@ private:
     SymbolView* const symbol_;
     TextLabel* const name_;
     TextLabel* const kind_;
+    TextLabel* const hint_;
     SecondaryRecoveryButton* const choose_;
 };

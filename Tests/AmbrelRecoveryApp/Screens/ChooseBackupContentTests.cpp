@@ -19,6 +19,7 @@ TEST(HeaderContentTests, isTheSameInEveryPhase) {
 TEST(ChooseBackupContentTests, showsNoPackageBeforeOneIsChosen) {
     const ChooseBackupContent content = chooseBackupContent(stateIn(Phase::chooseBackup));
     EXPECT_EQ(content.package.name, std::nullopt);
+    EXPECT_EQ(content.package.hint, QStringLiteral("Choose the backup, or drop it here."));
     EXPECT_EQ(content.package.chooseLabel, QStringLiteral("Choose backup package"));
     EXPECT_TRUE(content.package.canChoose);
 }

@@ -15,6 +15,7 @@ struct ExpectedAppCopy {
     QStringView showInFinder;
     QStringView capsLock;
     QStringView stepCompleted;
+    QStringView chooseOrDrop;
 };
 
 inline constexpr std::array expectedAppCopy = {
@@ -29,6 +30,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Show in Finder",
         .capsLock = u"Caps Lock is on",
         .stepCompleted = u"Completed",
+        .chooseOrDrop = u"Choose the backup, or drop it here.",
     },
     ExpectedAppCopy{
         .locale = "es",
@@ -41,6 +43,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Mostrar en Finder",
         .capsLock = u"Bloq Mayús activado",
         .stepCompleted = u"Completado",
+        .chooseOrDrop = u"Elige la copia o arrástrala aquí.",
     },
     ExpectedAppCopy{
         .locale = "pt",
@@ -53,6 +56,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Mostrar no Finder",
         .capsLock = u"Caps Lock ativado",
         .stepCompleted = u"Concluído",
+        .chooseOrDrop = u"Escolha o backup ou arraste-o para cá.",
     },
     ExpectedAppCopy{
         .locale = "de",
@@ -65,6 +69,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Im Finder anzeigen",
         .capsLock = u"Feststelltaste ist aktiv",
         .stepCompleted = u"Abgeschlossen",
+        .chooseOrDrop = u"Wähle das Backup oder zieh es hierher.",
     },
     ExpectedAppCopy{
         .locale = "fr",
@@ -77,6 +82,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Afficher dans le Finder",
         .capsLock = u"Verr. Maj. activé",
         .stepCompleted = u"Terminée",
+        .chooseOrDrop = u"Choisissez la sauvegarde ou déposez-la ici.",
     },
     ExpectedAppCopy{
         .locale = "it",
@@ -89,6 +95,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Mostra nel Finder",
         .capsLock = u"Bloc Maiusc attivo",
         .stepCompleted = u"Completato",
+        .chooseOrDrop = u"Scegli il backup o trascinalo qui.",
     },
     ExpectedAppCopy{
         .locale = "ja",
@@ -102,6 +109,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Finderで表示",
         .capsLock = u"Caps Lockがオンです",
         .stepCompleted = u"完了済み",
+        .chooseOrDrop = u"バックアップを選択するか、ここにドロップしてください。",
     },
     ExpectedAppCopy{
         .locale = "ko",
@@ -114,6 +122,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Finder에서 보기",
         .capsLock = u"Caps Lock이 켜져 있음",
         .stepCompleted = u"완료됨",
+        .chooseOrDrop = u"백업을 선택하거나 여기로 드래그하십시오.",
     },
     ExpectedAppCopy{
         .locale = "ru",
@@ -126,6 +135,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Показать в Finder",
         .capsLock = u"Включён Caps Lock",
         .stepCompleted = u"Завершено",
+        .chooseOrDrop = u"Выберите резервную копию или перетащите её сюда.",
     },
     ExpectedAppCopy{
         .locale = "pl",
@@ -138,6 +148,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Pokaż w Finderze",
         .capsLock = u"Caps Lock jest włączony",
         .stepCompleted = u"Ukończono",
+        .chooseOrDrop = u"Wybierz backup lub przeciągnij go tutaj.",
     },
     ExpectedAppCopy{
         .locale = "tr",
@@ -150,6 +161,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"Finder’da Göster",
         .capsLock = u"Caps Lock açık",
         .stepCompleted = u"Tamamlandı",
+        .chooseOrDrop = u"Yedeklemeyi seçin veya buraya sürükleyin.",
     },
     ExpectedAppCopy{
         .locale = "ar",
@@ -162,6 +174,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"إظهار في Finder",
         .capsLock = u"مفتاح Caps Lock مفعّل",
         .stepCompleted = u"اكتملت",
+        .chooseOrDrop = u"اختر النسخة الاحتياطية أو اسحبها إلى هنا.",
     },
     ExpectedAppCopy{
         .locale = "zh-Hans",
@@ -174,6 +187,7 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"在 Finder 中显示",
         .capsLock = u"大写锁定已打开",
         .stepCompleted = u"已完成",
+        .chooseOrDrop = u"请选取备份，或将其拖到此处。",
     },
     ExpectedAppCopy{
         .locale = "zh-Hant",
@@ -186,5 +200,6 @@ inline constexpr std::array expectedAppCopy = {
         .showInFinder = u"在 Finder 中顯示",
         .capsLock = u"大寫鎖定已開啟",
         .stepCompleted = u"已完成",
+        .chooseOrDrop = u"請選擇備份，或將其拖到此處。",
     },
 };

@@ -31,6 +31,7 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
         EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
         EXPECT_EQ(RecoveryAppCopy::stepCompleted(language), expected.stepCompleted.toString());
+        EXPECT_EQ(RecoveryAppCopy::chooseOrDrop(language), expected.chooseOrDrop.toString());
     }
 }
 
@@ -57,7 +58,8 @@ TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
         const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
         for (const QStringView text :
              {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
-              expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted}) {
+              expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted,
+              expected.chooseOrDrop}) {
             QString shown = text.toString();
             if (locale == "fr") {
                 // The fixed text has an ordinary space there, and keeps it.

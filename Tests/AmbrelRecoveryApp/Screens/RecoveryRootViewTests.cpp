@@ -11,9 +11,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -92,6 +95,20 @@ TEST_F(RecoveryRootViewTests, redrawsOnceInTheNextTurnHoweverManyChangesThereWer
     EXPECT_EQ(field().accessibleName(), QStringLiteral("Recovery key"));
     redraw();
     EXPECT_EQ(redraws.count(), 1);
+}
+
+TEST_F(RecoveryRootViewTests, saysWhatToDoUntilThereIsAPackage) {
+    open();
+    const auto isShown = [this](const QString& text) {
+        return std::ranges::any_of(view->findChildren<QLabel*>(), [&text](const QLabel* label) {
+            return label->isVisible() && label->text() == text;
+        });
+    };
+    EXPECT_TRUE(isShown(QStringLiteral("Choose the backup, or drop it here.")));
+    choosePackage();
+    redraw();
+    EXPECT_FALSE(isShown(QStringLiteral("Choose the backup, or drop it here.")));
+    EXPECT_TRUE(isShown(QStringLiteral("Family Photos.ambrel")));
 }
 
 TEST_F(RecoveryRootViewTests, typingAndTheCursorSurviveARedraw) {

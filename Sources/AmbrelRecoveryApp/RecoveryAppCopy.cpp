@@ -132,6 +132,27 @@ constexpr std::array chooseOrDropRows = {
 };
 constexpr Table chooseOrDropTable = {u"Choose the backup, or drop it here.", chooseOrDropRows};
 
+constexpr std::array noSnapshotsRows = {
+    Row{u"es", u"Esta copia no contiene instantáneas, así que no hay nada que exportar. Elige otro paquete."},
+    Row{u"pt", u"Este backup não contém instantâneos, portanto não há nada para exportar. Escolha outro pacote."},
+    Row{u"de", u"Dieses Backup enthält keine Snapshots, es gibt also nichts zu exportieren. Wähle ein anderes Paket."},
+    Row{u"fr", u"Cette sauvegarde ne contient aucun instantané, il n’y a donc rien à exporter. Choisissez une autre "
+               u"sauvegarde."},
+    Row{u"it", u"Questo backup non contiene istantanee, quindi non c’è nulla da esportare. Scegli un altro backup."},
+    Row{u"ja", u"このバックアップにはスナップショットが含まれていないため、書き出せるものがありません。別のバックアップ"
+               u"を選択してください。"},
+    Row{u"ko", u"이 백업에는 스냅샷이 없어 내보낼 항목이 없습니다. 다른 패키지를 선택하십시오."},
+    Row{u"ru",
+        u"В этой резервной копии нет моментальных снимков, поэтому экспортировать нечего. Выберите другой пакет."},
+    Row{u"pl", u"Ten backup nie zawiera migawek, więc nie ma czego eksportować. Wybierz inny pakiet."},
+    Row{u"tr", u"Bu yedeklemede anlık görüntü yok, bu nedenle dışa aktarılacak bir şey de yok. Başka bir paket seçin."},
+    Row{u"ar", u"لا تحتوي هذه النسخة الاحتياطية على أي لقطات، فلا يوجد ما يمكن تصديره. اختر حزمة أخرى."},
+    Row{u"zh-Hans", u"此备份不包含快照，因此没有可导出的内容。请选取其他备份包。"},
+    Row{u"zh-Hant", u"此備份不包含快照，因此沒有可匯出的內容。請選擇其他套件。"},
+};
+constexpr Table noSnapshotsTable = {
+    u"This backup holds no snapshots, so there is nothing to export. Choose another package.", noSnapshotsRows};
+
 QString text(const Table& table, const icu::Locale& locale) {
     const QString identifier = RecoveryAppCopy::languageIdentifier(locale);
     const auto row = std::ranges::find(table.rows, identifier, &Row::language);
@@ -186,4 +207,8 @@ QString RecoveryAppCopy::stepCompleted(const icu::Locale& locale) {
 
 QString RecoveryAppCopy::chooseOrDrop(const icu::Locale& locale) {
     return text(chooseOrDropTable, locale);
+}
+
+QString RecoveryAppCopy::noSnapshots(const icu::Locale& locale) {
+    return text(noSnapshotsTable, locale);
 }

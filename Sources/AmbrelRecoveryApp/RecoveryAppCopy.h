@@ -39,4 +39,7 @@ QString stepCompleted(const icu::Locale& locale);
 /// Stands on the card of the package before there is one.
 QString chooseOrDrop(const icu::Locale& locale);
 
+/// Stands in the place of the snapshots where a backup holds none.
+QString noSnapshots(const icu::Locale& locale);
+
 } // namespace RecoveryAppCopy

@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
@@ -68,6 +69,7 @@ void RecoveryRootView::addSnapshots() {
     const SnapshotsScreen* const snapshots = content_->addSnapshots();
     connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
     connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
+    connect(snapshots, &SnapshotsScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
     connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
 }
 
@@ -226,6 +228,8 @@ QWidget* RecoveryRootView::widgetOf(FocusPlan::Target target) const {
         return content_->snapshots()->list();
     case Target::exportButton:
         return content_->snapshots()->exportButton();
+    case Target::chooseAnotherButton:
+        return content_->snapshots()->chooseAnotherButton();
     case Target::revealButton:
         return content_->completion()->revealButton();
     }

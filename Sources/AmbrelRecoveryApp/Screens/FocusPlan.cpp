@@ -14,7 +14,10 @@ Target targetOfNewPhase(const RecoveryScreenState& before, const RecoveryScreenS
     case Phase::exporting:
         return Target::cancelButton;
     case Phase::snapshots:
-        return before.phase == Phase::exporting ? Target::exportButton : Target::snapshotList;
+        if (before.phase == Phase::exporting) {
+            return Target::exportButton;
+        }
+        return after.snapshots->count() == 0 ? Target::chooseAnotherButton : Target::snapshotList;
     case Phase::complete:
         return Target::revealButton;
     }

@@ -7,7 +7,15 @@
 /// Where the keyboard should act after the workflow has gone on.
 namespace FocusPlan {
 
-enum class Target { chooseButton, secretField, cancelButton, snapshotList, exportButton, revealButton };
+enum class Target {
+    chooseButton,
+    secretField,
+    cancelButton,
+    snapshotList,
+    exportButton,
+    chooseAnotherButton,
+    revealButton
+};
 
 /// Where the focus goes at the start.
 inline constexpr Target first = Target::chooseButton;

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotsContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
 namespace {
@@ -31,10 +32,15 @@ SnapshotsContent snapshotsContent(const RecoveryScreenState& state) {
         .forkNotice = std::nullopt,
         .title = localized(AmbrelStrings::recoverySnapshotsTitle()),
         .rows = rowsOf(state),
+        .emptyText = std::nullopt,
         .exporting = std::nullopt,
         .exportLabel = localized(AmbrelStrings::filesExportStart()),
         .canExport = state.canExport,
+        .chooseAnotherLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
     };
+    if (state.snapshots && content.rows.count() == 0) {
+        content.emptyText = RecoveryAppCopy::noSnapshots(AmbrelStrings::currentFormattingLocale());
+    }
     if (hasFork(state)) {
         content.forkNotice = NoticeContent{.title = localized(AmbrelStrings::recoveryBranchForkTitle()),
                                            .body = localized(AmbrelStrings::recoveryBranchForkBody())};

@@ -15,10 +15,13 @@ struct SnapshotsContent {
     std::optional<NoticeContent> forkNotice;
     QString title;
     SnapshotRows rows;
-    /// Shown in the place of the export button while the engine exports.
+    /// Shown in the place of the rows where the backup holds no snapshots.
+    std::optional<QString> emptyText;
+    /// Shown in the place of the buttons while the engine exports.
     std::optional<ProgressRowContent> exporting;
     QString exportLabel;
     bool canExport = false;
+    QString chooseAnotherLabel;
 
     bool operator==(const SnapshotsContent&) const = default;
 };

@@ -4,9 +4,12 @@
 
 #include <QWidget>
 
+class ButtonRow;
+class Card;
 class Notice;
 class PrimaryRecoveryButton;
 class ProgressRow;
+class SecondaryRecoveryButton;
 class SnapshotList;
 class TextLabel;
 
@@ -21,18 +24,26 @@ public:
 
     SnapshotList* list() const { return list_; }
     PrimaryRecoveryButton* exportButton() const { return export_; }
+    SecondaryRecoveryButton* chooseAnotherButton() const { return chooseAnother_; }
     QWidget* cancelButton() const;
 
 signals:
     /// The user chose the snapshot in `row`.
     void snapshotChosen(int row);
     void exportRequested();
+    void startAgainRequested();
     void cancelRequested();
 
 private:
+    void applyButtons(const SnapshotsContent& content);
+
     Notice* const forkNotice_;
     TextLabel* const title_;
     SnapshotList* const list_;
+    Card* const empty_;
+    TextLabel* const emptyText_;
     PrimaryRecoveryButton* const export_;
+    SecondaryRecoveryButton* const chooseAnother_;
+    ButtonRow* const buttons_;
     ProgressRow* const exporting_;
 };

@@ -27,6 +27,9 @@ QString snapshotsAnnouncement(const RecoveryScreenState& state) {
     if (content.forkNotice) {
         texts << content.forkNotice->title << content.forkNotice->body;
     }
+    if (content.emptyText) {
+        texts << *content.emptyText;
+    }
     return sentences(texts);
 }
 
@@ -43,7 +46,9 @@ std::optional<QString> phaseAnnouncement(Phase before, const RecoveryScreenState
     switch (after.phase) {
     case Phase::chooseBackup:
         // After a cancelled or refused inspection the user is back where they were.
-        return before == Phase::complete ? std::optional(firstStepAnnouncement()) : std::nullopt;
+        return before == Phase::preparingPackage || before == Phase::inspecting
+                   ? std::nullopt
+                   : std::optional(firstStepAnnouncement());
     case Phase::preparingPackage:
         return RecoveryAppCopy::providerPreparationTitle(AmbrelStrings::currentFormattingLocale());
     case Phase::inspecting:

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr QSize smallestSize(880, 660);
-constexpr int stateCount = 20;
+constexpr int stateCount = 21;
 
 } // namespace
 

@@ -132,6 +132,8 @@ void ScreenWalk::visitInspecting() {
 }
 
 void ScreenWalk::visitSnapshots() {
+    inspect(ScreenWalkDocuments::emptyInspection());
+    visit(QStringLiteral("snapshots-none"));
     inspect(ScreenWalkDocuments::largeInspection());
     visit(QStringLiteral("snapshots-large"));
     inspect(ScreenWalkDocuments::forkedInspection());

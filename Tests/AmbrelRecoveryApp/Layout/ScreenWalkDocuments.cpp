@@ -66,6 +66,10 @@ std::string ScreenWalkDocuments::largeInspection() {
                        {"long", 1'798'498'740'000, 2'888'888, 5'888'888, 8'888'888 * megabyte, false}});
 }
 
+std::string ScreenWalkDocuments::emptyInspection() {
+    return documentOf("no-published-head", {});
+}
+
 std::string ScreenWalkDocuments::exportReport() {
     return R"({"schemaIdentifier":"com.ambrel.recovery.cli-export.v1","status":"complete",)"
            R"("selectedSnapshotCode":"newest","totalItemCount":4812,"recoveredItemCount":4812,)"

@@ -11,6 +11,8 @@ std::string inspection();
 std::string forkedInspection();
 /// Snapshots with counts and sizes as long as they can reasonably be, none of them complete.
 std::string largeInspection();
+/// No snapshots at all.
+std::string emptyInspection();
 /// An export of a few thousand items.
 std::string exportReport();
 

@@ -16,6 +16,7 @@ struct ExpectedAppCopy {
     QStringView capsLock;
     QStringView stepCompleted;
     QStringView chooseOrDrop;
+    QStringView noSnapshots;
 };
 
 inline constexpr std::array expectedAppCopy = {
@@ -31,6 +32,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lock is on",
         .stepCompleted = u"Completed",
         .chooseOrDrop = u"Choose the backup, or drop it here.",
+        .noSnapshots = u"This backup holds no snapshots, so there is nothing to export. Choose another package.",
     },
     ExpectedAppCopy{
         .locale = "es",
@@ -44,6 +46,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Bloq Mayús activado",
         .stepCompleted = u"Completado",
         .chooseOrDrop = u"Elige la copia o arrástrala aquí.",
+        .noSnapshots = u"Esta copia no contiene instantáneas, así que no hay nada que exportar. Elige otro paquete.",
     },
     ExpectedAppCopy{
         .locale = "pt",
@@ -57,6 +60,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lock ativado",
         .stepCompleted = u"Concluído",
         .chooseOrDrop = u"Escolha o backup ou arraste-o para cá.",
+        .noSnapshots =
+            u"Este backup não contém instantâneos, portanto não há nada para exportar. Escolha outro pacote.",
     },
     ExpectedAppCopy{
         .locale = "de",
@@ -70,6 +75,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Feststelltaste ist aktiv",
         .stepCompleted = u"Abgeschlossen",
         .chooseOrDrop = u"Wähle das Backup oder zieh es hierher.",
+        .noSnapshots =
+            u"Dieses Backup enthält keine Snapshots, es gibt also nichts zu exportieren. Wähle ein anderes Paket.",
     },
     ExpectedAppCopy{
         .locale = "fr",
@@ -83,6 +90,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Verr. Maj. activé",
         .stepCompleted = u"Terminée",
         .chooseOrDrop = u"Choisissez la sauvegarde ou déposez-la ici.",
+        .noSnapshots = u"Cette sauvegarde ne contient aucun instantané, il n’y a donc rien à exporter. Choisissez une "
+                       u"autre sauvegarde.",
     },
     ExpectedAppCopy{
         .locale = "it",
@@ -96,6 +105,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Bloc Maiusc attivo",
         .stepCompleted = u"Completato",
         .chooseOrDrop = u"Scegli il backup o trascinalo qui.",
+        .noSnapshots =
+            u"Questo backup non contiene istantanee, quindi non c’è nulla da esportare. Scegli un altro backup.",
     },
     ExpectedAppCopy{
         .locale = "ja",
@@ -110,6 +121,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lockがオンです",
         .stepCompleted = u"完了済み",
         .chooseOrDrop = u"バックアップを選択するか、ここにドロップしてください。",
+        .noSnapshots = u"このバックアップにはスナップショットが含まれていないため、書き出せるものがありません。別のバッ"
+                       u"クアップを選択してください。",
     },
     ExpectedAppCopy{
         .locale = "ko",
@@ -123,6 +136,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lock이 켜져 있음",
         .stepCompleted = u"완료됨",
         .chooseOrDrop = u"백업을 선택하거나 여기로 드래그하십시오.",
+        .noSnapshots = u"이 백업에는 스냅샷이 없어 내보낼 항목이 없습니다. 다른 패키지를 선택하십시오.",
     },
     ExpectedAppCopy{
         .locale = "ru",
@@ -136,6 +150,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Включён Caps Lock",
         .stepCompleted = u"Завершено",
         .chooseOrDrop = u"Выберите резервную копию или перетащите её сюда.",
+        .noSnapshots =
+            u"В этой резервной копии нет моментальных снимков, поэтому экспортировать нечего. Выберите другой пакет.",
     },
     ExpectedAppCopy{
         .locale = "pl",
@@ -149,6 +165,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lock jest włączony",
         .stepCompleted = u"Ukończono",
         .chooseOrDrop = u"Wybierz backup lub przeciągnij go tutaj.",
+        .noSnapshots = u"Ten backup nie zawiera migawek, więc nie ma czego eksportować. Wybierz inny pakiet.",
     },
     ExpectedAppCopy{
         .locale = "tr",
@@ -162,6 +179,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lock açık",
         .stepCompleted = u"Tamamlandı",
         .chooseOrDrop = u"Yedeklemeyi seçin veya buraya sürükleyin.",
+        .noSnapshots =
+            u"Bu yedeklemede anlık görüntü yok, bu nedenle dışa aktarılacak bir şey de yok. Başka bir paket seçin.",
     },
     ExpectedAppCopy{
         .locale = "ar",
@@ -175,6 +194,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"مفتاح Caps Lock مفعّل",
         .stepCompleted = u"اكتملت",
         .chooseOrDrop = u"اختر النسخة الاحتياطية أو اسحبها إلى هنا.",
+        .noSnapshots = u"لا تحتوي هذه النسخة الاحتياطية على أي لقطات، فلا يوجد ما يمكن تصديره. اختر حزمة أخرى.",
     },
     ExpectedAppCopy{
         .locale = "zh-Hans",
@@ -188,6 +208,7 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"大写锁定已打开",
         .stepCompleted = u"已完成",
         .chooseOrDrop = u"请选取备份，或将其拖到此处。",
+        .noSnapshots = u"此备份不包含快照，因此没有可导出的内容。请选取其他备份包。",
     },
     ExpectedAppCopy{
         .locale = "zh-Hant",
@@ -201,5 +222,6 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"大寫鎖定已開啟",
         .stepCompleted = u"已完成",
         .chooseOrDrop = u"請選擇備份，或將其拖到此處。",
+        .noSnapshots = u"此備份不包含快照，因此沒有可匯出的內容。請選擇其他套件。",
     },
 };

@@ -43,6 +43,12 @@ TEST(FocusPlanTests, goesToTheListAfterAnInspection) {
     EXPECT_EQ(between(Phase::inspecting, Phase::snapshots), Target::snapshotList);
 }
 
+TEST(FocusPlanTests, goesToTheWayBackWhereThereAreNoSnapshots) {
+    RecoveryScreenState empty = stateIn(Phase::snapshots);
+    empty.snapshots = std::make_shared<SortedSnapshots>(inspection({}));
+    EXPECT_EQ(FocusPlan::target(stateIn(Phase::inspecting), empty), Target::chooseAnotherButton);
+}
+
 TEST(FocusPlanTests, goesToTheExportButtonAfterAnExportThatCameToNothing) {
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), Target::exportButton);
 }

@@ -32,6 +32,7 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
         EXPECT_EQ(RecoveryAppCopy::stepCompleted(language), expected.stepCompleted.toString());
         EXPECT_EQ(RecoveryAppCopy::chooseOrDrop(language), expected.chooseOrDrop.toString());
+        EXPECT_EQ(RecoveryAppCopy::noSnapshots(language), expected.noSnapshots.toString());
     }
 }
 
@@ -59,7 +60,7 @@ TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
         for (const QStringView text :
              {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
               expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted,
-              expected.chooseOrDrop}) {
+              expected.chooseOrDrop, expected.noSnapshots}) {
             QString shown = text.toString();
             if (locale == "fr") {
                 // The fixed text has an ordinary space there, and keeps it.

@@ -10,13 +10,9 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
-#include <QLabel>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
-
-#include <algorithm>
 
 namespace {
 
@@ -57,28 +53,6 @@ protected:
         EXPECT_FALSE(isAlertShown());
         EXPECT_TRUE(field().hasFocus());
     }
-
-    /// Tries everything that a user has for typing a secret and choosing its kind.
-    void useTheCredentialCard() {
-        QTest::keyClicks(&field(), QStringLiteral("typed"));
-        QGuiApplication::clipboard()->setText(QStringLiteral("pasted"));
-        QTest::keyClick(&field(), Qt::Key_V, Qt::ControlModifier);
-        accessible(field())->editableTextInterface()->insertText(0, QStringLiteral("dictated"));
-        auto* const key = control<QRadioButton>(QStringLiteral("Recovery key"));
-        QTest::mouseClick(key, Qt::LeftButton);
-        QTest::keyClick(key, Qt::Key_Space);
-        accessible(*key)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    }
-
-    void expectTheCredentialCardOutOfUse() {
-        EXPECT_TRUE(field().secret().isEmpty());
-        EXPECT_EQ(model->credential().view(), u"");
-        EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::backupPassphrase);
-        EXPECT_TRUE(accessible(field())->state().disabled);
-        EXPECT_TRUE(accessible(*control<QRadioButton>(QStringLiteral("Recovery key")))->state().disabled);
-    }
-
-    static QAccessibleInterface* accessible(QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget); }
 };
 
 TEST_F(RecoveryRootViewTests, redrawsOnceInTheNextTurnHoweverManyChangesThereWere) {
@@ -95,20 +69,6 @@ TEST_F(RecoveryRootViewTests, redrawsOnceInTheNextTurnHoweverManyChangesThereWer
     EXPECT_EQ(field().accessibleName(), QStringLiteral("Recovery key"));
     redraw();
     EXPECT_EQ(redraws.count(), 1);
-}
-
-TEST_F(RecoveryRootViewTests, saysWhatToDoUntilThereIsAPackage) {
-    open();
-    const auto isShown = [this](const QString& text) {
-        return std::ranges::any_of(view->findChildren<QLabel*>(), [&text](const QLabel* label) {
-            return label->isVisible() && label->text() == text;
-        });
-    };
-    EXPECT_TRUE(isShown(QStringLiteral("Choose the backup, or drop it here.")));
-    choosePackage();
-    redraw();
-    EXPECT_FALSE(isShown(QStringLiteral("Choose the backup, or drop it here.")));
-    EXPECT_TRUE(isShown(QStringLiteral("Family Photos.ambrel")));
 }
 
 TEST_F(RecoveryRootViewTests, typingAndTheCursorSurviveARedraw) {
@@ -161,52 +121,6 @@ TEST_F(RecoveryRootViewTests, theSecretLeavesTheFieldAtOnceWhenItIsUsed) {
     EXPECT_TRUE(field().secret().isEmpty());
     EXPECT_FALSE(field().isEnabled());
     model->cancelOperation();
-}
-
-TEST_F(RecoveryRootViewTests, whileABackupIsInspectedItsSecretCannotBeTypedAndItsKindNotChanged) {
-    setEngineThatWaits();
-    open();
-    choosePackage();
-    redraw();
-    QTest::keyClicks(&field(), QStringLiteral("secret"));
-    redraw();
-    press(Qt::Key_Return);
-    // Before the next turn of the event loop.
-    useTheCredentialCard();
-    expectTheCredentialCardOutOfUse();
-    waitForPhase(Phase::inspecting);
-    redraw();
-    useTheCredentialCard();
-    expectTheCredentialCardOutOfUse();
-    model->cancelOperation();
-    redraw();
-    EXPECT_TRUE(field().isEnabled());
-    EXPECT_TRUE(control<QRadioButton>(QStringLiteral("Recovery key"))->isEnabled());
-}
-
-TEST_F(RecoveryRootViewTests, whileASnapshotIsExportedNoOtherCanBeChosen) {
-    open();
-    inspect(inspectionDocument());
-    redraw();
-    const std::optional<std::string> selected = model->selectedSnapshotCode();
-    setEngineThatWaits();
-    panels.answer = path("Ambrel Recovered");
-    model->chooseDestinationAndExport();
-    waitForPhase(Phase::exporting);
-    redraw();
-    QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                      list().visualRect(list().model()->index(1, 0)).topLeft() + QPoint(40, 20));
-    QTest::keyClick(&list(), Qt::Key_Down);
-    QAccessibleInterface* const row = QAccessible::queryAccessibleInterface(&list())->child(1);
-    EXPECT_TRUE(row->state().disabled);
-    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    redraw();
-    EXPECT_EQ(model->selectedSnapshotCode(), selected);
-    EXPECT_EQ(list().currentIndex().row(), 0);
-    model->cancelOperation();
-    redraw();
-    list().choose(1);
-    EXPECT_NE(model->selectedSnapshotCode(), selected);
 }
 
 TEST_F(RecoveryRootViewTests, theWholeRoadCanBeWalkedByKeyboard) {

@@ -65,6 +65,13 @@ TEST(SnapshotsContentTests, withoutAnInspectionTheListIsEmpty) {
     EXPECT_EQ(content.forkNotice, std::nullopt);
 }
 
+TEST(SnapshotsContentTests, saysSoWhereABackupHoldsNoSnapshots) {
+    EXPECT_EQ(snapshotsContent(stateWith({})).emptyText,
+              QStringLiteral("This backup holds no snapshots, so there is nothing to export. Choose another package."));
+    EXPECT_EQ(snapshotsContent(stateWith({snapshot("a", 0)})).emptyText, std::nullopt);
+    EXPECT_EQ(snapshotsContent(RecoveryScreenState()).emptyText, std::nullopt);
+}
+
 TEST(SnapshotsContentTests, onlyAnUnresolvedForkShowsTheNotice) {
     const SnapshotsContent content = snapshotsContent(stateWith({snapshot("a", 0)}, "unresolved-fork"));
     ASSERT_TRUE(content.forkNotice);
@@ -156,6 +163,7 @@ TEST(SnapshotsContentTests, theExportButtonFollowsTheModel) {
     EXPECT_TRUE(snapshotsContent(state).canExport);
     EXPECT_EQ(snapshotsContent(state).exportLabel, QStringLiteral("Export"));
     EXPECT_EQ(snapshotsContent(state).title, QStringLiteral("Snapshots"));
+    EXPECT_EQ(snapshotsContent(state).chooseAnotherLabel, QStringLiteral("Choose another package"));
 }
 
 TEST(SnapshotsContentTests, isEqualForTheSameInspectionSelectionAndLanguage) {

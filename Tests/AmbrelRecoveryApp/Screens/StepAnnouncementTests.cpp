@@ -45,6 +45,14 @@ TEST(StepAnnouncementTests, readsTheNoticeOfAForkWithTheSnapshots) {
     EXPECT_TRUE(announcement->startsWith(QStringLiteral("Snapshots\n")));
 }
 
+TEST(StepAnnouncementTests, saysThatThereAreNoSnapshots) {
+    RecoveryScreenState empty = stateIn(Phase::snapshots);
+    empty.snapshots = std::make_shared<const SortedSnapshots>(inspection({}));
+    const std::optional<QString> announcement = stepAnnouncement(stateIn(Phase::inspecting), empty);
+    ASSERT_TRUE(announcement.has_value());
+    EXPECT_TRUE(announcement->startsWith(QStringLiteral("Snapshots\nThis backup holds no snapshots")));
+}
+
 TEST(StepAnnouncementTests, readsTheCountAtTheEnd) {
     RecoveryScreenState complete = stateIn(Phase::complete);
     complete.exportResult.emplace();
@@ -73,7 +81,9 @@ TEST(StepAnnouncementTests, saysNothingWhenTheUserIsBackWhereTheyWere) {
 }
 
 TEST(StepAnnouncementTests, saysThatTheWayBeginsAgain) {
-    EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), QStringLiteral("Choose backup package"));
+    for (const Phase phase : {Phase::snapshots, Phase::complete}) {
+        EXPECT_EQ(between(phase, Phase::chooseBackup), QStringLiteral("Choose backup package"));
+    }
 }
 
 TEST(StepAnnouncementTests, speaksTheLanguageOfTheInterface) {

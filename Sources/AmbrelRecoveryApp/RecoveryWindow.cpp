@@ -1,6 +1,10 @@
 #include "AmbrelRecoveryApp/RecoveryWindow.h"
 
+#include "AmbrelRecoveryApp/RecoveryIcon.h"
+
+#include <QGuiApplication>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -14,6 +18,13 @@ RecoveryWindow::RecoveryWindow() {
     setWindowTitle(QStringLiteral("Ambrel Recovery"));
     setMinimumSize(smallestSize);
     resize(initialSize);
+    setWindowIcon(RecoveryIcon::icon());
+    // By this name some desktops find the entry, and with it the icon, of a window.
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.ambrel.recovery"));
+    // Spelled out: the toolkit's own names for them stand for no keys at all on some desktops.
+    for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
+        new QShortcut(Qt::CTRL | key, this, this, &QWidget::close);
+    }
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
 }

@@ -2,8 +2,9 @@
 
 #include <QWidget>
 
-/// The application's main window, of its title and sizes; what it holds fills it. Assistive technology is told when it
-/// becomes the active one, as the toolkit does only for objects in the role of a window. Main thread.
+/// The application's main window, of its title, icon and sizes; what it holds fills it. Ctrl+Q and Ctrl+W close it.
+/// Assistive technology is told when it becomes the active one, as the toolkit does only for objects in the role of a
+/// window. Main thread.
 class RecoveryWindow final : public QWidget {
     Q_OBJECT
 

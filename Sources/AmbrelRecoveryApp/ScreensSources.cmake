@@ -1,5 +1,6 @@
 set(screens_sources
   RecoveryAppCopy.cpp
+  RecoveryIcon.cpp
   RecoveryPalette.cpp
   RecoveryRootView.cpp
   RecoveryWindow.cpp

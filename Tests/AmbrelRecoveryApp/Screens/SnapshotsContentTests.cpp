@@ -41,6 +41,17 @@ TEST(SortedSnapshotsTests, snapshotsOfTheSameTimeKeepTheEnginesOrder) {
     EXPECT_EQ(codes(sorted), (std::vector<std::string>{"b", "d", "a", "c", "e"}));
 }
 
+TEST(SortedSnapshotsTests, manySnapshotsOfTheSameTimeKeepTheEnginesOrder) {
+    // More than the sixteen that the standard library's other sorting leaves in their order by chance.
+    std::vector<Snapshot> snapshots;
+    std::vector<std::string> expected;
+    for (int number = 0; number < 100; ++number) {
+        expected.push_back("code " + std::to_string(number));
+        snapshots.push_back(snapshot(expected.back(), 5));
+    }
+    EXPECT_EQ(codes(SortedSnapshots(inspection(std::move(snapshots)))), expected);
+}
+
 TEST(SortedSnapshotsTests, timesBeforeTheEpochComeLast) {
     constexpr std::int64_t earliest = std::numeric_limits<std::int64_t>::min();
     constexpr std::int64_t latest = std::numeric_limits<std::int64_t>::max();

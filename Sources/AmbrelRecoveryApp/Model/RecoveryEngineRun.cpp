@@ -71,3 +71,13 @@ AmbrelRecoveryFailureKind RecoveryEngineRun::failureKind(const std::exception_pt
         return AmbrelRecoveryFailureKind::generic;
     }
 }
+
+bool RecoveryEngineRun::isEarlierRunActive(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (AmbrelRecoveryProcessError processError) {
+        return processError == AmbrelRecoveryProcessError::operationAlreadyRunning;
+    } catch (...) {
+        return false;
+    }
+}

@@ -37,4 +37,7 @@ ExportOutcome exportOutcome(const AmbrelRecoveryProcessResult& result, AmbrelRec
 /// The failure that an error thrown out of a run or a preparation stands for. `error` must hold one.
 AmbrelRecoveryFailureKind failureKind(const std::exception_ptr& error);
 
+/// Whether a run was refused since an earlier one was not over. `error` must hold one.
+bool isEarlierRunActive(const std::exception_ptr& error);
+
 } // namespace RecoveryEngineRun

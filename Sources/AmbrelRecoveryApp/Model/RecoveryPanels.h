@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -23,6 +24,8 @@ public:
         /// The label of the button that confirms.
         QString prompt;
         QString proposedName;
+        /// How many bytes will be written there; none where it is not known.
+        std::optional<std::uint64_t> requiredByteCount;
     };
 
     RecoveryPanels() = default;

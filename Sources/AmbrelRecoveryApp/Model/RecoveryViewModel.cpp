@@ -1,18 +1,18 @@
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "AmbrelRecoveryApp/Model/RecoveryFileViewer.h"
 #include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <QPointer>
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace {
@@ -20,35 +20,18 @@ namespace {
 using Path = std::filesystem::path;
 using RecoveryErrorPresentation::errorPresentation;
 
-/// Absolute, without "." and ".." in it and without a separator at its end.
-Path standardized(const Path& path) {
-    std::error_code error;
-    const Path normal = std::filesystem::absolute(path, error).lexically_normal();
-    return normal.has_filename() ? normal : normal.parent_path();
-}
-
-bool isPackageDirectory(const Path& path) {
-    std::string extension = standardized(path).extension().native();
-    std::ranges::transform(extension, extension.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    std::error_code error;
-    return extension == ".ambrel" && std::filesystem::is_directory(path, error);
-}
-
-/// Whether anything has this name, a symbolic link that leads nowhere included.
-bool isTaken(const Path& path) {
-    std::error_code error;
-    return std::filesystem::exists(std::filesystem::symlink_status(path, error));
+std::shared_ptr<RecoveryEngine> engineAt(const std::optional<Path>& executableURL) {
+    return executableURL ? std::make_shared<RecoveryEngineProgram>(*executableURL) : nullptr;
 }
 
 } // namespace
 
 RecoveryViewModel::RecoveryViewModel(const std::optional<Path>& executableURL, Desktop desktop)
-    : desktop_(std::move(desktop)) {
-    if (executableURL) {
-        runner_ = std::make_shared<AmbrelRecoveryProcessRunner>(*executableURL);
-    } else {
+    : RecoveryViewModel(engineAt(executableURL), std::move(desktop)) {}
+
+RecoveryViewModel::RecoveryViewModel(std::shared_ptr<RecoveryEngine> engine, Desktop desktop)
+    : desktop_(std::move(desktop)), engine_(std::move(engine)) {
+    if (!engine_) {
         presentedError_ = errorPresentation(AmbrelRecoveryFailureKind::generic);
     }
 }
@@ -60,15 +43,21 @@ RecoveryViewModel::~RecoveryViewModel() {
 }
 
 void RecoveryViewModel::setFactor(AmbrelRecoveryAppFactor factor) {
-    publish(factor_, factor);
+    if (!isBusy()) {
+        publish(factor_, factor);
+    }
 }
 
 void RecoveryViewModel::setCredential(SecretText credential) {
-    publish(credential_, std::move(credential));
+    if (!isBusy()) {
+        publish(credential_, std::move(credential));
+    }
 }
 
 void RecoveryViewModel::setSelectedSnapshotCode(std::optional<std::string> code) {
-    publish(selectedSnapshotCode_, std::move(code));
+    if (phase_ != Phase::exporting) {
+        publish(selectedSnapshotCode_, std::move(code));
+    }
 }
 
 void RecoveryViewModel::dismissPresentedError() {
@@ -107,14 +96,13 @@ void RecoveryViewModel::chooseBackup() {
 
 void RecoveryViewModel::acceptPackage(const Path& chosen) {
     assertMainThread();
-    if (isBusy()) {
-        return;
+    if (!isBusy()) {
+        checkChoice([chosen] { return RecoveryChosenPath::package(chosen); }, &RecoveryViewModel::applyPackage);
     }
-    if (!isPackageDirectory(chosen)) {
-        publish(presentedError_, errorPresentation(AmbrelRecoveryFailureKind::invalidPackage));
-        return;
-    }
-    publish(packageURL_, standardized(chosen));
+}
+
+void RecoveryViewModel::applyPackage(const Path& package) {
+    publish(packageURL_, package);
     forgetPackageContents();
     publish(phase_, Phase::chooseBackup);
     publish(presentedError_, std::nullopt);
@@ -122,7 +110,7 @@ void RecoveryViewModel::acceptPackage(const Path& chosen) {
 
 void RecoveryViewModel::inspectBackup() {
     assertMainThread();
-    if (!runner_ || !canInspect()) {
+    if (!engine_ || !canInspect()) {
         return;
     }
     const SecretStackWiper wiper;
@@ -138,12 +126,13 @@ void RecoveryViewModel::inspectBackup() {
 
 void RecoveryViewModel::chooseDestinationAndExport() {
     assertMainThread();
-    if (!packageURL_ || !runner_ || !canExport()) {
+    if (!packageURL_ || !engine_ || !canExport()) {
         return;
     }
     desktop_.panels.chooseDestination({.title = AmbrelStrings::localized(AmbrelStrings::filesExportChooseDestination()),
                                        .prompt = AmbrelStrings::localized(AmbrelStrings::filesExportStart()),
-                                       .proposedName = QStringLiteral("Ambrel Recovered")},
+                                       .proposedName = QStringLiteral("Ambrel Recovered"),
+                                       .requiredByteCount = selectedByteCount()},
                                       [model = QPointer(this)](const std::optional<Path>& chosen) {
                                           if (model && chosen) {
                                               model->exportTo(*chosen);
@@ -151,16 +140,29 @@ void RecoveryViewModel::chooseDestinationAndExport() {
                                       });
 }
 
+/// The size of the selected snapshot; none where the inspection holds none of that code.
+std::optional<std::uint64_t> RecoveryViewModel::selectedByteCount() const {
+    using Snapshot = AmbrelRecoveryInspectionDocument::Snapshot;
+    const auto selected = std::ranges::find(inspection_->snapshots, *selectedSnapshotCode_, &Snapshot::selectionCode);
+    return selected == inspection_->snapshots.end() ? std::nullopt : std::optional(selected->logicalPlaintextByteCount);
+}
+
 void RecoveryViewModel::exportTo(const Path& chosen) {
     // The panel may have stood open while assistive technology pressed something behind it.
     if (!packageURL_ || !canExport()) {
         return;
     }
-    if (isTaken(chosen)) {
-        publish(presentedError_, errorPresentation(AmbrelRecoveryFailureKind::destinationExists));
+    checkChoice(
+        [chosen, package = *packageURL_] { return RecoveryChosenPath::destination(chosen, package); },
+        [chosen](RecoveryViewModel& model, const Path& destination) { model.applyDestination(destination, chosen); });
+}
+
+void RecoveryViewModel::applyDestination(const Path& destination, const Path& chosen) {
+    // The check may have taken its time.
+    if (!packageURL_ || !canExport()) {
         return;
     }
-    publish(destinationURL_, standardized(chosen));
+    publish(destinationURL_, destination);
     publish(presentedError_, std::nullopt);
     publish(phase_, Phase::exporting);
     startExport(chosen);
@@ -213,8 +215,8 @@ void RecoveryViewModel::forgetPackageContents() {
 /// Stops the operation first and the engine then, so that an engine that is being launched meanwhile sees the stop.
 void RecoveryViewModel::cancelRunningOperation() {
     operationTask_.request_stop();
-    if (runner_) {
-        runner_->cancelCurrentOperation();
+    if (engine_) {
+        engine_->cancelCurrentOperation();
     }
 }
 

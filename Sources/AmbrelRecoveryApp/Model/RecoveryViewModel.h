@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
 #include "AmbrelRecoveryApp/Model/SecretText.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryAppFactor.h"
@@ -14,6 +16,7 @@
 #include <cstdint>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -21,8 +24,8 @@
 #include <utility>
 
 class AmbrelRecoveryCredentialSession;
-class AmbrelRecoveryProcessRunner;
 class CloudItems;
+class RecoveryEngine;
 class RecoveryFileViewer;
 class RecoveryPanels;
 
@@ -58,6 +61,9 @@ public:
     /// inspecting and exporting do nothing.
     RecoveryViewModel(const std::optional<std::filesystem::path>& executableURL, Desktop desktop);
 
+    /// A model that drives `engine`; null stands for none.
+    RecoveryViewModel(std::shared_ptr<RecoveryEngine> engine, Desktop desktop);
+
     /// Cancels what is running and wipes the credential.
     ~RecoveryViewModel() override;
 
@@ -77,8 +83,11 @@ public:
     const std::optional<double>& packagePreparationProgress() const { return packagePreparationProgress_; }
     const std::optional<PresentedError>& presentedError() const { return presentedError_; }
 
+    /// Ignored while busy.
     void setFactor(AmbrelRecoveryAppFactor factor);
+    /// Ignored while busy.
     void setCredential(SecretText credential);
+    /// Ignored while exporting.
     void setSelectedSnapshotCode(std::optional<std::string> code);
     void dismissPresentedError();
 
@@ -90,11 +99,13 @@ public:
     /// Lets the user choose a package. Ignored while busy.
     void chooseBackup();
     /// Takes `chosen` as the package where it is a directory with the extension "ambrel", and presents an error
-    /// otherwise. Ignored while busy.
+    /// otherwise; once the disk has told, and unless the user has gone on meanwhile: another choice, a step that was
+    /// begun, a cancellation. Ignored while busy.
     void acceptPackage(const std::filesystem::path& chosen);
     /// Prepares and inspects the package with the typed credential. Ignored unless canInspect().
     void inspectBackup();
-    /// Lets the user name a new folder and exports the selected snapshot into it. Ignored unless canExport().
+    /// Lets the user name a new folder and exports the selected snapshot into it, once the disk has told that it is
+    /// new and not inside the package, and unless the user has gone on meanwhile. Ignored unless canExport().
     void chooseDestinationAndExport();
     /// Shows the exported folder in the file viewer.
     void openRecoveredFolder();
@@ -113,6 +124,7 @@ signals:
     void aboutToChange();
 
 private:
+    using Accepting = std::function<void(RecoveryViewModel& model, const std::filesystem::path& path)>;
     using Failing = void (RecoveryViewModel::*)(const std::exception_ptr& error);
 
     void assertMainThread() const { Q_ASSERT(QThread::currentThread() == thread()); }
@@ -124,18 +136,27 @@ private:
         property = std::forward<NewValue>(value);
     }
 
+    void applyPackage(const std::filesystem::path& package);
+    std::optional<std::uint64_t> selectedByteCount() const;
     void exportTo(const std::filesystem::path& chosen);
+    void applyDestination(const std::filesystem::path& destination, const std::filesystem::path& chosen);
     /// Begins a new operation in the place of the last one and gives the token that tells of its cancellation.
     std::stop_token beginOperation();
     /// Runs `work` in the background and then `succeed` with its outcome on the main thread, or `fail` with what either
     /// of them threw; neither where the model is gone or the operation cancelled by then.
     template<typename Work, typename Succeeding>
-    void runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail);
+    void runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail,
+                 BackgroundTask::AtEnd atEnd = BackgroundTask::AtEnd::awaited);
+    /// Runs `check` in the background, in the place of the last operation, and presents its failure or lets `accept`
+    /// have the path. A disk that never answers keeps nothing from going on.
+    void checkChoice(std::function<RecoveryChosenPath::Outcome()> check, Accepting accept);
     void startPreparation();
     void startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor);
     void startExport(const std::filesystem::path& destination);
     void applyInspection(RecoveryEngineRun::InspectionOutcome outcome);
     void applyExport(RecoveryEngineRun::ExportOutcome outcome);
+    void failCheck(const std::exception_ptr& error);
+    void giveCredentialBack();
     void failPreparationOrInspection(const std::exception_ptr& error);
     void failExport(const std::exception_ptr& error);
     void presentInspectionFailure(AmbrelRecoveryFailureKind kind);
@@ -156,9 +177,10 @@ private:
     std::optional<PresentedError> presentedError_;
 
     const Desktop desktop_;
-    /// Null where there is no engine; never replaced. Shared with the thread of a running operation.
-    std::shared_ptr<AmbrelRecoveryProcessRunner> runner_;
-    /// Stops the operation in flight or the last one. At most one operation is current.
+    /// Null where there is no engine. Shared with the thread of a running operation.
+    const std::shared_ptr<RecoveryEngine> engine_;
+    /// Stops the operation in flight or the last one. At most one operation is current: the check of a choice, or a
+    /// long one.
     std::stop_source operationTask_{std::nostopstate};
     /// Holds the credential between inspection and export.
     std::shared_ptr<AmbrelRecoveryCredentialSession> credentialSession_;

@@ -2,12 +2,13 @@
 // thread.
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngine.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <QPointer>
 
@@ -22,23 +23,39 @@ std::stop_token RecoveryViewModel::beginOperation() {
 }
 
 template<typename Work, typename Succeeding>
-void RecoveryViewModel::runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail) {
+void RecoveryViewModel::runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail,
+                                BackgroundTask::AtEnd atEnd) {
+    const auto complete = [model = QPointer(this), stopToken, succeed, fail](auto& outcome) {
+        RecoveryViewModel* const current = model;
+        if (current == nullptr || stopToken.stop_requested()) {
+            return;
+        }
+        try {
+            succeed(*current, outcome);
+        } catch (...) {
+            (current->*fail)(std::current_exception());
+        }
+    };
     try {
-        BackgroundTask::run(std::move(work), [model = QPointer(this), stopToken, succeed, fail](auto& outcome) {
-            RecoveryViewModel* const current = model;
-            if (current == nullptr || stopToken.stop_requested()) {
-                return;
-            }
-            try {
-                succeed(*current, outcome);
-            } catch (...) {
-                (current->*fail)(std::current_exception());
-            }
-        });
+        BackgroundTask::run(std::move(work), complete, atEnd);
     } catch (const std::system_error&) {
         // No thread can be had.
         (this->*fail)(std::current_exception());
     }
+}
+
+void RecoveryViewModel::checkChoice(std::function<RecoveryChosenPath::Outcome()> check, Accepting accept) {
+    runStep(
+        beginOperation(), std::move(check),
+        [accept = std::move(accept)](RecoveryViewModel& model, std::future<RecoveryChosenPath::Outcome>& outcome) {
+            const RecoveryChosenPath::Outcome result = outcome.get();
+            if (const auto* const failure = std::get_if<AmbrelRecoveryFailureKind>(&result)) {
+                model.publish(model.presentedError_, errorPresentation(*failure));
+                return;
+            }
+            accept(model, std::get<std::filesystem::path>(result));
+        },
+        &RecoveryViewModel::failCheck, BackgroundTask::AtEnd::abandoned);
 }
 
 void RecoveryViewModel::startPreparation() {
@@ -68,9 +85,9 @@ void RecoveryViewModel::startInspection(const std::stop_token& stopToken, Ambrel
     publish(phase_, Phase::inspecting);
     runStep(
         stopToken,
-        [runner = runner_, session = credentialSession_, factor, stopToken,
+        [engine = engine_, session = credentialSession_, factor, stopToken,
          arguments = RecoveryEngineCommandLine::inspectArguments(*packageURL_, factor)] {
-            const auto result = RecoveryEngineRun::run(*runner, arguments, *session, factor, stopToken);
+            const auto result = engine->run(arguments, *session, factor, stopToken);
             return RecoveryEngineRun::inspectionOutcome(result, factor);
         },
         [](RecoveryViewModel& model, std::future<RecoveryEngineRun::InspectionOutcome>& outcome) {
@@ -83,10 +100,10 @@ void RecoveryViewModel::startExport(const std::filesystem::path& destination) {
     const std::stop_token stopToken = beginOperation();
     runStep(
         stopToken,
-        [runner = runner_, session = credentialSession_, factor = factor_, stopToken,
+        [engine = engine_, session = credentialSession_, factor = factor_, stopToken,
          arguments =
              RecoveryEngineCommandLine::exportArguments(*packageURL_, *selectedSnapshotCode_, destination, factor_)] {
-            const auto result = RecoveryEngineRun::run(*runner, arguments, *session, factor, stopToken);
+            const auto result = engine->run(arguments, *session, factor, stopToken);
             return RecoveryEngineRun::exportOutcome(result, factor);
         },
         [](RecoveryViewModel& model, std::future<RecoveryEngineRun::ExportOutcome>& outcome) {
@@ -118,9 +135,24 @@ void RecoveryViewModel::applyExport(RecoveryEngineRun::ExportOutcome outcome) {
     publish(phase_, Phase::complete);
 }
 
+void RecoveryViewModel::failCheck(const std::exception_ptr& error) {
+    publish(presentedError_, errorPresentation(RecoveryEngineRun::failureKind(error)));
+}
+
 void RecoveryViewModel::failPreparationOrInspection(const std::exception_ptr& error) {
     publish(packagePreparationProgress_, std::nullopt);
+    if (RecoveryEngineRun::isEarlierRunActive(error)) {
+        giveCredentialBack();
+    }
     presentInspectionFailure(RecoveryEngineRun::failureKind(error));
+}
+
+/// From the session into the field: the engine never saw it, and nobody shall type it twice for that.
+void RecoveryViewModel::giveCredentialBack() {
+    const SecretStackWiper wiper;
+    if (const std::optional<SecretBytes> credential = credentialSession_->credential(factor_)) {
+        publish(credential_, SecretText::ofUtf8(*credential));
+    }
 }
 
 void RecoveryViewModel::failExport(const std::exception_ptr& error) {

@@ -4,6 +4,8 @@
 
 #include <QStringView>
 
+#include <utility>
+
 /// A typed secret as UTF-16 text in memory that is wiped. Moves but does not copy. Not synchronised.
 class SecretText {
 public:
@@ -11,6 +13,9 @@ public:
 
     /// A copy of `text`, which stays the caller's to wipe. Throws std::bad_alloc.
     explicit SecretText(QStringView text);
+
+    /// The text that `bytes` are as UTF-8; what is no valid UTF-8 becomes U+FFFD. Throws std::bad_alloc.
+    static SecretText ofUtf8(const SecretBytes& bytes);
 
     /// Valid until this object is wiped, moved from, assigned to or destroyed.
     QStringView view() const;
@@ -22,5 +27,7 @@ public:
     SecretBytes utf8() const;
 
 private:
+    explicit SecretText(SecretBytes units) : units_(std::move(units)) {}
+
     SecretBytes units_;
 };

@@ -1,12 +1,10 @@
 #include "ScreenWalk.h"
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "ScreenWalkDocuments.h"
 
 #include <QCoreApplication>
 #include <QTest>
 
-#include <chrono>
 #include <optional>
 
 namespace {
@@ -82,7 +80,7 @@ void ScreenWalk::visit(const QString& name) {
 /// Returns once the engine has ended, since only one runs at a time.
 void ScreenWalk::cancel() {
     model->cancelOperation();
-    EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::minutes(1)));
+    waitForWork();
 }
 
 void ScreenWalk::visitChoosing() {
@@ -94,7 +92,7 @@ void ScreenWalk::visitChoosing() {
     const std::string longName =
         "Photos_of_the_whole_family_and_of_all_our_travels_until_the_summer_of_2026 (2).ambrel";
     std::filesystem::create_directory(path(longName));
-    model->acceptPackage(path(longName));
+    untilAnnounced([&] { model->acceptPackage(path(longName)); });
     visit(QStringLiteral("filled-long-name"));
 
     choosePackage();
@@ -143,20 +141,18 @@ void ScreenWalk::visitSnapshots() {
 }
 
 void ScreenWalk::visitExporting() {
-    panels.answer = path("temporary");
-    model->chooseDestinationAndExport();
+    chooseDestination(path("temporary"));
     visit(QStringLiteral("alert-destination"));
     model->dismissPresentedError();
 
-    panels.answer = path("Ambrel Recovered");
     setEngineThatWaits();
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     waitUntilEngineRuns();
     visit(QStringLiteral("exporting"));
     cancel();
 
     setEngineThatPrints(ScreenWalkDocuments::exportReport());
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     waitForPhase(Phase::complete);
     visit(QStringLiteral("complete"));
 }

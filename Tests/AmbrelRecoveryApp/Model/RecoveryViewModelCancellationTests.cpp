@@ -1,4 +1,3 @@
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "RecoveryViewModelTestCase.h"
 
 #include <QCoreApplication>
@@ -24,15 +23,8 @@ protected:
 
     void exportUntilEngineRuns() {
         setEngineThatWaits();
-        panels.answer = path("Ambrel Recovered");
-        model->chooseDestinationAndExport();
+        chooseDestination(path("Ambrel Recovered"));
         waitUntilEngineRuns();
-    }
-
-    /// Waits for the end of all work and lets everything that it posted arrive.
-    void settle() {
-        ASSERT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(60)));
-        QCoreApplication::processEvents();
     }
 };
 
@@ -103,7 +95,7 @@ TEST_F(RecoveryViewModelCancellation, discardsAResultThatIsOnItsWayAlready) {
     model->inspectBackup();
     waitForPhase(Phase::inspecting);
     // The main thread does not look while the engine ends; its outcome is queued when the cancellation comes.
-    ASSERT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(60)));
+    waitForWork();
     model->cancelOperation();
     QCoreApplication::processEvents();
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
@@ -112,7 +104,7 @@ TEST_F(RecoveryViewModelCancellation, discardsAResultThatIsOnItsWayAlready) {
 
 TEST_F(RecoveryViewModelCancellation, keepsAnErrorThatIsShown) {
     panels.answer = path("temporary");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
     ASSERT_TRUE(model->presentedError());
     model->cancelOperation();
     EXPECT_TRUE(model->presentedError());

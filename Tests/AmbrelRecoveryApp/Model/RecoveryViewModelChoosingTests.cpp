@@ -11,7 +11,7 @@ protected:
 
     void expectRefused(const std::filesystem::path& choice) {
         panels.answer = choice;
-        model->chooseBackup();
+        untilAnnounced([this] { model->chooseBackup(); });
         ASSERT_TRUE(model->presentedError());
         EXPECT_EQ(model->presentedError()->title,
                   AmbrelStrings::localized(AmbrelStrings::recoveryFailureInvalidPackageTitle()));
@@ -45,6 +45,7 @@ TEST_F(RecoveryViewModelChoosing, presentsTheGenericErrorAtOnceWithoutAnEngineAn
     EXPECT_EQ(withoutEngine.presentedError()->title,
               AmbrelStrings::localized(AmbrelStrings::recoveryFailureGenericTitle()));
     withoutEngine.acceptPackage(path("Family Photos.ambrel"));
+    waitUntil([&withoutEngine] { return withoutEngine.packageURL().has_value(); });
     withoutEngine.setCredential(SecretText(u"secret"));
     EXPECT_TRUE(withoutEngine.canInspect());
     withoutEngine.inspectBackup();
@@ -71,7 +72,7 @@ TEST_F(RecoveryViewModelChoosing, changesNothingWhenThePanelIsDismissed) {
 TEST_F(RecoveryViewModelChoosing, acceptsAnUpperCaseExtensionAndAPathWithDotsAndATrailingSeparator) {
     std::filesystem::create_directory(path("Old.AMBREL"));
     panels.answer = path("temporary/.././Old.AMBREL/");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
     EXPECT_EQ(model->packageURL(), path("Old.AMBREL"));
     EXPECT_FALSE(model->presentedError());
 }
@@ -79,7 +80,7 @@ TEST_F(RecoveryViewModelChoosing, acceptsAnUpperCaseExtensionAndAPathWithDotsAnd
 TEST_F(RecoveryViewModelChoosing, acceptsASymbolicLinkToAPackage) {
     std::filesystem::create_directory_symlink(path("Family Photos.ambrel"), path("link.ambrel"));
     panels.answer = path("link.ambrel");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
     EXPECT_EQ(model->packageURL(), path("link.ambrel"));
 }
 
@@ -106,7 +107,7 @@ TEST_F(RecoveryViewModelChoosing, refusesWhatDoesNotExistAndALinkThatLeadsNowher
 TEST_F(RecoveryViewModelChoosing, keepsTheStateWhenAChoiceIsRefused) {
     inspect(inspectionDocument());
     panels.answer = path("temporary");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
     EXPECT_TRUE(model->presentedError());
     EXPECT_EQ(model->phase(), Phase::snapshots);
     EXPECT_TRUE(model->inspection());
@@ -184,7 +185,7 @@ TEST_F(RecoveryViewModelChoosing, tellsObserversBeforeEachChange) {
 TEST_F(RecoveryViewModelChoosing, dismissingAnErrorChangesNothingElse) {
     inspect(inspectionDocument());
     panels.answer = path("temporary");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
     model->dismissPresentedError();
     EXPECT_FALSE(model->presentedError());
     EXPECT_EQ(model->phase(), Phase::snapshots);

@@ -2,6 +2,9 @@
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "RecoveryViewModelTestCase.h"
 
+#include <cstdint>
+#include <limits>
+
 namespace {
 
 class RecoveryViewModelExport : public RecoveryViewModelTestCase {
@@ -36,10 +39,50 @@ TEST_F(RecoveryViewModelExport, asksWithTheTextsOfTheCatalogueAndProposesAName) 
     EXPECT_FALSE(model->destinationURL());
 }
 
+TEST_F(RecoveryViewModelExport, tellsThePanelHowMuchTheSelectedSnapshotNeeds) {
+    std::string document = inspectionDocument();
+    // That of the older snapshot, which comes first.
+    document.replace(document.find("1500000"), std::string_view("1500000").size(), "18446744073709551615");
+    inspect(document);
+    panels.answer = std::nullopt;
+    for (const char* const code : {"new", "old", "not there"}) {
+        model->setSelectedSnapshotCode(code);
+        model->chooseDestinationAndExport();
+    }
+    ASSERT_EQ(panels.savePanels.size(), 3U);
+    EXPECT_EQ(panels.savePanels[0].requiredByteCount, 1'500'000U);
+    EXPECT_EQ(panels.savePanels[1].requiredByteCount, std::numeric_limits<std::uint64_t>::max());
+    EXPECT_EQ(panels.savePanels[2].requiredByteCount, std::nullopt);
+}
+
+TEST_F(RecoveryViewModelExport, takesNoOtherSecretFactorOrSnapshotWhileItRuns) {
+    setEngineThatWaits();
+    chooseDestination(path("Ambrel Recovered"));
+    waitUntilEngineRuns();
+    type("another secret");
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    model->setSelectedSnapshotCode("old");
+    EXPECT_TRUE(model->credential().view().isEmpty());
+    EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::backupPassphrase);
+    EXPECT_EQ(model->selectedSnapshotCode(), "new");
+    model->cancelOperation();
+    model->setSelectedSnapshotCode("old");
+    EXPECT_EQ(model->selectedSnapshotCode(), "old");
+}
+
+TEST_F(RecoveryViewModelExport, refusesADestinationInsideThePackageBeforeTheEngineIsAsked) {
+    setEngineThatPrints(exportDocument());
+    std::filesystem::remove(path("arguments"));
+    std::filesystem::create_directory_symlink(path("Family Photos.ambrel"), path("link"));
+    chooseDestination(path("link/Recovered"));
+    expectDestinationError();
+    EXPECT_FALSE(std::filesystem::exists(path("arguments")));
+    EXPECT_TRUE(model->canExport());
+}
+
 TEST_F(RecoveryViewModelExport, handsTheEngineItsCommandLineAndTheCredentialAndCompletes) {
     setEngineThatPrints(exportDocument());
-    panels.answer = path("temporary/../Ambrel Recovered");
-    model->chooseDestinationAndExport();
+    chooseDestination(path("temporary/../Ambrel Recovered"));
     EXPECT_EQ(model->phase(), Phase::exporting);
     EXPECT_EQ(model->destinationURL(), path("Ambrel Recovered"));
     EXPECT_FALSE(model->canExport());
@@ -66,13 +109,13 @@ TEST_F(RecoveryViewModelExport, exportsTheSnapshotThatTheUserPicked) {
 
 TEST_F(RecoveryViewModelExport, refusesADestinationThatExists) {
     std::filesystem::create_directory(path("Ambrel Recovered"));
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     expectDestinationError();
 }
 
 TEST_F(RecoveryViewModelExport, refusesADestinationThatIsALinkToNowhere) {
     std::filesystem::create_symlink(path("nowhere"), path("Ambrel Recovered"));
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     expectDestinationError();
 }
 
@@ -85,7 +128,7 @@ TEST_F(RecoveryViewModelExport, keepsTheSessionAfterAFailureSoThatItCanBeTriedAg
               AmbrelStrings::localized(AmbrelStrings::filesExportDestinationUnavailableTitle()));
     EXPECT_TRUE(model->canExport());
     setEngineThatPrints(exportDocument());
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     EXPECT_FALSE(model->presentedError());
     waitForPhase(Phase::complete);
     EXPECT_EQ(engineInput(), "correct horse\n");

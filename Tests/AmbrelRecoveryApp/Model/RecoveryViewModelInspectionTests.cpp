@@ -227,3 +227,21 @@ TEST_F(RecoveryViewModelInspection, formatsAFractionAsAWholePercentageWithoutCla
     EXPECT_TRUE(model->formattedPercent(0.42).contains("42"));
     EXPECT_TRUE(model->formattedPercent(1.5).contains("150"));
 }
+
+TEST_F(RecoveryViewModelInspection, takesNoOtherSecretAndNoOtherFactorWhileItRuns) {
+    setEngineThatWaits();
+    startInspection();
+    const auto expectIgnored = [this] {
+        type("another secret");
+        EXPECT_TRUE(model->credential().view().isEmpty());
+        model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+        EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::backupPassphrase);
+    };
+    ASSERT_EQ(model->phase(), Phase::preparingPackage);
+    expectIgnored();
+    waitUntilEngineRuns();
+    expectIgnored();
+    model->cancelOperation();
+    inspect(inspectionDocument());
+    EXPECT_TRUE(model->credential().view().isEmpty());
+}

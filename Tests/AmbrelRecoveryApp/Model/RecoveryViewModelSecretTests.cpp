@@ -1,12 +1,10 @@
 // What is left of the credential in this process, at each point where the session is dropped or kept.
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "RecoveryViewModelTestCase.h"
 #include "Support/MemoryScan.h"
 
 #include <QCoreApplication>
 
-#include <chrono>
 #include <system_error>
 
 namespace {
@@ -17,7 +15,7 @@ protected:
 
     /// The copies that the application has: as the bytes that the engine gets, without the test's own ones.
     int copies() {
-        EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::minutes(1)));
+        waitForWork();
         return MemoryScan::copiesOfHiddenSecret() - 1;
     }
 
@@ -39,10 +37,7 @@ protected:
         ASSERT_EQ(copies(), 1);
     }
 
-    void startExport() {
-        panels.answer = path("Ambrel Recovered");
-        model->chooseDestinationAndExport();
-    }
+    void startExport() { chooseDestination(path("Ambrel Recovered")); }
 
     void exportUntilEngineRuns() {
         setEngineThatWaits();

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -49,8 +50,7 @@ RecoveryViewModelTestCase::RecoveryViewModelTestCase() : previousTemporaryDirect
 
 RecoveryViewModelTestCase::~RecoveryViewModelTestCase() {
     model.reset();
-    EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::milliseconds(generousMilliseconds)));
-    QCoreApplication::processEvents();
+    settle();
     EXPECT_TRUE(temporaryFiles().empty());
     previousTemporaryDirectory_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", previousTemporaryDirectory_);
 }
@@ -86,9 +86,23 @@ void RecoveryViewModelTestCase::makeModel() {
         std::make_unique<RecoveryViewModel>(path("engine"), RecoveryViewModel::Desktop{panels, fileViewer, cloudItems});
 }
 
+void RecoveryViewModelTestCase::untilAnnounced(const std::function<void()>& act) {
+    bool isAnnounced = false;
+    const auto connection =
+        QObject::connect(model.get(), &RecoveryViewModel::aboutToChange, [&isAnnounced] { isAnnounced = true; });
+    act();
+    waitUntil([this, &isAnnounced] { return isAnnounced || !model; });
+    QObject::disconnect(connection);
+}
+
 void RecoveryViewModelTestCase::choosePackage() {
     panels.answer = path("Family Photos.ambrel");
-    model->chooseBackup();
+    untilAnnounced([this] { model->chooseBackup(); });
+}
+
+void RecoveryViewModelTestCase::chooseDestination(const std::filesystem::path& destination) {
+    panels.answer = destination;
+    untilAnnounced([this] { model->chooseDestinationAndExport(); });
 }
 
 void RecoveryViewModelTestCase::type(const QString& credential) {
@@ -105,8 +119,7 @@ void RecoveryViewModelTestCase::inspect(const std::string& document) {
 
 void RecoveryViewModelTestCase::exportEverything() {
     setEngineThatPrints(exportDocument());
-    panels.answer = path("Ambrel Recovered");
-    model->chooseDestinationAndExport();
+    chooseDestination(path("Ambrel Recovered"));
     waitForPhase(Phase::complete);
 }
 
@@ -128,6 +141,18 @@ void RecoveryViewModelTestCase::waitUntil(const std::function<bool()>& condition
 
 void RecoveryViewModelTestCase::waitForPhase(Phase phase) {
     waitUntil([this, phase] { return model->phase() == phase; });
+}
+
+void RecoveryViewModelTestCase::waitForWork() {
+    // Not true while a check runs, which nobody waits for at the end of the process.
+    while (!BackgroundTask::waitForAll(std::chrono::milliseconds(generousMilliseconds))) {
+        std::this_thread::yield();
+    }
+}
+
+void RecoveryViewModelTestCase::settle() {
+    waitForWork();
+    QCoreApplication::processEvents();
 }
 
 std::vector<std::string> RecoveryViewModelTestCase::engineArguments() const {

@@ -69,7 +69,12 @@ protected:
     void waitUntilEngineRuns();
 
     void makeModel();
+    /// Does what sets off a check of a path, and returns once the model has taken in what the check told, or is
+    /// gone.
+    void untilAnnounced(const std::function<void()>& act);
     void choosePackage();
+    /// Has the user name this destination for an export.
+    void chooseDestination(const std::filesystem::path& destination);
     void type(const QString& credential);
     /// Chooses the package, types a credential and inspects it to the end.
     void inspect(const std::string& document);
@@ -80,6 +85,10 @@ protected:
     /// Lets the event loop run until `condition` holds; a condition that never does fails the test.
     void waitUntil(const std::function<bool()>& condition);
     void waitForPhase(Phase phase);
+    /// Waits for the end of all work in the background. What it posted does not arrive meanwhile.
+    static void waitForWork();
+    /// The same, and what it posted has arrived.
+    static void settle();
 
     std::vector<std::string> engineArguments() const;
     std::string engineInput() const;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,14 @@ TEST(SecretText, convertsToUtf8WithoutTrimming) {
 TEST(SecretText, replacesWhatIsNoText) {
     const char16_t loneSurrogate[] = {u'a', 0xD800, u'b'};
     EXPECT_EQ(utf8(QStringView(loneSurrogate, 3)), "a\uFFFDb");
+}
+
+TEST(SecretText, comesBackFromUtf8AsItWas) {
+    for (const QStringView text : {u"", u" plain ", u"\u00FC\u4E2D\U0001F5DD", u"\uFEFFmark"}) {
+        EXPECT_EQ(SecretText::ofUtf8(SecretText(text).utf8()).view(), text);
+    }
+    const std::string_view noText = "a\xFF";
+    EXPECT_EQ(SecretText::ofUtf8(SecretBytes::copyOf(std::as_bytes(std::span(noText)))).view(), u"a\uFFFD");
 }
 
 TEST(SecretText, isBlankWithoutAnythingButWhiteSpace) {

@@ -36,7 +36,7 @@ ItemPanel& FilePanelsTest::openPanel() {
 }
 
 ItemPanel& FilePanelsTest::savePanel() {
-    panels->chooseDestination({"Choose where to export", "Export", "Ambrel Recovered"}, recording());
+    panels->chooseDestination({"Choose where to export", "Export", "Ambrel Recovered", {}}, recording());
     return *window->findChild<ItemPanel*>();
 }
 

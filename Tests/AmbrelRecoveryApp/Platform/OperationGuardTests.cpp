@@ -55,8 +55,7 @@ protected:
 
     /// Has the inspected package exported by an engine that was made ready before.
     void beginExport() {
-        panels.answer = path("Ambrel Recovered");
-        model->chooseDestinationAndExport();
+        chooseDestination(path("Ambrel Recovered"));
         ASSERT_EQ(model->phase(), Phase::exporting);
     }
 
@@ -164,7 +163,7 @@ TEST_F(OperationGuardTest, tellsNothingOfWhatTheUserCancelled) {
 
 TEST_F(OperationGuardTest, tellsNothingOfAnErrorOutsideAnOperation) {
     lookElsewhere();
-    model->acceptPackage(path("engine"));
+    untilAnnounced([this] { model->acceptPackage(path("engine")); });
     settle();
     ASSERT_TRUE(model->presentedError());
     EXPECT_FALSE(notifications.shown);

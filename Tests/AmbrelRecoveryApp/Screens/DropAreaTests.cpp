@@ -48,7 +48,7 @@ protected:
     void dragAndDrop() {
         enter();
         move();
-        drop();
+        untilAnnounced([this] { drop(); });
         redraw();
     }
 
@@ -78,7 +78,7 @@ TEST_F(DropAreaTests, aDroppedPackageIsTheChosenOne) {
     EXPECT_TRUE(move());
     EXPECT_EQ(action, Qt::CopyAction);
     EXPECT_FALSE(model->packageURL());
-    EXPECT_TRUE(drop());
+    untilAnnounced([this] { EXPECT_TRUE(drop()); });
     EXPECT_EQ(action, Qt::CopyAction);
     EXPECT_FALSE(isHintShown());
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
@@ -172,7 +172,7 @@ TEST_F(DropAreaTests, nothingIsTakenWhileAnOperationRuns) {
 TEST_F(DropAreaTests, nothingIsTakenBehindAnAlertOrAPanel) {
     open();
     drag({path("Family Photos.ambrel")});
-    model->acceptPackage(path(""));
+    untilAnnounced([this] { model->acceptPackage(path("")); });
     redraw();
     EXPECT_FALSE(enter());
     model->dismissPresentedError();

@@ -120,6 +120,8 @@ TEST_F(RecoveryRootViewTests, theSecretLeavesTheFieldAtOnceWhenItIsUsed) {
     button("Inspect backup")->click();
     EXPECT_TRUE(field().secret().isEmpty());
     EXPECT_FALSE(field().isEnabled());
+    QTest::keyClick(&field(), Qt::Key_X);
+    EXPECT_TRUE(model->credential().view().isEmpty());
     model->cancelOperation();
 }
 
@@ -127,7 +129,7 @@ TEST_F(RecoveryRootViewTests, theWholeRoadCanBeWalkedByKeyboard) {
     open();
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
     panels.answer = path("Family Photos.ambrel");
-    press(Qt::Key_Return);
+    untilAnnounced([] { press(Qt::Key_Return); });
     redraw();
     EXPECT_EQ(focused(), QStringLiteral("Backup passphrase"));
     QTest::keyClicks(&field(), QStringLiteral("correct horse"));
@@ -217,7 +219,7 @@ TEST_F(RecoveryRootViewTests, aRefusedSecretShowsTheAlertAndThenTheField) {
 TEST_F(RecoveryRootViewTests, theAlertIsDismissedByEscapeAndGivesTheFocusBack) {
     open();
     panels.answer = path("");
-    button("Choose backup package")->click();
+    untilAnnounced([this] { button("Choose backup package")->click(); });
     redraw();
     ASSERT_TRUE(isAlertShown());
     press(Qt::Key_Escape);
@@ -230,10 +232,10 @@ TEST_F(RecoveryRootViewTests, theAlertIsDismissedByEscapeAndGivesTheFocusBack) {
 TEST_F(RecoveryRootViewTests, theSameErrorAgainIsAnotherAlert) {
     open();
     panels.answer = path("");
-    button("Choose backup package")->click();
+    untilAnnounced([this] { button("Choose backup package")->click(); });
     redraw();
     alert().accept();
-    model->acceptPackage(path(""));
+    untilAnnounced([this] { model->acceptPackage(path("")); });
     redraw();
     EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("OK"));
@@ -250,7 +252,7 @@ TEST_F(RecoveryRootViewTests, inAWindowThatIsNotActiveNothingBehindTheAlertIsTol
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     ASSERT_FALSE(field().hasFocus());
     const FocusCount told(field());
-    model->acceptPackage(path("not there"));
+    untilAnnounced([this] { model->acceptPackage(path("not there")); });
     redraw();
     ASSERT_TRUE(isAlertShown());
     EXPECT_EQ(told.value(), 0);
@@ -264,7 +266,7 @@ TEST_F(RecoveryRootViewTests, inAWindowThatIsNotActiveNothingBehindTheAlertIsTol
 TEST_F(RecoveryRootViewTests, nothingBehindTheAlertTakesTheFocus) {
     open();
     panels.answer = path("");
-    button("Choose backup package")->click();
+    untilAnnounced([this] { button("Choose backup package")->click(); });
     redraw();
     field().setFocus();
     EXPECT_EQ(focused(), QStringLiteral("OK"));
@@ -288,7 +290,7 @@ TEST_F(RecoveryRootViewTests, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
     const RecoveryViewModel::PresentedError first = *model->presentedError();
     EXPECT_EQ(announced(), first.title + u'\n' + first.body);
 
-    model->acceptPackage(path("not there"));
+    untilAnnounced([this] { model->acceptPackage(path("not there")); });
     const RecoveryViewModel::PresentedError second = *model->presentedError();
     ASSERT_NE(second.id, first.id);
     ASSERT_NE(second.title, first.title);

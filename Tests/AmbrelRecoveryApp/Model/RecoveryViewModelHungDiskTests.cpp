@@ -1,0 +1,138 @@
+// What the user does while a disk does not answer what it was asked about a chosen path.
+
+#include "../Platform/HungFolder.h"
+#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "RecoveryViewModelTestCase.h"
+
+#include <chrono>
+#include <memory>
+
+namespace {
+
+class RecoveryViewModelHungDisk : public RecoveryViewModelTestCase {
+protected:
+    RecoveryViewModelHungDisk() {
+        makeModel();
+        std::filesystem::create_directory(path("Slow.ambrel"));
+        std::filesystem::create_directory(path("Slow folder"));
+    }
+
+    ~RecoveryViewModelHungDisk() override { answer(); }
+
+    /// Chooses a package and returns once its disk was asked.
+    void chooseSlowPackage() {
+        hung_ = std::make_unique<HungFolder>(path("Slow.ambrel"));
+        model->acceptPackage(path("Slow.ambrel"));
+        waitUntil([] { return HungFolder::hangingCalls() == 1; });
+    }
+
+    /// Names a destination and returns once its disk was asked.
+    void chooseSlowDestination() {
+        hung_ = std::make_unique<HungFolder>(path("Slow folder"));
+        panels.answer = path("Slow folder/Recovered");
+        model->chooseDestinationAndExport();
+        waitUntil([] { return HungFolder::hangingCalls() == 1; });
+    }
+
+    /// Lets the disk answer and everything that follows from it come to its end.
+    void answer() {
+        hung_.reset();
+        settle();
+    }
+
+    void expectNoSlowPackage() {
+        answer();
+        EXPECT_NE(model->packageURL(), path("Slow.ambrel"));
+        EXPECT_FALSE(model->presentedError());
+    }
+
+private:
+    std::unique_ptr<HungFolder> hung_;
+};
+
+} // namespace
+
+TEST_F(RecoveryViewModelHungDisk, aPackageIsTakenWhenItsDiskHasAnswered) {
+    chooseSlowPackage();
+    EXPECT_FALSE(model->packageURL());
+    EXPECT_FALSE(model->isBusy());
+    model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
+    EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::recoveryKey);
+    answer();
+    EXPECT_EQ(model->packageURL(), path("Slow.ambrel"));
+}
+
+TEST_F(RecoveryViewModelHungDisk, theLatestChosenPackageWins) {
+    chooseSlowPackage();
+    choosePackage();
+    expectNoSlowPackage();
+    EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
+}
+
+TEST_F(RecoveryViewModelHungDisk, anInspectionThatBeganMeanwhileWins) {
+    choosePackage();
+    chooseSlowPackage();
+    type("secret");
+    setEngineThatWaits();
+    model->inspectBackup();
+    waitUntilEngineRuns();
+    // An abandoned check is no work that settle() could wait for while the engine runs.
+    model->cancelOperation();
+    expectNoSlowPackage();
+    EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
+}
+
+TEST_F(RecoveryViewModelHungDisk, aCancellationAndAnotherStartWin) {
+    chooseSlowPackage();
+    model->cancelOperation();
+    expectNoSlowPackage();
+    chooseSlowPackage();
+    model->startAgain();
+    expectNoSlowPackage();
+}
+
+TEST_F(RecoveryViewModelHungDisk, aRefusalThatComesTooLateIsNotTold) {
+    std::filesystem::remove(path("Slow.ambrel"));
+    chooseSlowPackage();
+    choosePackage();
+    expectNoSlowPackage();
+}
+
+TEST_F(RecoveryViewModelHungDisk, anExportBeginsWhenTheDiskOfItsDestinationHasAnswered) {
+    inspect(inspectionDocument());
+    setEngineThatPrints(exportDocument());
+    chooseSlowDestination();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_FALSE(model->destinationURL());
+    EXPECT_TRUE(model->canExport());
+    answer();
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(model->destinationURL(), path("Slow folder/Recovered"));
+}
+
+TEST_F(RecoveryViewModelHungDisk, theLatestChosenDestinationWins) {
+    inspect(inspectionDocument());
+    chooseSlowDestination();
+    exportEverything();
+    answer();
+    EXPECT_EQ(model->phase(), Phase::complete);
+    EXPECT_EQ(model->destinationURL(), path("Ambrel Recovered"));
+    EXPECT_FALSE(model->presentedError());
+}
+
+TEST_F(RecoveryViewModelHungDisk, noExportBeginsThatHasBecomeImpossible) {
+    inspect(inspectionDocument());
+    chooseSlowDestination();
+    model->setSelectedSnapshotCode(std::nullopt);
+    answer();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_FALSE(model->destinationURL());
+}
+
+TEST_F(RecoveryViewModelHungDisk, theProcessDoesNotWaitForIt) {
+    constexpr std::chrono::hours tooLongForATest(1);
+    chooseSlowPackage();
+    model.reset();
+    EXPECT_FALSE(BackgroundTask::waitForAll(tooLongForATest));
+    EXPECT_EQ(HungFolder::hangingCalls(), 1);
+}

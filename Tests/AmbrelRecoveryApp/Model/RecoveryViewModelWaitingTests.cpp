@@ -1,0 +1,181 @@
+// An engine that was cancelled and does not end at once, and what is begun meanwhile.
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
+#include "RecoveryViewModelTestCase.h"
+#include "Support/NamedPipe.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <optional>
+#include <thread>
+
+namespace {
+
+class RecoveryViewModelWaiting : public RecoveryViewModelTestCase {
+protected:
+    ~RecoveryViewModelWaiting() override { letEngineEnd(); }
+
+    void makeModelThatWaits(std::chrono::milliseconds longestWait = RecoveryEngineProgram::defaultWait) {
+        model =
+            std::make_unique<RecoveryViewModel>(std::make_shared<RecoveryEngineProgram>(path("engine"), longestWait),
+                                                RecoveryViewModel::Desktop{panels, fileViewer, cloudItems});
+    }
+
+    /// One that tells that it runs, and goes on when it is asked to end.
+    void setEngineThatIgnoresCancellation() {
+        gate_.emplace(path("gate"));
+        setEngine("trap '' TERM\ntouch running\nread line < gate\n");
+    }
+
+    void letEngineEnd() {
+        if (gate_) {
+            gate_->write("\n");
+            settle();
+            gate_.reset();
+        }
+    }
+
+    void startInspection() {
+        type("secret");
+        model->inspectBackup();
+    }
+
+    /// Leaves an engine behind that goes on.
+    void cancelAnInspection() {
+        setEngineThatIgnoresCancellation();
+        choosePackage();
+        startInspection();
+        waitUntilEngineRuns();
+        model->cancelOperation();
+    }
+
+    void cancelAnExport() {
+        inspect(inspectionDocument());
+        setEngineThatIgnoresCancellation();
+        chooseDestination(path("Ambrel Recovered"));
+        waitUntilEngineRuns();
+        model->cancelOperation();
+        std::filesystem::remove(path("arguments"));
+    }
+
+    /// Whether an engine of setEngineThatPrints() was started.
+    bool isNextEngineStarted() const { return std::filesystem::exists(path("arguments")); }
+
+    void expectGenericError() {
+        ASSERT_TRUE(model->presentedError());
+        EXPECT_EQ(model->presentedError()->title,
+                  AmbrelStrings::localized(AmbrelStrings::recoveryFailureGenericTitle()));
+        EXPECT_FALSE(isNextEngineStarted());
+    }
+
+private:
+    std::optional<NamedPipe> gate_;
+};
+
+} // namespace
+
+TEST_F(RecoveryViewModelWaiting, anInspectionRunsWhenTheCancelledOneHasEnded) {
+    makeModelThatWaits();
+    cancelAnInspection();
+    setEngineThatPrints(inspectionDocument());
+    startInspection();
+    waitForPhase(Phase::inspecting);
+    EXPECT_FALSE(isNextEngineStarted());
+    letEngineEnd();
+    waitForPhase(Phase::snapshots);
+    EXPECT_FALSE(model->presentedError());
+    EXPECT_EQ(engineInput(), "secret\n");
+}
+
+TEST_F(RecoveryViewModelWaiting, anExportRunsWhenTheCancelledOneHasEnded) {
+    makeModelThatWaits();
+    cancelAnExport();
+    setEngineThatPrints(exportDocument());
+    chooseDestination(path("Another folder"));
+    EXPECT_EQ(model->phase(), Phase::exporting);
+    EXPECT_FALSE(isNextEngineStarted());
+    letEngineEnd();
+    waitForPhase(Phase::complete);
+    EXPECT_FALSE(model->presentedError());
+    EXPECT_EQ(engineInput(), "correct horse\n");
+}
+
+TEST_F(RecoveryViewModelWaiting, whatWaitsCanBeCancelledAndNeverRuns) {
+    makeModelThatWaits();
+    cancelAnInspection();
+    setEngineThatPrints(inspectionDocument());
+    startInspection();
+    waitForPhase(Phase::inspecting);
+    model->cancelOperation();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    letEngineEnd();
+    EXPECT_FALSE(isNextEngineStarted());
+    EXPECT_FALSE(model->presentedError());
+    startInspection();
+    waitForPhase(Phase::snapshots);
+}
+
+TEST_F(RecoveryViewModelWaiting, whatWaitsNeverRunsOnceTheModelIsGone) {
+    makeModelThatWaits();
+    cancelAnInspection();
+    setEngineThatPrints(inspectionDocument());
+    startInspection();
+    waitForPhase(Phase::inspecting);
+    model.reset();
+    letEngineEnd();
+    EXPECT_FALSE(isNextEngineStarted());
+}
+
+TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnInspectionFailsAndGivesTheSecretBack) {
+    makeModelThatWaits(std::chrono::milliseconds(1));
+    cancelAnInspection();
+    setEngineThatPrints(inspectionDocument());
+    startInspection();
+    waitUntil([this] { return model->presentedError().has_value(); });
+    expectGenericError();
+    EXPECT_EQ(model->phase(), Phase::chooseBackup);
+    EXPECT_FALSE(model->packagePreparationProgress());
+    EXPECT_EQ(model->credential().view(), u"secret");
+    EXPECT_TRUE(model->canInspect());
+    letEngineEnd();
+    model->inspectBackup();
+    waitForPhase(Phase::snapshots);
+    EXPECT_EQ(engineInput(), "secret\n");
+    EXPECT_TRUE(model->credential().view().isEmpty());
+}
+
+TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnExportFailsAndKeepsTheSecret) {
+    makeModelThatWaits(std::chrono::milliseconds(1));
+    cancelAnExport();
+    setEngineThatPrints(exportDocument());
+    chooseDestination(path("Another folder"));
+    waitUntil([this] { return model->presentedError().has_value(); });
+    expectGenericError();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_TRUE(model->canExport());
+    letEngineEnd();
+    chooseDestination(path("Another folder"));
+    waitForPhase(Phase::complete);
+    EXPECT_EQ(engineInput(), "correct horse\n");
+}
+
+TEST_F(RecoveryViewModelWaiting, anInspectionThatWasCancelledAtAnyMomentDoesNotDisturbTheNext) {
+    makeModelThatWaits();
+    for (int turns = 0; turns < 40 && !HasFailure(); ++turns) {
+        setEngineThatPrints(inspectionDocument());
+        choosePackage();
+        startInspection();
+        for (int turn = 0; turn < turns; ++turn) {
+            QCoreApplication::processEvents();
+            std::this_thread::yield();
+        }
+        model->cancelOperation();
+        choosePackage();
+        startInspection();
+        waitUntil([this] { return !model->isBusy(); });
+        EXPECT_EQ(model->phase(), Phase::snapshots) << turns;
+        EXPECT_FALSE(model->presentedError()) << turns;
+    }
+}

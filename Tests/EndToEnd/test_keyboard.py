@@ -1,12 +1,14 @@
 """The application by keyboard alone: where the keyboard is on each screen, and what its keys do there."""
 
+import contextlib
 import unittest
 
 from accessibility import StateChanges
-from catalogue import OKAY, SHOW_IN_FINDER
+from catalogue import NO_SNAPSHOTS, OKAY, SHOW_IN_FINDER
 from engines import fails, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import window_manager
 
 _THREE_SNAPSHOTS = [snapshot("newest", 1_700_000_000_000),
                     snapshot("middle", 1_500_000_000_000, retained_tip=False),
@@ -43,6 +45,20 @@ class Keyboard(RecoveryTestCase):
         application.type_text("secret")
         wait_for("“inspect”", lambda: application.is_enabled(self.catalogue["recovery.inspect.action"]))
         application.key("Return")
+
+    @contextlib.contextmanager
+    def held(self, application, key):
+        """Keeps a key down; what it gives waits until the key has repeated in the main window."""
+        with window_manager.key_presses(self.desktop.display, application.window_identifier) as presses:
+            def wait_until_repeated():
+                before = presses()
+                wait_for("the key to repeat", lambda: presses() >= before + 3)
+
+            self.desktop.keys("keydown", key)
+            try:
+                yield wait_until_repeated
+            finally:
+                self.desktop.keys("keyup", key)
 
     def wait_for_row(self, application, code, *states):
         """Waits until the row of the snapshot is in all these states, and no other row is in any of them."""
@@ -91,6 +107,53 @@ class Keyboard(RecoveryTestCase):
         application.key("Return")
         self.assertEqual(("ShowItems", [(self.scratch / "Recovered").as_uri()]),
                          self.desktop.file_manager.wait_for_call())
+
+    def test_return_that_is_held_stops_at_the_snapshots(self):
+        application = self.started()
+        self.choose_by_keyboard(application)
+        application.type_text("secret")
+        wait_for("“inspect”", lambda: application.is_enabled(self.catalogue["recovery.inspect.action"]))
+        with self.held(application, "Return") as wait_until_repeated:
+            application.wait_for_snapshots()
+            wait_until_repeated()
+        # Keys are taken in their order: once this one has worked, those before it have.
+        application.key("Tab")
+        application.wait_for_keyboard_on(self.export, "push button")
+        self.assertIsNone(application.find(self.catalogue["files-export.choose-destination"], "dialog"))
+
+    def test_a_key_that_brought_an_alert_up_dismisses_it_only_when_it_is_pressed_again(self):
+        self.engine.behave(inspect=fails("did not unlock"))
+        application = self.started()
+        self.choose_by_keyboard(application)
+        application.type_text("secret")
+        wait_for("“inspect”", lambda: application.is_enabled(self.catalogue["recovery.inspect.action"]))
+        with self.held(application, "Return") as wait_until_repeated:
+            application.wait_for_alert()
+            wait_until_repeated()
+            wait_until_repeated()
+            self.assertIsNotNone(application.alert())
+        self.assertIsNotNone(application.alert())
+        application.key("Return")
+        application.wait_until_gone(OKAY, "push button")
+
+    def test_another_package_can_be_chosen_from_the_snapshots(self):
+        another = self.catalogue["recovery.choose-another-package.action"]
+        application = self.started()
+        self.inspect_by_keyboard(application)
+        application.wait_for_snapshots()
+        application.tab_to(another, "push button")
+        application.key("Return")
+        application.wait_for_keyboard_on(self.choose, "push button")
+        self.assertIsNone(application.find(another, "push button"))
+
+    def test_a_backup_without_snapshots_says_so_and_leads_back(self):
+        self.engine.behave(inspect=prints(inspection([])))
+        application = self.started()
+        self.inspect_by_keyboard(application)
+        application.wait_for_text(NO_SNAPSHOTS)
+        application.wait_for_keyboard_on(self.catalogue["recovery.choose-another-package.action"], "push button")
+        application.key("space")
+        application.wait_for_keyboard_on(self.choose, "push button")
 
     def test_escape_cancels_an_inspection(self):
         self.engine.behave(inspect=waits())

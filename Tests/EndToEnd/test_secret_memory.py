@@ -9,6 +9,7 @@ import hashlib
 import os
 import random
 import resource
+import shlex
 import signal
 import string
 import subprocess
@@ -17,7 +18,7 @@ import unittest
 
 from accessibility import Gone
 from application import WINDOW_TITLE
-from engines import fails, waits
+from engines import fails, inspection, prints, waits
 from process_memory import FRAGMENT_LENGTH, fragments, traces
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
@@ -57,6 +58,10 @@ class SecretMemory(RecoveryTestCase):
         with x_selection.copied(self.desktop.display, "CLIPBOARD", secret):
             application.key("ctrl+v")
             self.wait_until_entered(application)
+
+    def click_into_the_field(self, application):
+        x, y, width, height = application.secure_field().extents
+        self.desktop.keys("mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
 
     def paste_selected_secret(self, application, secret):
         x, y, width, height = application.secure_field().extents
@@ -188,6 +193,35 @@ class SecretMemory(RecoveryTestCase):
         wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)))
         wait_for("the removal of the output files", lambda: not self.temporary_files())
         self.assert_gone(application, secret)
+
+    def test_a_secret_that_is_typed_again_during_the_inspection(self):
+        gate = self.scratch / "gate"
+        self.behave(inspect=f"while [ ! -e {shlex.quote(str(gate))} ]; do sleep 0.02; done; {prints(inspection())}")
+        application = self.start()
+        application.choose_package(self.empty_package())
+        secret = random_secret()
+        self.type_secret(application, secret)
+        application.press_inspect()
+        self.engine.wait_for_run(1)
+        cancel = self.catalogue["recovery.action.cancel-restore"]
+        application.wait_for_keyboard_on(cancel, "push button")
+        again = random_secret()
+        self.click_into_the_field(application)
+        application.type_text(again)
+        # Keys are taken in their order: once this one has worked, those before it have.
+        application.key("Tab")
+        application.wait_for_keyboard_on(cancel, "push button")
+        self.assertEqual(0, application.secure_field().character_count)
+        self.assert_gone(application, again)
+        gate.touch()
+        application.wait_for_snapshots()
+        self.assert_gone(application, again)
+        application.choose_destination(self.scratch / "Recovered")
+        application.wait_for_completion()
+        self.assert_engine_got(secret)
+        self.assert_gone(application, secret)
+        self.assert_gone(application, again)
+        self.assert_nowhere_outside(application, again)
 
     def test_a_secret_of_which_another_package_needs_nothing(self):
         application = self.start()

@@ -32,6 +32,19 @@ class Window(RecoveryTestCase):
             order = window_manager.windows_from_below(display)
             self.assertLess(order.index(other), order.index(window))
 
+    def test_is_closed_by_the_keys_for_it(self):
+        for key in ("ctrl+q", "ctrl+w"):
+            with self.subTest(key):
+                application = self.start()
+                application.focus_window()
+                application.key(key)
+                self.assertEqual(0, application.wait_for_end())
+
+    def test_has_an_icon(self):
+        application = self.start()
+        sizes = window_manager.icon_sizes(self.desktop.display, application.window_identifier)
+        self.assertEqual([(size, size) for size in (16, 24, 32, 48, 64, 128)], sorted(sizes))
+
     def test_assistive_technology_hears_that_it_has_become_active(self):
         heard = Activations(self.desktop.accessibility)
         application = self.start()

@@ -6,10 +6,13 @@ import os
 import re
 import subprocess
 
+_KEY_PRESS = 2
+_KEY_PRESS_MASK = 1
 _CLIENT_MESSAGE = 33
 _REVERT_TO_PARENT = 2
 _CURRENT_TIME = 0
 _NO_WINDOW = 0
+_ANY_TYPE = 0
 _MINIMUM_SIZE = 1 << 4
 
 
@@ -44,11 +47,16 @@ def _library():
     x11.XQueryTree.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.POINTER(ctypes.c_ulong),
                                ctypes.POINTER(ctypes.c_ulong), ctypes.POINTER(ctypes.POINTER(ctypes.c_ulong)),
                                ctypes.POINTER(ctypes.c_uint)]
+    x11.XGetWindowProperty.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_ulong, ctypes.c_long, ctypes.c_long,
+                                       ctypes.c_int, ctypes.c_ulong, *[ctypes.c_void_p] * 5]
     x11.XFree.argtypes = [ctypes.c_void_p]
     x11.XCreateSimpleWindow.restype = ctypes.c_ulong
     x11.XCreateSimpleWindow.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int, ctypes.c_uint,
                                         ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, ctypes.c_ulong]
     x11.XMapRaised.argtypes = [ctypes.c_void_p, ctypes.c_ulong]
+    x11.XSelectInput.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_long]
+    x11.XPending.argtypes = [ctypes.c_void_p]
+    x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.POINTER(_Event)]
     x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
     x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
     return x11
@@ -85,6 +93,22 @@ def minimum_size(display, window):
         if not hints.flags & _MINIMUM_SIZE:
             raise AssertionError("the window has no least size")
         return hints.min_width, hints.min_height
+
+
+def icon_sizes(display, window):
+    """(width, height) of each picture that a window has for task bars and switchers."""
+    with connection(display) as (x11, client):
+        kind, width, count, rest = ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong()
+        contents = ctypes.POINTER(ctypes.c_ulong)()
+        x11.XGetWindowProperty(client, window, x11.XInternAtom(client, b"_NET_WM_ICON", 0), 0, 1 << 20, 0, _ANY_TYPE,
+                               *map(ctypes.byref, (kind, width, count, rest, contents)))
+        sizes, position = [], 0
+        while position < count.value:
+            sizes.append((contents[position], contents[position + 1]))
+            position += 2 + contents[position] * contents[position + 1]
+        if contents:
+            x11.XFree(contents)
+        return sizes
 
 
 def windows_from_below(display):
@@ -136,6 +160,25 @@ def give_keyboard(display, window):
     """Directs the keyboard to a window, as a click into it does."""
     with connection(display) as (x11, client):
         x11.XSetInputFocus(client, window, _REVERT_TO_PARENT, _CURRENT_TIME)
+
+
+@contextlib.contextmanager
+def key_presses(display, window):
+    """A function that gives how many key presses a window has got, those of a key that is held among them."""
+    with connection(display) as (x11, client):
+        x11.XSelectInput(client, window, _KEY_PRESS_MASK)
+        x11.XSync(client, 0)
+        count = 0
+
+        def presses():
+            nonlocal count
+            event = _Event()
+            while x11.XPending(client):
+                x11.XNextEvent(client, ctypes.byref(event))
+                count += event.client.type == _KEY_PRESS
+            return count
+
+        yield presses
 
 
 def take_keyboard_away(display):

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class QKeyEvent;
+
 /// Has a key that is held act once. The repeats of Return, Enter, Escape and Space reach no widget of the application,
 /// so that one press does not walk on to what it has brought up: a panel, the next step, an alert. Only a Space that is
 /// typed into a field repeats. Main thread.
@@ -14,4 +16,10 @@ public:
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    bool isRepeat(const QKeyEvent& press) const;
+
+    int releasedKey_ = 0;
+    quint64 timeOfRelease_ = 0;
 };

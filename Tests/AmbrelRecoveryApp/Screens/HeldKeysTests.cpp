@@ -49,6 +49,26 @@ TEST_F(HeldKeysTests, noneDismissesAnAlert) {
     }
 }
 
+TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStroke) {
+    open();
+    model->acceptPackage(path("not there"));
+    redraw();
+    const auto send = [](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+        event.setTimestamp(time);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+        QCoreApplication::processEvents();
+    };
+    for (const quint64 time : {1000U, 1040U}) {
+        send(QEvent::KeyRelease, time);
+        send(QEvent::KeyPress, time);
+    }
+    EXPECT_TRUE(isAlertShown());
+    send(QEvent::KeyRelease, 1060);
+    send(QEvent::KeyPress, 1061);
+    EXPECT_FALSE(isAlertShown());
+}
+
 TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     open();
     panels.answer = path("not there");

@@ -29,4 +29,5 @@ set(platform_sources
   Platform/PlacesView.cpp
   Platform/SessionBusCheck_linux.cpp
   Platform/SleepInhibition.cpp
+  Platform/SpaceView.cpp
   Platform/TypedItem.cpp)

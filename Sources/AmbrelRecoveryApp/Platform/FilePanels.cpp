@@ -11,16 +11,21 @@ FilePanels::~FilePanels() {
 }
 
 void FilePanels::chooseBackup(const OpenPanel& panel, Completion completion) {
-    show(ItemPanel::Purpose::existingItem, {.title = panel.title, .prompt = panel.prompt, .proposedName = {}},
+    show(ItemPanel::Purpose::existingItem,
+         {.title = panel.title, .prompt = panel.prompt, .proposedName = {}, .requiredByteCount = std::nullopt},
          std::move(completion));
 }
 
 void FilePanels::chooseDestination(const SavePanel& panel, Completion completion) {
     show(ItemPanel::Purpose::newItem,
-         {.title = panel.title, .prompt = panel.prompt, .proposedName = panel.proposedName}, std::move(completion));
+         {.title = panel.title,
+          .prompt = panel.prompt,
+          .proposedName = panel.proposedName,
+          .requiredByteCount = panel.requiredByteCount},
+         std::move(completion));
 }
 
-void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts, Completion completion) {
+void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Request& request, Completion completion) {
     if (open_) {
         open_->raise();
         open_->activateWindow();
@@ -36,6 +41,7 @@ void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts,
         }
         completion(std::move(choice));
     };
-    open_ = new ItemPanel(purpose, texts, folder_.value_or(PanelPlaces::home().path), std::move(remembering), window_);
+    open_ =
+        new ItemPanel(purpose, request, folder_.value_or(PanelPlaces::home().path), std::move(remembering), window_);
     open_->open();
 }

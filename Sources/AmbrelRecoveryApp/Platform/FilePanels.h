@@ -22,7 +22,7 @@ public:
     void chooseDestination(const SavePanel& panel, Completion completion) override;
 
 private:
-    void show(ItemPanel::Purpose purpose, const ItemPanel::Texts& texts, Completion completion);
+    void show(ItemPanel::Purpose purpose, const ItemPanel::Request& request, Completion completion);
 
     QPointer<QWidget> window_;
     QPointer<ItemPanel> open_;

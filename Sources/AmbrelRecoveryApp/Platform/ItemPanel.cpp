@@ -13,6 +13,7 @@
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "AmbrelRecoveryApp/Platform/PathLabel.h"
 #include "AmbrelRecoveryApp/Platform/PlacesView.h"
+#include "AmbrelRecoveryApp/Platform/SpaceView.h"
 #include "AmbrelRecoveryApp/Platform/TypedItem.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
@@ -43,26 +44,27 @@ RecoverySymbol backSymbol() {
 
 } // namespace
 
-ItemPanel::ItemPanel(Purpose purpose, const Texts& texts, const std::filesystem::path& folder,
+ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
                      RecoveryPanels::Completion completion, QWidget* window)
-    : QDialog(window), purpose_(purpose), proposedName_(texts.proposedName), completion_(std::move(completion)),
+    : QDialog(window), purpose_(purpose), proposedName_(request.proposedName), completion_(std::move(completion)),
       files_(new FolderModel(this)), list_(new FolderView(*files_, this)), places_(new PlacesView(this)),
       path_(new PathLabel(this)), back_(new PanelButton(backSymbol(), localized(genericBack()), this)),
       up_(new PanelButton(RecoverySymbol::arrowUp, PanelTexts::localized(PanelTexts::Text::enclosingFolder), this)),
       newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
       fileName_(new PanelNameField(localized(detailsFilename()), this)),
+      space_(purpose == Purpose::newItem ? new SpaceView(request.requiredByteCount, this) : nullptr),
       cancel_(new SecondaryRecoveryButton(std::nullopt, this)), accept_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setLayoutDirection(interfaceDirection());
-    setWindowTitle(texts.title);
-    setAccessibleName(texts.title);
+    setWindowTitle(request.title);
+    setAccessibleName(request.title);
     QPalette colors = PanelPalette::colors();
     colors.setColor(QPalette::Window, RecoveryPalette::background());
     setPalette(colors);
     list_->setAccessibleName(localized(detailsResources()));
     newFolder_->setLabel(localized(organizationNewFolder()));
     cancel_->setLabel(localized(genericCancel()));
-    accept_->setLabel(texts.prompt);
+    accept_->setLabel(request.prompt);
     accept_->setDefault(true);
     fileName_->setText(proposedName_);
     fileName_->selectAll();
@@ -124,6 +126,9 @@ void ItemPanel::layOut() {
     content->addLayout(pathRow());
     content->addWidget(list_, 1);
     content->addLayout(nameRow());
+    if (space_) {
+        content->addWidget(space_);
+    }
     content->addSpacing(spacing / 2);
     content->addLayout(buttonRow());
     layout->addLayout(content, 1);
@@ -233,6 +238,7 @@ void ItemPanel::takeNameChange() {
     if (!isNamingSelection_) {
         list_->clearSelection();
     }
+    showSpace();
 }
 
 void ItemPanel::beginPath(const QString& beginning) {
@@ -251,6 +257,9 @@ void ItemPanel::takeReading() {
         return;
     }
     newFolder_->setEnabled(files_->isFolderWritable());
+    if (space_) {
+        space_->refresh();
+    }
 }
 
 void ItemPanel::makeFolder() {
@@ -313,6 +322,13 @@ void ItemPanel::showFolder(const std::filesystem::path& folder) {
     path_->setPath(folder);
     back_->setEnabled(!history_.empty());
     up_->setEnabled(folder.has_relative_path());
+    showSpace();
+}
+
+void ItemPanel::showSpace() {
+    if (space_) {
+        space_->setPlace(folder(), fileName_->text());
+    }
 }
 
 void ItemPanel::take(const std::filesystem::path& path) {

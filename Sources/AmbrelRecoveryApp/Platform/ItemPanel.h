@@ -16,6 +16,7 @@ class PlacesView;
 class PrimaryRecoveryButton;
 class QBoxLayout;
 class SecondaryRecoveryButton;
+class SpaceView;
 struct TypedItem;
 
 /// A file panel in which the user names one item. A backup package is an item like a file: it is taken and never
@@ -27,17 +28,20 @@ class ItemPanel final : public QDialog {
 public:
     enum class Purpose { existingItem, newItem };
 
-    struct Texts {
+    struct Request {
         QString title;
         /// The label of the button that confirms.
         QString prompt;
+        /// What follows is of use for a new item only.
         QString proposedName;
+        /// How many bytes will be written; none where it is not known.
+        std::optional<std::uint64_t> requiredByteCount;
     };
 
     /// A panel that begins in `folder`, or at home where that cannot be read, or not be written for a new item.
     /// `completion` is called once, when the panel is no longer shown, with an absolute path, or with none where the
     /// panel was dismissed or destroyed. The panel deletes itself then.
-    ItemPanel(Purpose purpose, const Texts& texts, const std::filesystem::path& folder,
+    ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
               RecoveryPanels::Completion completion, QWidget* window);
     ~ItemPanel() override;
 
@@ -73,6 +77,7 @@ private:
     void goBack();
     void goUp();
     void showFolder(const std::filesystem::path& folder);
+    void showSpace();
     void take(const std::filesystem::path& path);
     void complete(std::optional<std::filesystem::path> choice);
 
@@ -95,6 +100,8 @@ private:
     PanelButton* const up_;
     SecondaryRecoveryButton* const newFolder_;
     PanelNameField* const fileName_;
+    /// Null where no new item is named.
+    SpaceView* const space_;
     SecondaryRecoveryButton* const cancel_;
     PrimaryRecoveryButton* const accept_;
 };

@@ -35,8 +35,8 @@ ItemPanel& FilePanelsTest::openPanel() {
     return *window->findChild<ItemPanel*>();
 }
 
-ItemPanel& FilePanelsTest::savePanel() {
-    panels->chooseDestination({"Choose where to export", "Export", "Ambrel Recovered", {}}, recording());
+ItemPanel& FilePanelsTest::savePanel(std::optional<std::uint64_t> requiredByteCount) {
+    panels->chooseDestination({"Choose where to export", "Export", "Ambrel Recovered", requiredByteCount}, recording());
     return *window->findChild<ItemPanel*>();
 }
 

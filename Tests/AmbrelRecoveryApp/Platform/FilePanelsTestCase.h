@@ -29,7 +29,7 @@ protected:
 
     RecoveryPanels::Completion recording();
     ItemPanel& openPanel();
-    ItemPanel& savePanel();
+    ItemPanel& savePanel(std::optional<std::uint64_t> requiredByteCount = std::nullopt);
 
     static FolderView& list(ItemPanel& panel);
     static QLineEdit& nameField(ItemPanel& panel);

@@ -106,7 +106,7 @@ TEST_F(FilePanelsTest, completeWithNoneWhereTheWindowIsGone) {
 
 TEST_F(FilePanelsTest, areOpenOneAtATime) {
     ItemPanel& panel = openPanel();
-    panels->chooseDestination({"title", "prompt", "name", {}}, recording());
+    panels->chooseDestination({"title", "prompt", "name", std::nullopt}, recording());
     expectOneChoice(std::nullopt);
     EXPECT_EQ(window->findChildren<ItemPanel*>().size(), 1);
     choices.clear();
@@ -118,7 +118,7 @@ TEST_F(FilePanelsTest, areNoLongerShownWhenTheyCompleteAndCanBeAskedForAgain) {
     std::optional<bool> wasVisible;
     panels->chooseBackup({"Choose backup package", "Choose backup package"}, [&](const std::optional<Path>&) {
         wasVisible = window->findChild<ItemPanel*>()->isVisible();
-        panels->chooseDestination({"Choose where to export", "Export", "name", {}}, recording());
+        panels->chooseDestination({"Choose where to export", "Export", "name", std::nullopt}, recording());
     });
     const QPointer<ItemPanel> first = window->findChild<ItemPanel*>();
     enterAndReturn(*first, QString("file.txt"));

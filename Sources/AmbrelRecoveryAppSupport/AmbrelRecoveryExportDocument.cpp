@@ -3,9 +3,8 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
 AmbrelRecoveryExportDocument AmbrelRecoveryExportDocument::decode(std::string_view json) {
-    AmbrelRecoveryExportDocument document;
-    DocumentObject::parse(json, [&document](const DocumentObject& object) {
-        document = {
+    return DocumentObject::parse(json, [](const DocumentObject& object) {
+        return AmbrelRecoveryExportDocument{
             .schemaIdentifier = object.string("schemaIdentifier"),
             .status = object.string("status"),
             .selectedSnapshotCode = object.string("selectedSnapshotCode"),
@@ -16,5 +15,4 @@ AmbrelRecoveryExportDocument AmbrelRecoveryExportDocument::decode(std::string_vi
             .failedResourceCount = object.signedInteger("failedResourceCount"),
         };
     });
-    return document;
 }

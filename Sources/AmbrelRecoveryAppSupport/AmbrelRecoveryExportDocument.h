@@ -4,19 +4,19 @@
 #include <string>
 #include <string_view>
 
-/// What the engine reports about an export. Strings are UTF-8. A plain value.
+/// What the engine reports about an export. Strings are UTF-8. A value that never changes.
 struct AmbrelRecoveryExportDocument {
     static constexpr std::string_view expectedSchemaIdentifier = "com.ambrel.recovery.cli-export.v1";
 
-    std::string schemaIdentifier;
+    const std::string schemaIdentifier{};
     /// The engine's word for the outcome, not interpreted.
-    std::string status;
-    std::string selectedSnapshotCode;
-    std::int64_t totalItemCount = 0;
-    std::int64_t recoveredItemCount = 0;
-    std::int64_t totalResourceCount = 0;
-    std::int64_t recoveredResourceCount = 0;
-    std::int64_t failedResourceCount = 0;
+    const std::string status{};
+    const std::string selectedSnapshotCode{};
+    const std::int64_t totalItemCount = 0;
+    const std::int64_t recoveredItemCount = 0;
+    const std::int64_t totalResourceCount = 0;
+    const std::int64_t recoveredResourceCount = 0;
+    const std::int64_t failedResourceCount = 0;
 
     /// Decodes the whole of `json`. The identifier is not compared, unknown keys are ignored. Throws
     /// DocumentDecodingError. Any thread.

@@ -48,25 +48,32 @@ Document::Snapshot snapshot(const DocumentObject& object) {
     };
 }
 
+template<typename Value>
+std::vector<Value> each(const std::vector<DocumentObject>& objects, Value (*decode)(const DocumentObject&)) {
+    std::vector<Value> values;
+    values.reserve(objects.size());
+    std::ranges::transform(objects, std::back_inserter(values), decode);
+    return values;
+}
+
 } // namespace
 
 AmbrelRecoveryInspectionDocument AmbrelRecoveryInspectionDocument::decode(std::string_view json) {
-    Document document;
-    DocumentObject::parse(json, [&document](const DocumentObject& object) {
-        document.schemaIdentifier = object.string("schemaIdentifier");
-        document.formatIdentifier = object.string("formatIdentifier");
-        document.formatVersion = object.unsignedInteger("formatVersion");
-        document.unlockedFactor = object.string("unlockedFactor");
-        document.branchDisposition = object.string("branchDisposition");
-        document.canonicalTipSelectionCode = object.optionalString("canonicalTipSelectionCode");
-        document.authenticatedCommitCount = object.signedInteger("authenticatedCommitCount");
-        document.authenticatedHeadCount = object.signedInteger("authenticatedHeadCount");
-        document.maximumWriterEpoch = object.unsignedInteger("maximumWriterEpoch");
-        std::ranges::transform(object.objects("preservedBranches"), std::back_inserter(document.preservedBranches),
-                               branch);
-        std::ranges::transform(object.objects("snapshots"), std::back_inserter(document.snapshots), snapshot);
+    return DocumentObject::parse(json, [](const DocumentObject& object) {
+        return Document{
+            .schemaIdentifier = object.string("schemaIdentifier"),
+            .formatIdentifier = object.string("formatIdentifier"),
+            .formatVersion = object.unsignedInteger("formatVersion"),
+            .unlockedFactor = object.string("unlockedFactor"),
+            .branchDisposition = object.string("branchDisposition"),
+            .canonicalTipSelectionCode = object.optionalString("canonicalTipSelectionCode"),
+            .authenticatedCommitCount = object.signedInteger("authenticatedCommitCount"),
+            .authenticatedHeadCount = object.signedInteger("authenticatedHeadCount"),
+            .maximumWriterEpoch = object.unsignedInteger("maximumWriterEpoch"),
+            .preservedBranches = each(object.objects("preservedBranches"), branch),
+            .snapshots = each(object.objects("snapshots"), snapshot),
+        };
     });
-    return document;
 }
 
 std::optional<std::string> AmbrelRecoveryInspectionDocument::recommendedSnapshotCode() const {

@@ -6,23 +6,24 @@
 #include <string_view>
 #include <vector>
 
-/// What the engine reports about an unlocked backup package. Strings are UTF-8. A plain value.
+/// What the engine reports about an unlocked backup package. Strings are UTF-8. A value that never changes; what
+/// never changes cannot be moved from either, so that moving it copies every snapshot.
 struct AmbrelRecoveryInspectionDocument {
     /// A line of history that the engine preserved.
     struct Branch {
-        std::string tipSelectionCode;
-        std::vector<std::string> snapshotSelectionCodes;
+        const std::string tipSelectionCode{};
+        const std::vector<std::string> snapshotSelectionCodes{};
 
         bool operator==(const Branch&) const = default;
     };
 
     struct Counts {
-        std::uint64_t items = 0;
-        std::uint64_t resources = 0;
-        std::uint64_t folders = 0;
-        std::uint64_t albums = 0;
-        std::uint64_t memberships = 0;
-        std::uint64_t tombstones = 0;
+        const std::uint64_t items = 0;
+        const std::uint64_t resources = 0;
+        const std::uint64_t folders = 0;
+        const std::uint64_t albums = 0;
+        const std::uint64_t memberships = 0;
+        const std::uint64_t tombstones = 0;
 
         bool operator==(const Counts&) const = default;
     };
@@ -30,30 +31,30 @@ struct AmbrelRecoveryInspectionDocument {
     /// Whether the payload files that a snapshot needs are present and intact.
     struct PayloadFileEvidence {
         /// The engine's verdict, which is not recomputed from the counts.
-        bool complete = false;
-        std::int64_t requiredFileCount = 0;
-        std::int64_t matchingFileCount = 0;
-        std::int64_t missingFileCount = 0;
-        std::int64_t mismatchedFileCount = 0;
-        std::int64_t unreadableFileCount = 0;
+        const bool complete = false;
+        const std::int64_t requiredFileCount = 0;
+        const std::int64_t matchingFileCount = 0;
+        const std::int64_t missingFileCount = 0;
+        const std::int64_t mismatchedFileCount = 0;
+        const std::int64_t unreadableFileCount = 0;
 
         bool operator==(const PayloadFileEvidence&) const = default;
     };
 
     struct Snapshot {
         /// Names the snapshot to the engine and is its identity everywhere.
-        std::string selectionCode;
-        std::int64_t createdAtUTCMilliseconds = 0;
-        std::uint64_t writerEpoch = 0;
-        std::uint64_t generation = 0;
+        const std::string selectionCode{};
+        const std::int64_t createdAtUTCMilliseconds = 0;
+        const std::uint64_t writerEpoch = 0;
+        const std::uint64_t generation = 0;
         /// A retained tip of history.
-        bool retainedTip = false;
-        Counts counts;
+        const bool retainedTip = false;
+        const Counts counts{};
         /// Bytes of the content once decrypted.
-        std::uint64_t logicalPlaintextByteCount = 0;
+        const std::uint64_t logicalPlaintextByteCount = 0;
         /// Bytes of the payload files in the package.
-        std::uint64_t encryptedPayloadByteCount = 0;
-        PayloadFileEvidence payloadFileEvidence;
+        const std::uint64_t encryptedPayloadByteCount = 0;
+        const PayloadFileEvidence payloadFileEvidence{};
 
         const std::string& id() const { return selectionCode; }
         bool operator==(const Snapshot&) const = default;
@@ -65,18 +66,18 @@ struct AmbrelRecoveryInspectionDocument {
     static constexpr std::string_view unresolvedFork = "unresolved-fork";
     static constexpr std::string_view noPublishedHead = "no-published-head";
 
-    std::string schemaIdentifier;
-    std::string formatIdentifier;
-    std::uint64_t formatVersion = 0;
-    std::string unlockedFactor;
-    std::string branchDisposition;
-    std::optional<std::string> canonicalTipSelectionCode;
-    std::int64_t authenticatedCommitCount = 0;
-    std::int64_t authenticatedHeadCount = 0;
-    std::uint64_t maximumWriterEpoch = 0;
-    std::vector<Branch> preservedBranches;
+    const std::string schemaIdentifier{};
+    const std::string formatIdentifier{};
+    const std::uint64_t formatVersion = 0;
+    const std::string unlockedFactor{};
+    const std::string branchDisposition{};
+    const std::optional<std::string> canonicalTipSelectionCode{};
+    const std::int64_t authenticatedCommitCount = 0;
+    const std::int64_t authenticatedHeadCount = 0;
+    const std::uint64_t maximumWriterEpoch = 0;
+    const std::vector<Branch> preservedBranches{};
     /// In the engine's order.
-    std::vector<Snapshot> snapshots;
+    const std::vector<Snapshot> snapshots{};
 
     /// Decodes the whole of `json`. Identifiers are not compared, unknown keys are ignored. Throws
     /// DocumentDecodingError. Any thread.

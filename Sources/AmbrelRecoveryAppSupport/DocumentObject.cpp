@@ -1,7 +1,5 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
-#include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
-
 namespace {
 
 /// The value of a simdjson result that must hold a `Value`.
@@ -16,13 +14,17 @@ Value required(Result result) {
 
 } // namespace
 
-void DocumentObject::parse(std::string_view json, const std::function<void(const DocumentObject&)>& decode) {
-    // The parser copies its input also where there is none to copy.
-    if (json.empty()) {
+DocumentObject DocumentObject::top(simdjson::dom::parser& parser, std::string_view json) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (json.starts_with(byteOrderMark)) {
+        json.remove_prefix(byteOrderMark.size());
+    }
+    // The parser copies its input also where there is none to copy, and some versions of it skip a mark themselves,
+    // which would be the second one here.
+    if (json.empty() || json.starts_with(byteOrderMark)) {
         throw DocumentDecodingError();
     }
-    simdjson::dom::parser parser;
-    decode(DocumentObject(required<simdjson::dom::object>(parser.parse(json.data(), json.size()))));
+    return DocumentObject(required<simdjson::dom::object>(parser.parse(json.data(), json.size())));
 }
 
 std::string DocumentObject::string(std::string_view key) const {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 namespace {
 
 using Document = AmbrelRecoveryExportDocument;
@@ -34,6 +36,8 @@ const Document expected = {
     .recoveredResourceCount = 4,
     .failedResourceCount = 5,
 };
+
+static_assert(!std::is_assignable_v<Document&, Document>, "a report never changes");
 
 } // namespace
 
@@ -94,7 +98,8 @@ TEST(AmbrelRecoveryExportDocumentTest, TakesWhateverTheEngineReports) {
 }
 
 TEST(AmbrelRecoveryExportDocumentTest, IgnoresUnknownKeys) {
-    for (const char* const value : {"null", "1", "-1.5e3", "\"text\"", "[]", "{\"status\":1}", "[[{\"a\":[null]}]]"}) {
+    for (const char* const value : {"null", "1", "-1.5e3", "\"text\"", "[]", "{\"status\":1}", "[[{\"a\":[null]}]]",
+                                    "18446744073709551616", "{\"a\":[1e400,-1E+999999999999999999999]}"}) {
         EXPECT_TRUE(decoded(valid.withFirst("document", "unknown", value)) == expected) << value;
         EXPECT_TRUE(decoded(valid.withLast("document", "Status", value)) == expected) << value;
     }

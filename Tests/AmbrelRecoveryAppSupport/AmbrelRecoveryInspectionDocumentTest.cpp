@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <type_traits>
 
 namespace {
 
@@ -53,16 +55,16 @@ const Document expected = {
 /// A document with this disposition and, for each sign, a snapshot: "+" is a retained tip. Their codes are "0", "1",
 /// ...
 Document withSnapshots(std::string_view disposition, std::string_view signs) {
-    Document document;
-    document.branchDisposition = disposition;
+    std::vector<Document::Snapshot> snapshots;
     for (std::size_t index = 0; index < signs.size(); ++index) {
-        Document::Snapshot snapshot;
-        snapshot.selectionCode = std::to_string(index);
-        snapshot.retainedTip = signs[index] == '+';
-        document.snapshots.push_back(snapshot);
+        snapshots.push_back({.selectionCode = std::to_string(index), .retainedTip = signs[index] == '+'});
     }
-    return document;
+    return {.branchDisposition = std::string(disposition), .snapshots = std::move(snapshots)};
 }
+
+static_assert(!std::is_assignable_v<Document&, Document> &&
+                  !std::is_assignable_v<Document::Snapshot&, Document::Snapshot>,
+              "an inspection never changes");
 
 } // namespace
 
@@ -154,6 +156,49 @@ TEST(AmbrelRecoveryInspectionDocumentTest, KeepsTheWholeWidthOfItsNumbers) {
               -9007199254740993);
 }
 
+TEST(AmbrelRecoveryInspectionDocumentTest, TakesAnIntegerByItsValueHoweverItIsSpelled) {
+    const std::map<std::string, std::uint64_t> unsignedNumbers = {
+        {"5.0", 5},
+        {"1e2", 100},
+        {"1E+2", 100},
+        {"2.50e1", 25},
+        {"2500e-2", 25},
+        {"0.0", 0},
+        {"-0.0", 0},
+        {"0e999999999999999999999", 0},
+        {"1" + std::string(400, '0') + "e-400", 1},
+        {"0." + std::string(400, '0') + "7e401", 7},
+        // Doubles could not hold these.
+        {"9007199254740993.0", 9007199254740993},
+        {"18446744073709551615.00", UINT64_MAX},
+        {"1844674407370955161.5e1", UINT64_MAX},
+        {"1e19", 10'000'000'000'000'000'000U},
+    };
+    for (const auto& [number, value] : unsignedNumbers) {
+        EXPECT_EQ(decoded(valid.with("counts", "items", number)).snapshots[0].counts.items, value) << number;
+    }
+    const std::map<std::string, std::int64_t> signedNumbers = {
+        {"-5.0", -5},
+        {"-1e2", -100},
+        {"9223372036854775807.0", INT64_MAX},
+        {"-922337203685477580.8e1", INT64_MIN},
+    };
+    for (const auto& [number, value] : signedNumbers) {
+        EXPECT_EQ(
+            decoded(valid.with("snapshot", "createdAtUTCMilliseconds", number)).snapshots[0].createdAtUTCMilliseconds,
+            value)
+            << number;
+    }
+}
+
+TEST(AmbrelRecoveryInspectionDocumentTest, LeavesNumbersInTextsAsTheyAre) {
+    const Document document = decoded(valid.with("document", "formatVersion", "1e0")
+                                          .with("snapshot", "selectionCode", R"("1e2 \\\" 5.0 \\")")
+                                          .with("document", "unlockedFactor", "\"1e400\""));
+    EXPECT_EQ(document.snapshots[0].selectionCode, "1e2 \\\" 5.0 \\");
+    EXPECT_EQ(document.unlockedFactor, "1e400");
+}
+
 TEST(AmbrelRecoveryInspectionDocumentTest, TakesWhateverTheEngineReports) {
     for (const char* const version : {"0", "2"}) {
         EXPECT_FALSE(isRefused(valid.with("document", "formatVersion", version)));
@@ -177,7 +222,8 @@ TEST(AmbrelRecoveryInspectionDocumentTest, DecodesEscapedTextToUTF8) {
 
 TEST(AmbrelRecoveryInspectionDocumentTest, IgnoresUnknownKeysAtEveryLevel) {
     for (const char* const level : {"document", "branch", "snapshot", "counts", "evidence"}) {
-        for (const char* const value : {"null", "-1.5e3", "\"text\"", "{\"snapshots\":1}", "[[{\"a\":[null]}]]"}) {
+        for (const char* const value : {"null", "-1.5e3", "\"text\"", "{\"snapshots\":1}", "[[{\"a\":[null]}]]",
+                                        "18446744073709551616", "{\"a\":[1e400,-1E+999999999999999999999]}"}) {
             EXPECT_TRUE(decoded(valid.withFirst(level, "unknown", value)) == expected) << level << ": " << value;
             EXPECT_TRUE(decoded(valid.withLast(level, "", value)) == expected) << level << ": " << value;
             EXPECT_TRUE(decoded(valid.withFirst(level, "SNAPSHOTS", value)) == expected) << level << ": " << value;
@@ -217,17 +263,13 @@ TEST(AmbrelRecoveryInspectionDocumentTest, RecommendsNothingWhereTheChoiceIsNotC
 }
 
 TEST(AmbrelRecoveryInspectionDocumentTest, RecommendsWithoutRegardToTheCanonicalTipAndTheBranches) {
-    Document document = withSnapshots("single-head", "--+");
-    document.canonicalTipSelectionCode = "0";
-    document.preservedBranches = {{"1", {"1"}}};
-    EXPECT_EQ(document.recommendedSnapshotCode(), "2");
-    document.snapshots[2].retainedTip = false;
-    EXPECT_EQ(document.recommendedSnapshotCode(), std::nullopt);
-}
-
-TEST(AmbrelRecoveryInspectionDocumentTest, RecommendsAnewAtEveryCall) {
-    Document document = withSnapshots("single-head", "+-");
-    EXPECT_EQ(document.recommendedSnapshotCode(), "0");
-    document.branchDisposition = Document::unresolvedFork;
-    EXPECT_EQ(document.recommendedSnapshotCode(), std::nullopt);
+    for (const auto& [signs, recommended] :
+         {std::pair("--+", std::optional<std::string>("2")), {"---", std::nullopt}}) {
+        const Document document = {
+            .canonicalTipSelectionCode = "0",
+            .preservedBranches = {{"1", {"1"}}},
+            .snapshots = withSnapshots("", signs).snapshots,
+        };
+        EXPECT_EQ(document.recommendedSnapshotCode(), recommended);
+    }
 }

@@ -100,9 +100,14 @@ TEST_P(HostileDocumentsTest, OnlyBlanksMayStandAroundTheDocument) {
     EXPECT_TRUE(GetParam().refuses(text + "\n" + text));
 }
 
-TEST_P(HostileDocumentsTest, OnlyUTF8WithoutAByteOrderMarkIsAccepted) {
+TEST_P(HostileDocumentsTest, OnlyUTF8IsAcceptedWithOneByteOrderMarkAtMost) {
     const std::string text = GetParam().valid.text();
-    EXPECT_TRUE(GetParam().refuses("\xEF\xBB\xBF" + text));
+    const std::string mark = "\xEF\xBB\xBF";
+    EXPECT_FALSE(GetParam().refuses(mark + text));
+    EXPECT_FALSE(GetParam().refuses(mark + "\n" + text));
+    EXPECT_TRUE(GetParam().refuses(mark + mark + text));
+    EXPECT_TRUE(GetParam().refuses("\n" + mark + text));
+    EXPECT_TRUE(GetParam().refuses(text + mark));
     std::string wide;
     for (const char character : text) {
         wide += character;
@@ -113,9 +118,29 @@ TEST_P(HostileDocumentsTest, OnlyUTF8WithoutAByteOrderMarkIsAccepted) {
 }
 
 TEST_P(HostileDocumentsTest, InvalidTextIsRefusedAlsoUnderKeysThatNobodyAskedFor) {
-    for (const std::string_view value :
-         {"\"\xFF\"", "\"\xED\xA0\x80\"", "\"\xC0\x80\"", "\"\\ud800\"", "\"\\udc00\"", "\"\\ud800\\ud800\"", "\"\\u\"",
-          "\"\\a\"", "\"\n\"", "\"\x01\"", "nil", "01", "1.", "[1 2]", "{1:2}", "{\"a\":1 \"b\":2}"}) {
+    for (const std::string_view value : {"\"\xFF\"",
+                                         "\"\xED\xA0\x80\"",
+                                         "\"\xC0\x80\"",
+                                         "\"\\ud800\"",
+                                         "\"\\udc00\"",
+                                         "\"\\ud800\\ud800\"",
+                                         "\"\\u\"",
+                                         "\"\\a\"",
+                                         "\"\n\"",
+                                         "\"\x01\"",
+                                         "nil",
+                                         "01",
+                                         "1.",
+                                         "01e400",
+                                         "1.e400",
+                                         "1e",
+                                         "+1e400",
+                                         "[1e400 1e400]",
+                                         "1e400x",
+                                         "\"\\\"1e400",
+                                         "[1 2]",
+                                         "{1:2}",
+                                         "{\"a\":1 \"b\":2}"}) {
         EXPECT_TRUE(GetParam().refuses(GetParam().valid.withFirst("document", "unknown", value).text())) << value;
         EXPECT_TRUE(GetParam().refuses(GetParam().valid.withLast("document", "unknown", value).text())) << value;
     }
@@ -145,9 +170,11 @@ TEST_P(HostileDocumentsTest, AnEscapedKeyIsTheKey) {
                                         .text()));
 }
 
-TEST_P(HostileDocumentsTest, NumbersThatNobodyAskedForMayHaveMoreThanAnIntegerHolds) {
-    for (const std::string& number : {"0." + std::string(400, '3'), std::string("18446744073709551615"),
-                                      std::string("-1.5e300"), std::string("1e-400")}) {
+TEST_P(HostileDocumentsTest, NumbersThatNobodyAskedForMayBeOfAnySize) {
+    for (const std::string& number :
+         {"0." + std::string(400, '3'), std::string("18446744073709551615"), std::string("18446744073709551616"),
+          "-" + std::string(400, '9'), std::string("-1.5e300"), std::string("1e-400"), std::string("1e400"),
+          std::string("-1.5E+99999999999999999999"), "[" + std::string(100'000, '9') + ".0]"}) {
         EXPECT_FALSE(GetParam().refuses(GetParam().valid.withLast("document", "unknown", number).text())) << number;
     }
 }
@@ -188,6 +215,15 @@ TEST_P(HostileDocumentsTest, AHundredMegabytesAreDecodedOrRefusedLikeAnyOtherTex
     EXPECT_TRUE(GetParam().refuses(valid.withFirst("document", "unknown", "\"" + flood).text()));
     EXPECT_TRUE(GetParam().refuses(flood));
     EXPECT_TRUE(GetParam().refuses(std::string(hundredMegabytes, '[')));
+}
+
+TEST_P(HostileDocumentsTest, ATextLongerThanAnyListOfSnapshotsIsRefused) {
+    constexpr std::size_t longest = 536'870'912;
+    std::string text = GetParam().valid.text();
+    text.resize(longest, ' ');
+    EXPECT_FALSE(GetParam().refuses(text));
+    text.push_back(' ');
+    EXPECT_TRUE(GetParam().refuses(text));
 }
 
 TEST_P(HostileDocumentsTest, DamagedTextIsDecodedOrRefusedButNeverAnythingElse) {

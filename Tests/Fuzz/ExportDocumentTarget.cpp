@@ -11,15 +11,9 @@
 namespace {
 
 using Document = AmbrelRecoveryExportDocument;
+using DocumentChecks::expectNumber;
 using DocumentChecks::expectText;
 using Fuzzing::expect;
-
-void expectNumber(const JsonReading& reading, std::string_view key, std::int64_t decoded) {
-    if (const auto value = reading.value(key)) {
-        // Another default shows whether there is a whole number at all.
-        expect(value->toInteger(decoded - (decoded > 0 ? 1 : -1)) == decoded, "a number is the one of the document");
-    }
-}
 
 void expectSameAsRead(const JsonReading& reading, const Document& document) {
     expect(reading.mayBeObject(), "what is decoded is one JSON object");

@@ -16,20 +16,9 @@
 namespace {
 
 using Document = AmbrelRecoveryInspectionDocument;
+using DocumentChecks::expectNumber;
 using DocumentChecks::expectText;
 using Fuzzing::expect;
-
-template<typename Number>
-void expectNumber(const JsonReading& reading, std::string_view key, Number decoded) {
-    if (const auto value = reading.value(key)) {
-        expect(value->isDouble(), "a number is one in the document");
-        // Beyond the range of a signed number Qt keeps the nearest floating-point number.
-        const bool isExact = std::in_range<qint64>(decoded) && value->toInteger(0) == value->toInteger(1);
-        expect(isExact ? value->toInteger() == static_cast<qint64>(decoded)
-                       : value->toDouble() == static_cast<double>(decoded),
-               "a number is the one of the document");
-    }
-}
 
 void expectSameAsRead(const JsonReading& reading, const Document& document) {
     expect(reading.mayBeObject(), "what is decoded is one JSON object");

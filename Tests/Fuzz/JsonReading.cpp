@@ -1,7 +1,9 @@
 #include "Fuzz/JsonReading.h"
 
 #include <QJsonDocument>
+#include <QRegularExpression>
 
+#include <algorithm>
 #include <string>
 
 JsonReading::JsonReading(std::string_view json) : json_(json) {
@@ -9,25 +11,20 @@ JsonReading::JsonReading(std::string_view json) : json_(json) {
     const QByteArray bytes = QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size()));
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     object_ = document.object();
-    mayBeObject_ = document.isObject() || error.error == QJsonParseError::DeepNesting;
+    mayBeObject_ = document.isObject() || error.error == QJsonParseError::DeepNesting ||
+                   error.error == QJsonParseError::IllegalNumber;
 }
 
 bool JsonReading::isPlain() const {
-    constexpr std::size_t longestNumber = 18;
-    std::size_t digits = 0;
-    bool inText = false;
-    for (const char character : json_) {
-        const bool isDigit = character >= '0' && character <= '9';
-        inText = inText != (character == '"');
-        // Qt takes a number without a digit before its point, too.
-        const bool isFraction =
-            (!inText && character == '.') || (digits > 0 && (character == '.' || character == 'e' || character == 'E'));
-        digits = isDigit ? digits + 1 : 0;
-        if (character == '\\' || (character >= '\0' && character < ' ') || isFraction || digits > longestNumber) {
-            return false;
-        }
-    }
-    return json_.find("\xEF\xBB\xBF") == std::string_view::npos;
+    static const QRegularExpression strings(QStringLiteral("\"[^\"]*\""));
+    // Qt takes a number without a digit before its point, too.
+    static const QRegularExpression unusualNumber(
+        QStringLiteral(R"([0-9.]{17}|(?<![0-9])\.|\.(?![0-9])|[eE][+-]?[0-9]{3})"));
+    const bool hasControls =
+        std::ranges::any_of(json_, [](char character) { return character >= '\0' && character < ' '; });
+    const QString outside = QString::fromUtf8(json_.data(), static_cast<qsizetype>(json_.size())).remove(strings);
+    return !hasControls && json_.find('\\') == std::string_view::npos &&
+           json_.find("\xEF\xBB\xBF") == std::string_view::npos && !outside.contains(unusualNumber);
 }
 
 std::size_t JsonReading::countOf(std::string_view key) const {

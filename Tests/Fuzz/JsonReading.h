@@ -13,14 +13,15 @@ class JsonReading {
 public:
     explicit JsonReading(std::string_view json);
 
-    /// Whether the text is one that Qt reads as an object, or one that is nested deeper than Qt goes.
+    /// Whether the text is one that Qt reads as an object, or one that is nested deeper than Qt goes or has a number
+    /// that Qt does not hold.
     bool mayBeObject() const { return mayBeObject_; }
 
     /// The object; empty where there is none.
     const QJsonObject& object() const { return object_; }
 
     /// Whether every JSON reader takes the text in the same way: no escapes, no control characters, no byte order mark,
-    /// no number that is very large or has a point or an exponent.
+    /// no number of so many digits, or so large an exponent, that a floating-point number would not tell its value.
     bool isPlain() const;
 
     /// In how many places this key can stand; 0 for a text that is not plain enough to tell.

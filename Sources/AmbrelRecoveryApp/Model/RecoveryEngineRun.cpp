@@ -13,12 +13,13 @@
 namespace {
 
 template<typename Document>
-std::variant<Document, AmbrelRecoveryFailureKind> documentOrFailure(const AmbrelRecoveryProcessResult& result,
-                                                                    AmbrelRecoveryAppFactor factor) {
+RecoveryEngineRun::Outcome<Document> documentOrFailure(const AmbrelRecoveryProcessResult& result,
+                                                       AmbrelRecoveryAppFactor factor) {
     if (result.exitCode == 0) {
         try {
-            Document document = Document::decode(result.standardOutput);
-            if (document.hasExpectedIdentifiers()) {
+            // Decoded into its place: std::make_shared would have to copy what never changes.
+            std::shared_ptr<const Document> document(new Document(Document::decode(result.standardOutput)));
+            if (document->hasExpectedIdentifiers()) {
                 return document;
             }
         } catch (const DocumentDecodingError&) {

@@ -20,8 +20,10 @@ class AmbrelRecoveryProcessRunner;
 namespace RecoveryEngineRun {
 
 /// An accepted document, or the failure that the run stands for.
-using InspectionOutcome = std::variant<AmbrelRecoveryInspectionDocument, AmbrelRecoveryFailureKind>;
-using ExportOutcome = std::variant<AmbrelRecoveryExportDocument, AmbrelRecoveryFailureKind>;
+template<typename Document>
+using Outcome = std::variant<std::shared_ptr<const Document>, AmbrelRecoveryFailureKind>;
+using InspectionOutcome = Outcome<AmbrelRecoveryInspectionDocument>;
+using ExportOutcome = Outcome<AmbrelRecoveryExportDocument>;
 
 /// Fetches the credential from the session, runs the engine, and wipes the fetched copy. Blocks for the engine's whole
 /// life: never on the main thread. Throws CancellationError where the token is stopped already, and

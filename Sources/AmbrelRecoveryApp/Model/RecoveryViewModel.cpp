@@ -206,7 +206,7 @@ void RecoveryViewModel::forgetPackageContents() {
     publish(inspection_, nullptr);
     publish(selectedSnapshotCode_, std::nullopt);
     publish(destinationURL_, std::nullopt);
-    publish(exportResult_, std::nullopt);
+    publish(exportResult_, nullptr);
     publish(packagePreparationProgress_, std::nullopt);
     publish(credential_, SecretText());
     dropCredentialSession();

@@ -78,7 +78,7 @@ public:
     const std::optional<std::string>& selectedSnapshotCode() const { return selectedSnapshotCode_; }
     /// The export's destination folder, absolute, without "." and ".." in it.
     const std::optional<std::filesystem::path>& destinationURL() const { return destinationURL_; }
-    const std::optional<AmbrelRecoveryExportDocument>& exportResult() const { return exportResult_; }
+    const std::shared_ptr<const AmbrelRecoveryExportDocument>& exportResult() const { return exportResult_; }
     /// How much of the package is downloaded, 0 to 1; none where it is not known or nothing is prepared.
     const std::optional<double>& packagePreparationProgress() const { return packagePreparationProgress_; }
     const std::optional<PresentedError>& presentedError() const { return presentedError_; }
@@ -172,7 +172,7 @@ private:
     std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection_;
     std::optional<std::string> selectedSnapshotCode_;
     std::optional<std::filesystem::path> destinationURL_;
-    std::optional<AmbrelRecoveryExportDocument> exportResult_;
+    std::shared_ptr<const AmbrelRecoveryExportDocument> exportResult_;
     std::optional<double> packagePreparationProgress_;
     std::optional<PresentedError> presentedError_;
 

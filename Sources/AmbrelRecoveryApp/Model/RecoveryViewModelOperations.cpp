@@ -117,8 +117,7 @@ void RecoveryViewModel::applyInspection(RecoveryEngineRun::InspectionOutcome out
         presentInspectionFailure(*failure);
         return;
     }
-    auto document = std::make_shared<const AmbrelRecoveryInspectionDocument>(
-        std::get<AmbrelRecoveryInspectionDocument>(std::move(outcome)));
+    auto document = std::get<std::shared_ptr<const AmbrelRecoveryInspectionDocument>>(std::move(outcome));
     std::optional<std::string> recommendation = document->recommendedSnapshotCode();
     publish(inspection_, std::move(document));
     publish(selectedSnapshotCode_, std::move(recommendation));
@@ -130,7 +129,7 @@ void RecoveryViewModel::applyExport(RecoveryEngineRun::ExportOutcome outcome) {
         presentExportFailure(*failure);
         return;
     }
-    publish(exportResult_, std::get<AmbrelRecoveryExportDocument>(std::move(outcome)));
+    publish(exportResult_, std::get<std::shared_ptr<const AmbrelRecoveryExportDocument>>(std::move(outcome)));
     dropCredentialSession();
     publish(phase_, Phase::complete);
 }

@@ -19,7 +19,7 @@ struct RecoveryScreenState {
     /// The accepted inspection's, or null.
     std::shared_ptr<const SortedSnapshots> snapshots;
     std::optional<std::string> selectedSnapshotCode;
-    std::optional<AmbrelRecoveryExportDocument> exportResult;
+    std::shared_ptr<const AmbrelRecoveryExportDocument> exportResult;
     std::optional<double> packagePreparationProgress;
     std::optional<RecoveryViewModel::PresentedError> presentedError;
     bool canInspect = false;

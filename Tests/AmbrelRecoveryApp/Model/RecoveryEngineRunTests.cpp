@@ -40,7 +40,7 @@ bool isInspectionAccepted(const std::string& schema, const std::string& format) 
         R"(","formatVersion":1,"unlockedFactor":"","branchDisposition":"","authenticatedCommitCount":0,)"
         R"("authenticatedHeadCount":0,"maximumWriterEpoch":0,"preservedBranches":[],"snapshots":[]})";
     const auto outcome = RecoveryEngineRun::inspectionOutcome({0, document, ""}, passphrase);
-    return std::holds_alternative<AmbrelRecoveryInspectionDocument>(outcome);
+    return !std::holds_alternative<Kind>(outcome);
 }
 
 std::string exportDocument(const std::string& schema) {
@@ -51,7 +51,7 @@ std::string exportDocument(const std::string& schema) {
 
 bool isExportAccepted(const std::string& schema) {
     const auto outcome = RecoveryEngineRun::exportOutcome({0, exportDocument(schema), ""}, passphrase);
-    return std::holds_alternative<AmbrelRecoveryExportDocument>(outcome);
+    return !std::holds_alternative<Kind>(outcome);
 }
 
 /// Identifiers, as a document spells them, that are almost this one.
@@ -137,7 +137,7 @@ TEST(RecoveryEngineRun, classifiesADocumentThatIsNotAccepted) {
 TEST(RecoveryEngineRun, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitStatus) {
     const std::string document = exportDocument(exportSchema);
     const auto accepted = RecoveryEngineRun::exportOutcome({0, document, "integrity verification failed"}, passphrase);
-    EXPECT_EQ(std::get<AmbrelRecoveryExportDocument>(accepted).failedResourceCount, 9);
+    EXPECT_EQ(std::get<0>(accepted)->failedResourceCount, 9);
     const auto refused = RecoveryEngineRun::exportOutcome({1, document, ""}, passphrase);
     EXPECT_EQ(std::get<Kind>(refused), Kind::generic);
 }

@@ -11,10 +11,7 @@ using Phase = RecoveryScreenState::Phase;
 
 TEST(CompletionContentTests, showsHowManyItemsWereRecovered) {
     RecoveryScreenState state = stateIn(Phase::complete);
-    state.exportResult.emplace();
-    state.exportResult->totalItemCount = 5000;
-    state.exportResult->recoveredItemCount = 4812;
-    state.exportResult->failedResourceCount = 3;
+    state.exportResult = exportResult({.totalItemCount = 5000, .recoveredItemCount = 4812, .failedResourceCount = 3});
     const CompletionContent content = completionContent(state);
     EXPECT_EQ(content.title, QStringLiteral("Export complete"));
     EXPECT_EQ(content.exported, QStringLiteral("Exported: 4,812"));
@@ -31,7 +28,7 @@ TEST(CompletionContentTests, withoutAReportOnlyTheLineIsAbsent) {
 
 TEST(CompletionContentTests, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) {
     RecoveryScreenState state = stateIn(Phase::complete);
-    state.exportResult.emplace();
+    state.exportResult = exportResult({});
     EXPECT_EQ(completionContent(state).exported, QStringLiteral("Exported: 0"));
     {
         const ScopedLanguage german("de", "de_DE.UTF-8");

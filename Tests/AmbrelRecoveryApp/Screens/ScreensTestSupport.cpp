@@ -29,22 +29,25 @@ void prepareEnvironment() {
 }
 
 AmbrelRecoveryInspectionDocument::Snapshot snapshot(const std::string& code, std::int64_t createdAtUTCMilliseconds) {
-    AmbrelRecoveryInspectionDocument::Snapshot snapshot;
-    snapshot.selectionCode = code;
-    snapshot.createdAtUTCMilliseconds = createdAtUTCMilliseconds;
-    snapshot.counts.items = 4812;
-    snapshot.counts.resources = 9630;
-    snapshot.logicalPlaintextByteCount = 1'500'000;
-    snapshot.payloadFileEvidence.complete = true;
-    return snapshot;
+    return {
+        .selectionCode = code,
+        .createdAtUTCMilliseconds = createdAtUTCMilliseconds,
+        .counts = {.items = 4812, .resources = 9630},
+        .logicalPlaintextByteCount = 1'500'000,
+        .payloadFileEvidence = {.complete = true},
+    };
 }
 
 std::shared_ptr<const AmbrelRecoveryInspectionDocument>
 inspection(std::vector<AmbrelRecoveryInspectionDocument::Snapshot> snapshots, const std::string& disposition) {
-    auto document = std::make_shared<AmbrelRecoveryInspectionDocument>();
-    document->branchDisposition = disposition;
-    document->snapshots = std::move(snapshots);
-    return document;
+    return std::make_shared<const AmbrelRecoveryInspectionDocument>(AmbrelRecoveryInspectionDocument{
+        .branchDisposition = disposition,
+        .snapshots = std::move(snapshots),
+    });
+}
+
+std::shared_ptr<const AmbrelRecoveryExportDocument> exportResult(const AmbrelRecoveryExportDocument& document) {
+    return std::make_shared<const AmbrelRecoveryExportDocument>(document);
 }
 
 RecoveryScreenState stateIn(RecoveryScreenState::Phase phase) {

@@ -39,6 +39,9 @@ std::shared_ptr<const AmbrelRecoveryInspectionDocument>
 inspection(std::vector<AmbrelRecoveryInspectionDocument::Snapshot> snapshots,
            const std::string& disposition = "single-branch");
 
+/// A report of an export, to be put into a state.
+std::shared_ptr<const AmbrelRecoveryExportDocument> exportResult(const AmbrelRecoveryExportDocument& document);
+
 /// The state in `phase` after an inspection with one snapshot; without one for the phases before.
 RecoveryScreenState stateIn(RecoveryScreenState::Phase phase);
 

@@ -132,29 +132,22 @@ TEST(SnapshotsContentTests, aRowShowsDateFactsAndPayload) {
 
 TEST(SnapshotsContentTests, aSizeBeyondTheSignedRangeIsShownAsTheLargest) {
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
-    Snapshot huge = snapshot("a", 0);
-    huge.logicalPlaintextByteCount = std::numeric_limits<std::uint64_t>::max();
+    const Snapshot huge = {.logicalPlaintextByteCount = std::numeric_limits<std::uint64_t>::max()};
     EXPECT_EQ(rowOf(huge).facts.last(),
               AmbrelStrings::formattedFileSize(largest, AmbrelStrings::currentFormattingLocale()));
 }
 
 TEST(SnapshotsContentTests, countsAreShownOverTheirWholeRange) {
-    Snapshot huge = snapshot("a", 0);
-    huge.counts.items = std::numeric_limits<std::uint64_t>::max();
+    const Snapshot huge = {.counts = {.items = std::numeric_limits<std::uint64_t>::max()}};
     EXPECT_EQ(rowOf(huge).facts.first(), QStringLiteral("Items: 18,446,744,073,709,551,615"));
 }
 
 TEST(SnapshotsContentTests, theEnginesVerdictDecidesThePayloadState) {
-    Snapshot incomplete = snapshot("a", 0);
-    incomplete.counts = {};
-    incomplete.payloadFileEvidence = {};
-    const SnapshotRowContent row = rowOf(incomplete);
+    const SnapshotRowContent row = rowOf({.payloadFileEvidence = {.complete = false}});
     EXPECT_FALSE(row.isComplete);
     EXPECT_EQ(row.payload, QStringLiteral("Incomplete"));
 
-    Snapshot complete = snapshot("a", 0);
-    complete.payloadFileEvidence.missingFileCount = 7;
-    EXPECT_TRUE(rowOf(complete).isComplete);
+    EXPECT_TRUE(rowOf({.payloadFileEvidence = {.complete = true, .missingFileCount = 7}}).isComplete);
 }
 
 TEST(SnapshotsContentTests, theExportTakesThePlaceOfItsButton) {

@@ -55,8 +55,7 @@ TEST(StepAnnouncementTests, saysThatThereAreNoSnapshots) {
 
 TEST(StepAnnouncementTests, readsTheCountAtTheEnd) {
     RecoveryScreenState complete = stateIn(Phase::complete);
-    complete.exportResult.emplace();
-    complete.exportResult->recoveredItemCount = 4812;
+    complete.exportResult = exportResult({.recoveredItemCount = 4812});
     EXPECT_EQ(stepAnnouncement(stateIn(Phase::exporting), complete),
               QStringLiteral("Export complete\nExported: 4,812"));
 }

@@ -9,8 +9,10 @@
 namespace ResourceBundleAccessor {
 
 const std::filesystem::path& moduleBundle() {
+    // Without a folder the name alone would be looked for in the working directory.
+    const std::filesystem::path& folder = ApplicationBundle::mainBundle().bundlePath();
     static const std::filesystem::path bundle =
-        bundleAmong(ApplicationBundle::mainBundle().bundlePath() / bundleName, AMBREL_LOCALIZATION_BUILD_BUNDLE_PATH);
+        bundleAmong(folder.empty() ? folder : folder / bundleName, AMBREL_LOCALIZATION_BUILD_BUNDLE_PATH);
     return bundle;
 }
 

@@ -8,7 +8,8 @@ ApplicationBundle::ApplicationBundle(std::filesystem::path bundlePath) : bundleP
 std::optional<std::filesystem::path> ApplicationBundle::resourcePath() const {
     const std::filesystem::path resources = bundlePath_ / "Resources";
     std::error_code error;
-    if (!std::filesystem::is_directory(resources, error)) {
+    // Without a folder the path would lead into the working directory, where anybody may have put something.
+    if (bundlePath_.empty() || !std::filesystem::is_directory(resources, error)) {
         return std::nullopt;
     }
     return resources;

@@ -5,7 +5,9 @@
 const ApplicationBundle& ApplicationBundle::mainBundle() {
     static const ApplicationBundle bundle = [] {
         std::error_code error;
-        return ApplicationBundle(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
+        const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
+        // The system says "(unreachable)/..." of an executable outside the process's root.
+        return ApplicationBundle(executable.is_absolute() ? executable.parent_path() : std::filesystem::path());
     }();
     return bundle;
 }

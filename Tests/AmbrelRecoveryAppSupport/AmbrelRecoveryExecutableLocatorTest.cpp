@@ -83,6 +83,16 @@ TEST_F(AmbrelRecoveryExecutableLocatorTest, LooksInNoOtherPlace) {
     EXPECT_EQ(located(), std::nullopt);
 }
 
+TEST_F(AmbrelRecoveryExecutableLocatorTest, OfABundleWithoutAFolderLooksNotIntoTheWorkingDirectory) {
+    fs::create_directories(engine_.parent_path());
+    TestFiles::write(engine_, "#!/bin/sh\n", 0755);
+    const fs::path before = fs::current_path();
+    fs::current_path(bundle_.path());
+    EXPECT_THROW(AmbrelRecoveryExecutableLocator::bundledExecutable(ApplicationBundle(fs::path())),
+                 AmbrelRecoveryProcessError);
+    fs::current_path(before);
+}
+
 TEST_F(AmbrelRecoveryExecutableLocatorTest, LooksAgainAtEveryCall) {
     fs::create_directories(engine_.parent_path());
     TestFiles::write(engine_, "#!/bin/sh\n", 0755);

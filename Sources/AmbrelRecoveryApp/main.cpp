@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
 #include "AmbrelRecoveryApp/TerminationSignals.h"
+#include "AmbrelRecoveryAppSupport/EngineProcess.h"
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
 #include <QApplication>
@@ -17,7 +18,8 @@
 
 namespace {
 
-/// How long the end of the process waits for an engine that was asked to end.
+/// How long the end of the process waits for an engine that was asked to end, and for what one that was killed leaves
+/// to be removed.
 constexpr std::chrono::seconds endOfProcessWait(5);
 
 /// How long a session bus may take for its first word. A busy machine has its reasons; nothing is asked of it
@@ -27,8 +29,13 @@ constexpr std::chrono::seconds sessionBusWait(5);
 /// The delegate while there is one.
 RecoveryApplicationDelegate* livingDelegate = nullptr;
 
-/// Waits for what still runs, at most for a bounded time.
+/// Waits for what still runs, at most for a bounded time. An engine that has not ended by then is killed, so that no
+/// export goes on behind the user's back.
 void finishBackgroundWork(int status) {
+    if (BackgroundTask::waitForAll(endOfProcessWait)) {
+        return;
+    }
+    EngineProcess::killAll();
     if (!BackgroundTask::waitForAll(endOfProcessWait)) {
         // Threads that still wait for the engine would find the application gone.
         std::_Exit(status);

@@ -41,8 +41,16 @@ public:
     /// engine had.
     void requestTermination() noexcept;
 
-    /// Waits for the engine's end, at most `limit`. True once it has ended.
-    bool waitForExit(std::chrono::milliseconds limit);
+    /// Whether the engine was asked to end, by whomever.
+    bool isAskedToEnd() const { return terminationRequested_; }
+
+    /// Ends every engine of this process for good (SIGKILL), also one that does not end when it is asked to. For the
+    /// end of the process, when nobody can wait any longer. Any thread.
+    static void killAll() noexcept;
+
+    /// Waits for the engine's end, at most `limit`, and no longer than until `writable`, a descriptor, can be written
+    /// to; a negative one stands for none. True once the engine has ended.
+    bool waitForExit(std::chrono::milliseconds limit, int writable = -1);
 
     /// Waits for the engine's end without limit.
     void waitForExit();

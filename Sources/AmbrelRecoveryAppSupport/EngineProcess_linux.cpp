@@ -8,6 +8,8 @@
 #include <csignal>
 #include <cstddef>
 #include <cstdlib>
+#include <mutex>
+#include <set>
 #include <thread>
 #include <utility>
 
@@ -123,6 +125,17 @@ std::vector<char*> argumentVector(const EngineProcess::Configuration& configurat
     return vector;
 }
 
+struct Launched {
+    std::mutex mutex;
+    std::set<const EngineProcess*> engines;
+};
+
+/// The engines from their launch to their destruction. Never destroyed: threads may outlive the end of main.
+Launched& launched() {
+    static auto* const launched = new Launched;
+    return *launched;
+}
+
 } // namespace
 
 EngineProcess::EngineProcess(Configuration configuration) : configuration_(std::move(configuration)) {}
@@ -132,6 +145,10 @@ EngineProcess::~EngineProcess() {
         requestTermination();
         waitForExit();
     }
+    {
+        const std::lock_guard lock(launched().mutex);
+        launched().engines.erase(this);
+    }
     UniqueDescriptor closing(processDescriptor_.exchange(-1));
 }
 
@@ -140,6 +157,10 @@ void EngineProcess::launch() {
         throw AmbrelRecoveryProcessError::launchFailed;
     }
     const std::vector<char*> arguments = argumentVector(configuration_);
+    {
+        const std::lock_guard lock(launched().mutex);
+        launched().engines.insert(this);
+    }
     Becoming becoming{configuration_, arguments.data(), getpid()};
     const int descriptor = startProcess(becoming);
     if (descriptor < 0) {
@@ -164,10 +185,21 @@ void EngineProcess::requestTermination() noexcept {
     }
 }
 
-bool EngineProcess::waitForExit(std::chrono::milliseconds limit) {
+void EngineProcess::killAll() noexcept {
+    const std::lock_guard lock(launched().mutex);
+    for (const EngineProcess* const engine : launched().engines) {
+        const int descriptor = engine->processDescriptor_;
+        if (descriptor >= 0) {
+            pidfd_send_signal(descriptor, SIGKILL, nullptr, 0);
+        }
+    }
+}
+
+bool EngineProcess::waitForExit(std::chrono::milliseconds limit, int writable) {
     if (running_) {
-        pollfd ending{processDescriptor_, POLLIN, 0};
-        if (poll(&ending, 1, static_cast<int>(limit.count())) < 0 && errno != EINTR) {
+        // Negative descriptors are passed over.
+        std::array<pollfd, 2> events{{{processDescriptor_, POLLIN, 0}, {writable, POLLOUT, 0}}};
+        if (poll(events.data(), events.size(), static_cast<int>(limit.count())) < 0 && errno != EINTR) {
             // Without memory for the wait a caller that waits again and again must not take the whole processor.
             std::this_thread::sleep_for(std::min(limit, std::chrono::milliseconds(10)));
         }

@@ -108,6 +108,25 @@ TEST_F(EngineProcessTest, ARequestAfterTheEndReachesNobody) {
     EXPECT_EQ(process->terminationStatus(), 3);
 }
 
+TEST_F(EngineProcessTest, AllAreKilledThatRunWhateverTheyDoAboutRequests) {
+    const auto ended = engine({"exit", "3"});
+    ended->launch();
+    ended->waitForExit();
+    engine({"exit", "0"})->launch();
+    const auto first = engine({"stop"});
+    const auto second = engine({"wait"});
+    const auto notLaunched = engine({"wait"});
+    first->launch();
+    second->launch();
+    EngineProcess::killAll();
+    first->waitForExit();
+    second->waitForExit();
+    EXPECT_EQ(first->terminationStatus(), SIGKILL);
+    EXPECT_EQ(second->terminationStatus(), SIGKILL);
+    EXPECT_EQ(ended->terminationStatus(), 3);
+    expectNoChild();
+}
+
 TEST_F(EngineProcessTest, ALongWaitEndsWithTheEngine) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);

@@ -57,6 +57,11 @@ def waits():
     return "exec sleep 3600"
 
 
+def ignores_requests_to_end(ready):
+    """Works on where it is told to end; the file `ready` says from when on."""
+    return f"trap '' TERM; : >{shlex.quote(str(ready))}; exec sleep 3600"
+
+
 def floods(megabytes):
     """Fills both outputs with zero bytes and succeeds."""
     return f"head -c {megabytes}M /dev/zero; head -c {megabytes}M /dev/zero >&2"

@@ -1,11 +1,12 @@
 """Closing the window ends the application, whatever it is doing, and takes the engine with it."""
 
+import os
 import signal
 import unittest
 
 from application import WINDOW_TITLE
 from catalogue import SHOW_IN_FINDER
-from engines import waits
+from engines import ignores_requests_to_end, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
 import processes
@@ -101,6 +102,42 @@ class Closing(RecoveryTestCase):
             application.close_window()
             # Less than the application waits at its end for an engine.
             self.assertEqual(0, application.wait_for_end(4.0))
+
+
+class DeafEngineTestCase(RecoveryTestCase):
+    """An engine that goes on when it is asked to end does not outlive the application."""
+
+    def inspecting(self):
+        """(application, the engine's process identifier) while an engine inspects that ignores requests to end."""
+        ready = self.scratch / "deaf"
+        engine = self.scripted_engine(inspect=ignores_requests_to_end(ready))
+        application = self.start()
+        application.choose_package(self.empty_package())
+        application.inspect("secret")
+        wait_for("an engine that is deaf", ready.exists)
+        pid = engine.wait_for_run(1).pid
+        self.assertIn(pid, processes.descendants(os.getpid()))
+        return application, pid
+
+    def assert_gone(self, pid):
+        self.assertNotIn(pid, processes.descendants(os.getpid()))
+        self.assertEqual([], self.temporary_files())
+
+
+class DeafEngine(DeafEngineTestCase):
+    def test_when_the_window_is_closed(self):
+        application, pid = self.inspecting()
+        application.close_window()
+        self.assertEqual(0, application.wait_for_end())
+        self.assert_gone(pid)
+
+
+class DeafEngineAtTheEndOfTheDisplay(DeafEngineTestCase):
+    def test_at_the_end_of_the_display(self):
+        application, pid = self.inspecting()
+        self.desktop.end_display()
+        application.wait_for_end()
+        self.assert_gone(pid)
 
 
 class EndOfTheDisplay(RecoveryTestCase):

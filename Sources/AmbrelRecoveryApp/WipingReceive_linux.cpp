@@ -6,15 +6,16 @@
 // expect to find in it what was there: none of the libraries does, and the system promises it to nobody. In the
 // executable alone, for the reasons in WipingAllocator_linux.cpp.
 
+#include "AmbrelRecoveryApp/NextDefinition.h"
+
 #include <cstring>
 
 #include <sys/socket.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 extern "C" ssize_t recvmsg(int descriptor, msghdr* message, int flags) {
+    static auto* const next = nextDefinition<decltype(recvmsg)>("recvmsg");
     for (std::size_t index = 0; index < message->msg_iovlen; ++index) {
         explicit_bzero(message->msg_iov[index].iov_base, message->msg_iov[index].iov_len);
     }
-    return syscall(SYS_recvmsg, descriptor, message, flags);
+    return next(descriptor, message, flags);
 }

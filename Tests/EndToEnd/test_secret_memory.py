@@ -168,6 +168,9 @@ class SecretMemory(RecoveryTestCase):
     def test_a_pasted_secret(self):
         self.walk(self.start(), self.paste_secret, self.paste_selected_secret)
 
+    def test_a_secret_with_a_preloaded_allocator(self):
+        self.walk(self.start(LD_PRELOAD="libjemalloc.so.2"), self.type_secret, self.paste_secret)
+
     def test_a_secret_that_is_typed_and_deleted(self):
         application = self.start()
         secret = random_secret()

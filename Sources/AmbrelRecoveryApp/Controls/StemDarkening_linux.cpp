@@ -4,9 +4,9 @@
 /// ground of the window a regular text then looks medium and a medium one semibold. Qt offers no way to leave that out,
 /// so the two functions that it asks FreeType with are answered here, in the program itself, for this one property.
 
-#include <string_view>
+#include "AmbrelRecoveryApp/NextDefinition.h"
 
-#include <dlfcn.h>
+#include <string_view>
 
 namespace {
 
@@ -19,11 +19,6 @@ bool isStemDarkening(const char* property) {
     return property && property == "no-stem-darkening"sv;
 }
 
-template<typename Function>
-Function* inFreeType(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
 } // namespace
 
 // NOLINTBEGIN(readability-identifier-naming): FreeType's names.
@@ -34,13 +29,13 @@ using PropertyGetter = int(void* library, const char* module, const char* proper
 
 [[gnu::visibility("default")]] int FT_Property_Set(void* library, const char* module, const char* property,
                                                    const void* value) {
-    static auto* const next = inFreeType<PropertySetter>("FT_Property_Set");
+    static auto* const next = nextDefinition<PropertySetter>("FT_Property_Set");
     return next && !isStemDarkening(property) ? next(library, module, property, value) : missingProperty;
 }
 
 [[gnu::visibility("default")]] int FT_Property_Get(void* library, const char* module, const char* property,
                                                    void* value) {
-    static auto* const next = inFreeType<PropertyGetter>("FT_Property_Get");
+    static auto* const next = nextDefinition<PropertyGetter>("FT_Property_Get");
     return next && !isStemDarkening(property) ? next(library, module, property, value) : missingProperty;
 }
 

@@ -1,6 +1,7 @@
 set(platform_sources
   Platform/BusAddress.cpp
   Platform/BusConnection.cpp
+  Platform/BusListener.cpp
   Platform/DesktopFileViewer.cpp
   Platform/DesktopMotionPreference.cpp
   Platform/DesktopNotification.cpp

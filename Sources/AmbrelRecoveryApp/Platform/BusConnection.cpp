@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Platform/BusConnection.h"
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/BusListener.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -14,9 +15,16 @@
 
 namespace {
 
-QDBusMessage callOfTheBus(const QString& method) {
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    return QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+constexpr std::chrono::seconds ownerLimit(10);
+
+/// The name of the bus itself, which nobody else can own, and of its interface.
+const QString bus = QStringLiteral("org.freedesktop.DBus");
+const QString busObject = QStringLiteral("/org/freedesktop/DBus");
+
+QDBusMessage callOfTheBus(const QString& method, const QVariantList& arguments = {}) {
+    QDBusMessage call = QDBusMessage::createMethodCall(bus, busObject, bus, method);
+    call.setArguments(arguments);
+    return call;
 }
 
 } // namespace
@@ -70,7 +78,7 @@ void BusConnection::open(const QString& address, std::chrono::milliseconds limit
     }
 }
 
-BusConnection::BusConnection(QString name) : name_(std::move(name)) {}
+BusConnection::BusConnection(QString name) : name_(std::move(name)), owners_{{bus, bus}} {}
 
 BusConnection::~BusConnection() {
     QDBusConnection::disconnectFromPeer(name_);
@@ -91,13 +99,45 @@ void BusConnection::call(const QDBusMessage& message, std::chrono::milliseconds 
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, &QObject::deleteLater);
 }
 
-void BusConnection::listen(const QString& service, const QString& path, const QString& interface, const QString& signal,
-                           QObject* receiver, const char* slot) {
+void BusConnection::listen(const Signal& signal, const Heard& heard) {
+    if (!owners_.contains(signal.service)) {
+        follow(signal.service);
+    }
+    const auto received = [this, service = signal.service, heard](const QDBusMessage& message) {
+        const QString owner = owners_.value(service);
+        if (!owner.isEmpty() && message.service() == owner) {
+            heard(message.arguments());
+        }
+    };
+    QString rule = QStringLiteral("type='signal',sender='%1',path='%2',interface='%3',member='%4'")
+                       .arg(signal.service, signal.path, signal.interface, signal.name);
+    QStringList firstArgument;
+    if (!signal.firstArgument.isEmpty()) {
+        rule += QStringLiteral(",arg0='%1'").arg(signal.firstArgument);
+        firstArgument << signal.firstArgument;
+    }
     QDBusConnection connection(name_);
-    // A peer has no names, so the bus sorts out whose signals these are.
-    connection.connect(QString(), path, interface, signal, receiver, slot);
-    QDBusMessage match = callOfTheBus(QStringLiteral("AddMatch"));
-    match.setArguments({QStringLiteral("type='signal',sender='%1',path='%2',interface='%3',member='%4'")
-                            .arg(service, path, interface, signal)});
-    connection.asyncCall(match);
+    // To a peer, as which the toolkit takes the bus, services have no names: whose signal it is, is sorted out above.
+    connection.connect(QString(), signal.path, signal.interface, signal.name, firstArgument, signal.signature,
+                       new BusListener(received, this), SLOT(receive(QDBusMessage)));
+    connection.asyncCall(callOfTheBus(QStringLiteral("AddMatch"), {rule}));
+}
+
+/// Keeps track of who owns the service's name. The bus tells of a new owner before it passes on that one's signals.
+void BusConnection::follow(const QString& service) {
+    owners_.insert(service, QString());
+    listen({.service = bus,
+            .path = busObject,
+            .interface = bus,
+            .name = QStringLiteral("NameOwnerChanged"),
+            .signature = QStringLiteral("sss"),
+            .firstArgument = service},
+           [this](const QVariantList& change) { owners_.insert(change[0].toString(), change[2].toString()); });
+    call(callOfTheBus(QStringLiteral("GetNameOwner"), {service}), ownerLimit, this,
+         [this, service](const QDBusPendingCall& answer) {
+             const QDBusPendingReply<QString> owner = answer;
+             if (!owner.isError()) {
+                 owners_.insert(service, owner.value());
+             }
+         });
 }

@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Platform/BusConnection.h"
 
 #include <QDBusArgument>
+#include <QDBusVariant>
 #include <QMap>
 #include <QStringList>
 
@@ -69,11 +70,15 @@ DesktopMotionPreference::DesktopMotionPreference(std::chrono::milliseconds limit
 DesktopMotionPreference::~DesktopMotionPreference() = default;
 
 void DesktopMotionPreference::ask() {
-    // A slot is looked up by the names of its types, and this one has none until it is asked for.
-    qRegisterMetaType<QDBusVariant>();
     // First, so that no change is missed between the answer and the listening.
-    bus_->listen(service, object, interface, QStringLiteral("SettingChanged"), this,
-                 SLOT(noteChange(QString, QString, QDBusVariant)));
+    bus_->listen({.service = service,
+                  .path = object,
+                  .interface = interface,
+                  .name = QStringLiteral("SettingChanged"),
+                  .signature = QStringLiteral("ssv")},
+                 [this](const QVariantList& change) {
+                     take(change[0].toString(), change[1].toString(), qvariant_cast<QDBusVariant>(change[2]).variant());
+                 });
     bus_->call(questionForAll(), limit_, this, [this](const QDBusPendingCall& answer) { takeAll(answer.reply()); });
 }
 
@@ -87,10 +92,6 @@ void DesktopMotionPreference::takeAll(const QDBusMessage& answer) {
         const QString key = QString::fromLatin1(setting.key);
         take(group, key, groups.value(group).value(key));
     }
-}
-
-void DesktopMotionPreference::noteChange(const QString& group, const QString& key, const QDBusVariant& value) {
-    take(group, key, value.variant());
 }
 
 void DesktopMotionPreference::take(const QString& group, const QString& key, const QVariant& value) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDBusVariant>
 #include <QObject>
 #include <QVariant>
 
@@ -20,9 +19,6 @@ public:
     /// `limit` is how long the bus has, and the portal for its answer.
     explicit DesktopMotionPreference(std::chrono::milliseconds limit = std::chrono::seconds(10));
     ~DesktopMotionPreference() override;
-
-private slots:
-    void noteChange(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
     void ask();

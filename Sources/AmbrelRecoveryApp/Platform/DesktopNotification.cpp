@@ -50,8 +50,12 @@ void DesktopNotification::withdraw() {
 
 void DesktopNotification::askForCapabilities() {
     isUnanswered_ = true;
-    bus_->listen(service, object, service, QStringLiteral("ActionInvoked"), this, SLOT(noteAction(uint, QString)));
-    bus_->listen(service, object, service, QStringLiteral("NotificationClosed"), this, SLOT(noteClosing(uint, uint)));
+    listen(QStringLiteral("ActionInvoked"), QStringLiteral("us"), [this](const QVariant& action) {
+        if (action == defaultAction) {
+            emit activated();
+        }
+    });
+    listen(QStringLiteral("NotificationClosed"), QStringLiteral("uu"), [this](const QVariant& /*reason*/) { end(); });
     call(QStringLiteral("GetCapabilities"), {}, [this](const QDBusPendingCall& answer) {
         const QDBusPendingReply<QStringList> capabilities = answer;
         isUnanswered_ = false;
@@ -93,16 +97,15 @@ void DesktopNotification::call(const QString& method, const QVariantList& argume
     bus_->call(message, limit_, this, std::move(answered));
 }
 
-void DesktopNotification::noteAction(uint identifier, const QString& action) {
-    if (identifier == identifier_ && action == defaultAction) {
-        emit activated();
-    }
-}
-
-void DesktopNotification::noteClosing(uint identifier, uint /*reason*/) {
-    if (identifier == identifier_) {
-        end();
-    }
+void DesktopNotification::listen(const QString& signal, const QString& signature,
+                                 const std::function<void(const QVariant&)>& heard) {
+    bus_->listen({.service = service, .path = object, .interface = service, .name = signal, .signature = signature},
+                 [this, heard](const QVariantList& arguments) {
+                     // The service tells everybody of every notification.
+                     if (arguments[0].toUInt() == identifier_) {
+                         heard(arguments[1]);
+                     }
+                 });
 }
 
 void DesktopNotification::end() {

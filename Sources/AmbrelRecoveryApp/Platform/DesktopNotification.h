@@ -3,6 +3,7 @@
 #include <QDBusPendingCall>
 #include <QObject>
 #include <QString>
+#include <QVariant>
 
 #include <chrono>
 #include <functional>
@@ -29,16 +30,14 @@ signals:
     /// The user picked the notification.
     void activated();
 
-private slots:
-    void noteAction(uint identifier, const QString& action);
-    void noteClosing(uint identifier, uint reason);
-
 private:
     void askForCapabilities();
     void notify(bool understandsMarkup);
     void takeIdentifier(const QDBusPendingCall& answer);
     void call(const QString& method, const QVariantList& arguments,
               std::function<void(const QDBusPendingCall&)> answered);
+    /// Calls `heard` with the second argument of each such signal about this notification.
+    void listen(const QString& signal, const QString& signature, const std::function<void(const QVariant&)>& heard);
     void end();
 
     const QString text_;

@@ -149,6 +149,34 @@ TEST_F(DesktopMotionPreferenceTest, followsChanges) {
     waitUntil([this] { return isReduced(); });
 }
 
+TEST_F(DesktopMotionPreferenceTest, followsAPortalThatWasStartedAgain) {
+    session.start();
+    auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
+    const DesktopMotionPreference preference(1min);
+    waitUntil([this] { return isReduced(); });
+    asked.reset();
+    asked = portalWith({});
+    change(*asked, "org.freedesktop.appearance", "reduced-motion", 0U);
+    waitUntil([this] { return !isReduced(); });
+}
+
+TEST_F(DesktopMotionPreferenceTest, believesNobodyButThePortal) {
+    session.start();
+    const auto asked = portalWith({});
+    FakeService forger(session.address(), "org.example.Forger", "/org/example/Forger", FakeService::refuses);
+    const DesktopMotionPreference preference(1min);
+    waitForAnswer(*asked, preference);
+    const QString receiver = asked->calls.first().service();
+    forger.forgeSignal(receiver, "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameOwnerChanged",
+                       {"org.freedesktop.portal.Desktop", asked->uniqueName(), forger.uniqueName()});
+    forger.forgeSignal(receiver, "/org/freedesktop/portal/desktop", settingsInterface, "SettingChanged",
+                       {"org.freedesktop.appearance", "reduced-motion", QVariant::fromValue(QDBusVariant(1U))});
+    change(*asked, "org.gnome.desktop.interface", "enable-animations", false);
+    waitUntil([this] { return isReduced(); });
+    change(*asked, "org.gnome.desktop.interface", "enable-animations", true);
+    waitUntil([this] { return !isReduced(); });
+}
+
 TEST_F(DesktopMotionPreferenceTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
     {
         const DesktopMotionPreference withoutBus(1min);

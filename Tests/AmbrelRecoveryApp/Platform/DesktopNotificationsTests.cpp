@@ -116,6 +116,22 @@ TEST_F(DesktopNotificationsTest, tellsOfAClickOnTheNotificationAndOfNothingElse)
     EXPECT_EQ(activations, 1);
 }
 
+TEST_F(DesktopNotificationsTest, believesNobodyButTheService) {
+    session.start();
+    const auto shown = server(shows);
+    FakeService forger(session.address(), "org.example.Forger", "/org/example/Forger", FakeService::refuses);
+    showAndWait(*shown);
+    const QString receiver = shown->calls.first().service();
+    const QString path = "/org/freedesktop/Notifications";
+    forger.forgeSignal(receiver, path, interface, "ActionInvoked", {identifier, "default"});
+    forger.forgeSignal(receiver, path, interface, "NotificationClosed", {identifier, 2U});
+    shown->emitSignal(interface, "ActionInvoked", {identifier, "default"});
+    waitUntil([&] { return activations > 0; });
+    EXPECT_EQ(activations, 1);
+    notifications.withdraw();
+    waitUntil([&] { return members(*shown).contains("CloseNotification"); });
+}
+
 TEST_F(DesktopNotificationsTest, aSecondOneTakesThePlaceOfTheFirst) {
     session.start();
     const auto shown = server(shows);

@@ -8,7 +8,7 @@
 FakeService::FakeService(const QString& address, const QString& name, const QString& path, Answer theAnswer)
     : answer(std::move(theAnswer)), name_(name), path_(path),
       connection_(QDBusConnection::connectToBus(address, name)) {
-    EXPECT_TRUE(connection_.registerVirtualObject(path_, this));
+    EXPECT_TRUE(connection_.registerVirtualObject(path_, this, QDBusConnection::SubPath));
     EXPECT_TRUE(connection_.registerService(name_));
 }
 
@@ -27,6 +27,15 @@ void FakeService::emitSignal(const QString& interface, const QString& signal, co
     QDBusMessage message = QDBusMessage::createSignal(path_, interface, signal);
     message.setArguments(arguments);
     connection_.send(message);
+}
+
+void FakeService::forgeSignal(const QString& receiver, const QString& path, const QString& interface,
+                              const QString& signal, const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createTargetedSignal(receiver, path, interface, signal);
+    message.setArguments(arguments);
+    connection_.send(message);
+    // The bus takes the messages of a connection one after the other.
+    EXPECT_TRUE(connection_.interface()->isServiceRegistered(name_).value());
 }
 
 bool FakeService::isCallerGone() const {

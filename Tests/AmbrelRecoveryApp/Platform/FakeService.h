@@ -17,7 +17,7 @@ public:
     /// Gives the answer to a call, or none where it is to stay without one.
     using Answer = std::function<std::optional<QDBusMessage>(const QDBusMessage& call)>;
 
-    /// The service of this name at the bus of `address`, with everything at `path`.
+    /// The service of this name at the bus of `address`, with everything at `path` and below it.
     FakeService(const QString& address, const QString& name, const QString& path, Answer answer);
     ~FakeService() override;
 
@@ -27,6 +27,11 @@ public:
     /// Answers with `answer` what has none yet.
     void answerLate();
     void emitSignal(const QString& interface, const QString& signal, const QVariantList& arguments);
+    /// Sends the signal, which may claim to be any service's, to the connection of one caller; on its way when this
+    /// returns.
+    void forgeSignal(const QString& receiver, const QString& path, const QString& interface, const QString& signal,
+                     const QVariantList& arguments);
+    QString uniqueName() const { return connection_.baseService(); }
     /// Whether the connection of the first call has ended.
     bool isCallerGone() const;
 

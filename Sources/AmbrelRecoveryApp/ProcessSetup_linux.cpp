@@ -21,9 +21,9 @@ void openClosedStandardStreams() {
 }
 
 void forbidCoreDumps() {
-    const rlimit none{0, 0};
-    setrlimit(RLIMIT_CORE, &none);
-    prctl(PR_SET_DUMPABLE, 0);
+    // 1 and not 0, which the kernel passes over where it pipes dumps to a collector. No file is as short.
+    const rlimit shortest{1, 1};
+    setrlimit(RLIMIT_CORE, &shortest);
 }
 
 } // namespace
@@ -33,4 +33,8 @@ void ProcessSetup::prepare() {
     // A parent that ignores SIGCHLD hands this on, and the engine's exit status would be lost.
     static_cast<void>(std::signal(SIGCHLD, SIG_DFL));
     forbidCoreDumps();
+}
+
+void ProcessSetup::keepOthersOut() {
+    prctl(PR_SET_DUMPABLE, 0);
 }

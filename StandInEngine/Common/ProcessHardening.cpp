@@ -22,9 +22,10 @@ void endTogetherWithParent() {
 } // namespace
 
 ProcessHardening::ProcessHardening() {
-    const rlimit noCoreFile = {0, 0};
-    ::setrlimit(RLIMIT_CORE, &noCoreFile);
-    // The limit alone does not hold for dumps that are piped to a collecting program.
+    // A limit of 0 would not hold for dumps that are piped to a collecting program, and none holds where the hard limit
+    // is 0 already.
+    const rlimit shortest = {1, 1};
+    ::setrlimit(RLIMIT_CORE, &shortest);
     ::prctl(PR_SET_DUMPABLE, 0);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);

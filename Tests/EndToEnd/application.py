@@ -25,7 +25,7 @@ class Application:
         self._log = pathlib.Path(directory) / "application.log"
         with open(self._log, "ab") as log:
             self.process = processes.start(
-                processes.with_permissions_enforced([str(installation.executable), *arguments]), env=environment, cwd=directory,
+                processes.without_rights([str(installation.executable), *arguments]), env=environment, cwd=directory,
                 stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         try:
             self._root = wait_for("the application in the accessibility tree", self._registered)

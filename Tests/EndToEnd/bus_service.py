@@ -13,18 +13,18 @@ _BUS = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 
 
 class BusService:
-    """Owns `name` on the bus at an address, with one object, until it is closed.
+    """Owns `name` on the bus at an address, with an object of some interfaces, until it is closed.
 
     `calls` are (method, arguments) in the order of their arrival, `callers` the connections that made them. `answer`
     is called for each on a thread of the service's own.
     """
 
-    def __init__(self, bus_address, name, path, interface):
+    def __init__(self, bus_address, name, path, interfaces):
         self.calls = []
         self.callers = []
         self._name = name
         self._path = path
-        self._interface = interface
+        self._interfaces = interfaces
         self._bus = None
         self._context = GLib.MainContext()
         self._loop = GLib.MainLoop(self._context)
@@ -45,6 +45,16 @@ class BusService:
         return self._bus.call_sync(*_BUS, "NameHasOwner", GLib.Variant("(s)", (caller,)), None,
                                    Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
 
+    def process_of(self, caller):
+        """The identifier of the process that has a connection."""
+        return self._bus.call_sync(*_BUS, "GetConnectionUnixProcessID", GLib.Variant("(s)", (caller,)), None,
+                                   Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
+
+    def register(self, path, interfaces, called):
+        """Has calls to another object taken. On the service's own thread."""
+        for interface in Gio.DBusNodeInfo.new_for_xml(f"<node>{interfaces}</node>").interfaces:
+            self._bus.register_object(path, interface, called, None, None)
+
     def close(self):
         self._loop.quit()
         self._thread.join(10)
@@ -57,8 +67,7 @@ class BusService:
         self._context.push_thread_default()
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         self._bus = Gio.DBusConnection.new_for_address_sync(self._address, flags, None, None)
-        interface = Gio.DBusNodeInfo.new_for_xml(f"<node>{self._interface}</node>").interfaces[0]
-        self._bus.register_object(self._path, interface, self._called, None, None)
+        self.register(self._path, self._interfaces, self._called)
         self._bus.call_sync(*_BUS, "RequestName", GLib.Variant("(su)", (self._name, 0)), None,
                             Gio.DBusCallFlags.NONE, -1, None)
         # From inside the loop: one that is ended before it runs would run for ever.

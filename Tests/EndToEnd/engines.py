@@ -15,6 +15,7 @@ mkdir "$run.new" || exit 70
 printf '%s\\0' "$@" >"$run.new/arguments"
 env -0 >"$run.new/environment"
 grep '^Sig' /proc/self/status >"$run.new/signals"
+grep '^Max core' /proc/self/limits >"$run.new/core-limit"
 ls -l /proc/self/fd 2>/dev/null >"$run.new/descriptors"
 output=$(readlink /proc/$$/fd/1)
 stat --format='%a %n' "$(dirname "$output")" "$output" "$(readlink /proc/$$/fd/2)" >"$run.new/outputs"
@@ -165,6 +166,11 @@ class Run:
         masks = {"blocked": int(lines["SigBlk"], 16), "ignored": int(lines["SigIgn"], 16)}
         return {name: {number for number in range(1, 65) if mask >> (number - 1) & 1} - {32, 33}
                 for name, mask in masks.items()}
+
+    @property
+    def core_limits(self):
+        """How long a core dump may be, as the soft and the hard limit."""
+        return tuple(self._bytes("core-limit").decode().split()[4:6])
 
     @property
     def extra_descriptors(self):

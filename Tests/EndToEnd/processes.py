@@ -23,12 +23,23 @@ def take_charge():
         raise OSError(ctypes.get_errno(), "prctl")
 
 
-def with_permissions_enforced(arguments):
-    """The command line that runs a program so that file permissions hold for it, even where root runs the tests."""
+def without_rights(arguments):
+    """The command line that runs a program without root's rights, even where root runs the tests.
+
+    File permissions hold for it then, and what another program of the same user may do to it.
+    """
     if os.geteuid() != 0:
         return arguments
-    without = "-dac_override,-dac_read_search"
-    return ["setpriv", f"--bounding-set={without}", f"--inh-caps={without}", *arguments]
+    return ["setpriv", "--bounding-set=-all", "--inh-caps=-all", *arguments]
+
+
+def may_look_into(pid):
+    """Whether another program of the same user, without root's rights, may look into a process.
+
+    The root directory is what the desktop's portal opens.
+    """
+    return subprocess.run(without_rights(["test", "-d", f"/proc/{pid}/root/."]), check=False,
+                          stdin=subprocess.DEVNULL).returncode == 0
 
 
 def start(arguments, **options):

@@ -6,6 +6,7 @@ import select
 from gi.repository import Gio, GLib
 
 from bus_service import BusService
+import processes
 
 _PORTAL = """
 <interface name="org.freedesktop.portal.Inhibit">
@@ -14,6 +15,12 @@ _PORTAL = """
     <arg type="o" direction="out"/>
   </method>
 </interface>
+<interface name="org.freedesktop.portal.Settings">
+  <method name="ReadAll"><arg type="as" direction="in"/><arg type="a{sa{sv}}" direction="out"/></method>
+</interface>
+"""
+_REQUEST = """
+<interface name="org.freedesktop.portal.Request"><method name="Close"/></interface>
 """
 _LOGIN_MANAGER = """
 <interface name="org.freedesktop.login1.Manager">
@@ -26,19 +33,46 @@ _LOGIN_MANAGER = """
 
 
 class Portal(BusService):
-    """Grants every request for as long as the connection lasts that made it."""
+    """Grants every request until it is closed or the connection ends that made it.
+
+    Like a real portal, it finds out at the first call of a connection who has that, for which it looks into the
+    process, and refuses every call of one that it may not look into.
+    """
 
     def __init__(self, bus_address):
+        self._is_known = {}
+        self._requests = {}
+        self.refused = 0
         super().__init__(bus_address, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop", _PORTAL)
 
     @property
     def held(self):
         """How many requests are granted now."""
-        return sum(self.is_connected(caller) for caller in self.callers)
+        return sum(self.is_connected(caller) for caller in list(self._requests.values()))
+
+    @property
+    def known(self):
+        """How many connections may call."""
+        return sum(self._is_known.values())
 
     def answer(self, method, invocation):
-        handle = f"/org/freedesktop/portal/desktop/request/{len(self.calls)}"
-        invocation.return_value(GLib.Variant("(o)", (handle,)))
+        caller = invocation.get_sender()
+        if caller not in self._is_known:
+            self._is_known[caller] = processes.may_look_into(self.process_of(caller))
+        if not self._is_known[caller]:
+            self.refused += 1
+            invocation.return_dbus_error("org.freedesktop.DBus.Error.AccessDenied", "Portal operation not allowed")
+        elif method == "ReadAll":
+            invocation.return_value(GLib.Variant("(a{sa{sv}})", ({},)))
+        else:
+            handle = f"/org/freedesktop/portal/desktop/request/{len(self.calls)}"
+            self._requests[handle] = caller
+            self.register(handle, _REQUEST, self._close_request)
+            invocation.return_value(GLib.Variant("(o)", (handle,)))
+
+    def _close_request(self, _bus, _sender, handle, _interface, _method, _arguments, invocation):
+        del self._requests[handle]
+        invocation.return_value(None)
 
 
 class LoginManager(BusService):

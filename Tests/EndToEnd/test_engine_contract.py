@@ -70,6 +70,11 @@ class EngineContract(RecoveryTestCase):
         self.assertEqual("pipe", run.input_kind)
         self.assertEqual({"blocked": set(), "ignored": set()}, run.signals)
 
+    def test_it_leaves_no_core_dump_not_even_to_a_collector(self):
+        # The kernel passes over a limit of 0 where it pipes dumps to a program, but keeps to one of 1.
+        self.inspect("secret")
+        self.assertEqual(("1", "1"), self.engine.runs[0].core_limits)
+
     def test_environment_and_working_directory_are_the_applications(self):
         self.inspect("secret", AMBREL_TEST_VALUE="two words\nand a line")
         run = self.engine.runs[0]

@@ -27,15 +27,18 @@ class StayingAwake:
         self.wait_until_held(1)
         return application
 
+    def requests(self):
+        return sum(method == "Inhibit" for method, _ in self.service.calls)
+
     def wait_until_held(self, number):
         wait_for(f"{number} granted requests", lambda: self.service.held == number and
-                 (number == 0 or self.service.calls))
+                 (number == 0 or self.requests() > 0))
 
     def test_until_an_inspection_is_cancelled(self):
         application = self.inspecting()
         application.press(self.catalogue["recovery.action.cancel-restore"])
         self.wait_until_held(0)
-        self.assertEqual(1, len(self.service.calls))
+        self.assertEqual(1, self.requests())
 
     def test_until_an_inspection_and_an_export_are_over(self):
         self.engine.behave(export=waits())
@@ -74,6 +77,17 @@ class ThroughThePortal(StayingAwake, RecoveryTestCase):
     def setUp(self):
         super().setUp()
         self.use(Portal(self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]))
+
+    def start(self, *arguments, **environment):
+        """Waits until the portal knows the application's connections: it refuses those that come too late."""
+        application = super().start(*arguments, **environment)
+        wait_for("two known connections", lambda: self.service.known == 2)
+        return application
+
+    def test_where_the_application_is_closed_to_others_meanwhile(self):
+        application = self.inspecting()
+        self.assertFalse(processes.may_look_into(application.process.pid))
+        self.assertEqual(0, self.service.refused)
 
 
 class ThroughTheLoginManager(StayingAwake, RecoveryTestCase):

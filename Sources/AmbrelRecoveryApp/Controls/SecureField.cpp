@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldStyle.h"
+#include "AmbrelRecoveryApp/ProcessSetup.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
@@ -158,6 +159,8 @@ void SecureField::showMask() {
 }
 
 void SecureField::replaceSecret(int start, int end, QStringView text) {
+    // Assistive technology needs no focus for it.
+    ProcessSetup::keepOthersOut();
     replaceUnits(unitOffset(start), unitOffset(end), text);
     isShowingMask_ = true;
     if (end > start) {
@@ -201,6 +204,12 @@ void SecureField::keyPressEvent(QKeyEvent* event) {
 void SecureField::keyReleaseEvent(QKeyEvent* event) {
     followCapsLock(*event);
     QLineEdit::keyReleaseEvent(event);
+}
+
+void SecureField::focusInEvent(QFocusEvent* event) {
+    // Whatever is typed or pasted from now on is a secret, and no secret was in the process before.
+    ProcessSetup::keepOthersOut();
+    QLineEdit::focusInEvent(event);
 }
 
 void SecureField::focusOutEvent(QFocusEvent* event) {

@@ -10,7 +10,8 @@ class QLabel;
 /// A field for a secret. What is typed is held in memory that is wiped; the line edit under it only ever holds a mask
 /// of as many bullets, so that the secret is in none of its buffers, undo histories or messages to assistive
 /// technology. It can be pasted into, also with the middle button, but neither copied nor cut nor dragged from, and
-/// input methods are told not to learn from it. It tells when Caps Lock is on, once a key was used in it.
+/// input methods are told not to learn from it. Before it takes the first of a secret, it keeps other programs out of
+/// the process (ProcessSetup::keepOthersOut). It tells when Caps Lock is on, once a key was used in it.
 class SecureField final : public QLineEdit {
     Q_OBJECT
 
@@ -38,6 +39,7 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

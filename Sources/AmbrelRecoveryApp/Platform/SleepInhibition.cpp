@@ -3,22 +3,28 @@
 #include "AmbrelRecoveryApp/Platform/BusAddress.h"
 #include "AmbrelRecoveryApp/Platform/BusConnection.h"
 
-#include <QDBusObjectPath>
 #include <QDBusPendingReply>
 
 #include <utility>
 
 namespace {
 
+const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+
 QDBusMessage portalCall(const QString& reason) {
     // Not falling asleep by itself either, since on some desktops nothing but that can be inhibited.
     constexpr uint suspend = 4;
     constexpr uint idle = 8;
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Inhibit"), QStringLiteral("Inhibit"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(portalService, QStringLiteral("/org/freedesktop/portal/desktop"),
+                                       QStringLiteral("org.freedesktop.portal.Inhibit"), QStringLiteral("Inhibit"));
     call.setArguments({QString(), suspend | idle, QVariantMap{{QStringLiteral("reason"), reason}}});
     return call;
+}
+
+QDBusMessage closing(const QDBusObjectPath& request) {
+    return QDBusMessage::createMethodCall(portalService, request.path(),
+                                          QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close"));
 }
 
 QDBusMessage loginManagerCall(const QString& reason) {
@@ -32,12 +38,10 @@ QDBusMessage loginManagerCall(const QString& reason) {
 
 } // namespace
 
-SleepInhibition::SleepInhibition(QString reason, std::chrono::milliseconds limit, QObject* parent)
-    : QObject(parent), reason_(std::move(reason)), limit_(limit) {
-    BusConnection::open(BusAddress::ofSessionBus(), limit_, this, [this](std::shared_ptr<BusConnection> bus) {
-        bus_ = std::move(bus);
-        bus_ ? askPortal() : askLoginManager();
-    });
+SleepInhibition::SleepInhibition(std::shared_ptr<BusConnection> portal, QString reason, std::chrono::milliseconds limit,
+                                 QObject* parent)
+    : QObject(parent), portal_(std::move(portal)), reason_(std::move(reason)), limit_(limit) {
+    portal_ ? askPortal() : askLoginManager();
 }
 
 SleepInhibition::~SleepInhibition() = default;
@@ -45,23 +49,32 @@ SleepInhibition::~SleepInhibition() = default;
 void SleepInhibition::release() {
     isReleased_ = true;
     // An answer that finds nobody could leave the request granted, so it is awaited.
-    if (state_ != State::asking) {
-        bus_.reset();
-        descriptor_ = QDBusUnixFileDescriptor();
-        deleteLater();
+    if (!isAsking_) {
+        giveBack();
     }
 }
 
-void SleepInhibition::askPortal() {
-    if (isReleased_) {
-        return;
+void SleepInhibition::giveBack() {
+    if (!request_.path().isEmpty()) {
+        portal_->call(closing(request_), limit_, portal_.get(), [](const QDBusPendingCall&) {});
     }
-    state_ = State::asking;
-    bus_->call(portalCall(reason_), limit_, this, [this](const QDBusPendingCall& answer) {
+    descriptor_ = QDBusUnixFileDescriptor();
+    deleteLater();
+}
+
+void SleepInhibition::askPortal() {
+    isAsking_ = true;
+    portal_->call(portalCall(reason_), limit_, this, [this](const QDBusPendingCall& answer) {
         const QDBusPendingReply<QDBusObjectPath> reply = answer;
-        state_ = reply.isError() ? State::connecting : State::settled;
+        isAsking_ = false;
+        if (reply.isError()) {
+            portal_.reset();
+            emit portalFailed();
+        } else {
+            request_ = reply.value();
+        }
         if (isReleased_) {
-            release();
+            giveBack();
         } else if (reply.isError()) {
             askLoginManager();
         }
@@ -69,19 +82,19 @@ void SleepInhibition::askPortal() {
 }
 
 void SleepInhibition::askLoginManager() {
-    bus_.reset();
     BusConnection::open(BusAddress::ofSystemBus(), limit_, this, [this](const std::shared_ptr<BusConnection>& bus) {
         if (isReleased_ || !bus) {
             return;
         }
-        state_ = State::asking;
+        isAsking_ = true;
         bus->call(loginManagerCall(reason_), limit_, this, [this, bus](const QDBusPendingCall& answer) {
             const QDBusPendingReply<QDBusUnixFileDescriptor> reply = answer;
-            state_ = State::settled;
-            if (isReleased_) {
-                release();
-            } else if (!reply.isError()) {
+            isAsking_ = false;
+            if (!reply.isError()) {
                 descriptor_ = reply.value();
+            }
+            if (isReleased_) {
+                giveBack();
             }
         });
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 #include <QObject>
 #include <QString>
@@ -10,30 +11,37 @@
 class BusConnection;
 
 /// One request to keep the machine awake, from its beginning to its release: to the desktop's portal and, where that
-/// does not grant it, to the system's login manager. Both grant it for the life of something that belongs to this
-/// process, a connection or a descriptor, so that it never outlives the process. Main thread.
+/// does not grant it, to the system's login manager. What they grant ends with something that belongs to this process,
+/// a connection or a descriptor, so that it never outlives the process. Main thread.
 class SleepInhibition final : public QObject {
     Q_OBJECT
 
 public:
-    /// `limit` is how long each bus and each service has for its answer.
-    SleepInhibition(QString reason, std::chrono::milliseconds limit, QObject* parent);
+    /// `portal` is a connection that the desktop's portal knows, or null where there is none. `limit` is how long the
+    /// system's bus and each service has for its answer.
+    SleepInhibition(std::shared_ptr<BusConnection> portal, QString reason, std::chrono::milliseconds limit,
+                    QObject* parent);
     ~SleepInhibition() override;
 
     /// Lets the machine sleep again: at once, or, where an answer is still due, as soon as that has come. This object
     /// deletes itself then.
     void release();
 
-private:
-    enum class State { connecting, asking, settled };
+signals:
+    /// The portal refused or did not answer.
+    void portalFailed();
 
+private:
     void askPortal();
     void askLoginManager();
+    void giveBack();
 
+    std::shared_ptr<BusConnection> portal_;
     const QString reason_;
     const std::chrono::milliseconds limit_;
-    State state_ = State::connecting;
+    bool isAsking_ = false;
     bool isReleased_ = false;
-    std::shared_ptr<BusConnection> bus_;
+    /// What the portal calls the request that it granted.
+    QDBusObjectPath request_;
     QDBusUnixFileDescriptor descriptor_;
 };

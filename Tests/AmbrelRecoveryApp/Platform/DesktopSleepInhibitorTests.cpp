@@ -1,12 +1,14 @@
 #include "AmbrelRecoveryApp/Platform/DesktopSleepInhibitor.h"
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Platform/SleepInhibition.h"
 #include "FakeService.h"
 #include "SilentSocket.h"
 #include "TestBus.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QDir>
 #include <QTest>
@@ -26,6 +28,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int generousMilliseconds = 60'000;
+const QString request = "/org/freedesktop/portal/desktop/request/1_1/t";
 
 /// The end of a pipe that a login manager keeps: it sees when the last copy of the other end is closed.
 class LoginManagerLock {
@@ -56,7 +59,8 @@ protected:
     }
 
     static std::optional<QDBusMessage> portalGrants(const QDBusMessage& call) {
-        return call.createReply(QVariant::fromValue(QDBusObjectPath("/org/freedesktop/portal/desktop/request/1_1/t")));
+        return call.member() == "Inhibit" ? call.createReply(QVariant::fromValue(QDBusObjectPath(request)))
+                                          : call.createReply();
     }
 
     std::unique_ptr<FakeService> portal(FakeService::Answer answer) {
@@ -67,6 +71,30 @@ protected:
     std::unique_ptr<FakeService> loginManager(FakeService::Answer answer) {
         return std::make_unique<FakeService>(system.address(), "org.freedesktop.login1", "/org/freedesktop/login1",
                                              std::move(answer));
+    }
+
+    /// Knows the portal, but grants nothing.
+    static FakeService::Answer portalThatOnlyKnows(const FakeService::Answer& answer) {
+        return [answer](const QDBusMessage& call) {
+            return call.member() == "ReadAll" ? portalGrants(call) : answer(call);
+        };
+    }
+
+    static QStringList members(const FakeService& service) {
+        QStringList members;
+        for (const QDBusMessage& call : service.calls) {
+            members << call.member();
+        }
+        return members;
+    }
+
+    /// One that the portal has got to know.
+    static std::unique_ptr<DesktopSleepInhibitor> introduced(const FakeService& portal,
+                                                             std::chrono::milliseconds limit = 1min) {
+        auto inhibitor = std::make_unique<DesktopSleepInhibitor>(limit);
+        waitUntil(
+            [&] { return !portal.calls.isEmpty() && inhibitor->findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
+        return inhibitor;
     }
 
     FakeService::Answer grants() {
@@ -95,8 +123,6 @@ protected:
     TestBus session{"DBUS_SESSION_BUS_ADDRESS"};
     TestBus system{"DBUS_SYSTEM_BUS_ADDRESS"};
     LoginManagerLock lock;
-    DesktopSleepInhibitor inhibitor{1min};
-    DesktopSleepInhibitor impatient{200ms};
 };
 
 TEST_F(DesktopSleepInhibitorTest, asksThePortalForAsLongAsItLasts) {
@@ -104,26 +130,53 @@ TEST_F(DesktopSleepInhibitorTest, asksThePortalForAsLongAsItLasts) {
     system.start();
     const auto asked = portal(portalGrants);
     const auto unasked = loginManager(grants());
-    inhibitor.begin("Exporting…");
-    inhibitor.begin("Exporting…");
-    waitUntil([&] { return !asked->calls.isEmpty(); });
-    const QDBusMessage call = asked->calls.first();
+    const auto known = introduced(*asked);
+    known->begin("Exporting…");
+    known->begin("Exporting…");
+    waitUntil([&] { return members(*asked).contains("Inhibit"); });
+    const QDBusMessage call = asked->calls.last();
     EXPECT_EQ(call.interface(), "org.freedesktop.portal.Inhibit");
-    EXPECT_EQ(call.member(), "Inhibit");
     EXPECT_EQ(call.signature(), "sua{sv}");
     EXPECT_EQ(call.arguments().at(1).toUInt(), 12U);
     EXPECT_EQ(qdbus_cast<QVariantMap>(call.arguments().at(2)), (QVariantMap{{"reason", "Exporting…"}}));
-    EXPECT_FALSE(asked->isCallerGone());
-    inhibitor.end();
-    waitUntil([&] { return asked->isCallerGone(); });
-    EXPECT_EQ(asked->calls.size(), 1);
+    known->end();
+    waitUntil([&] { return members(*asked).contains("Close"); });
+    EXPECT_EQ(asked->calls.last().interface(), "org.freedesktop.portal.Request");
+    EXPECT_EQ(asked->calls.last().path(), request);
+    EXPECT_EQ(members(*asked), (QStringList{"ReadAll", "Inhibit", "Close"}));
     EXPECT_TRUE(unasked->calls.isEmpty());
+}
+
+TEST_F(DesktopSleepInhibitorTest, asksThePortalThroughTheConnectionThatItKnows) {
+    session.start();
+    const auto asked = portal(portalGrants);
+    const auto known = introduced(*asked);
+    EXPECT_EQ(asked->calls.first().interface(), "org.freedesktop.portal.Settings");
+    for (int round = 0; round < 3; ++round) {
+        known->begin("Exporting…");
+        waitUntil([&] { return members(*asked).count("Inhibit") == round + 1; });
+        known->end();
+        waitUntil([&] { return members(*asked).count("Close") == round + 1; });
+    }
+    for (const QDBusMessage& call : asked->calls) {
+        EXPECT_EQ(call.service(), asked->calls.first().service());
+    }
+}
+
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalDidNotGetToKnowIt) {
+    session.start();
+    system.start();
+    const auto refusing = portal(FakeService::refuses);
+    expectTheLoginManagerIsUsed(*introduced(*refusing), *loginManager(grants()));
+    EXPECT_EQ(members(*refusing), QStringList{"ReadAll"});
+    EXPECT_TRUE(refusing->isCallerGone());
 }
 
 TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoPortal) {
     session.start();
     system.start();
     const auto manager = loginManager(grants());
+    DesktopSleepInhibitor inhibitor(1min);
     expectTheLoginManagerIsUsed(inhibitor, *manager);
     const QDBusMessage call = manager->calls.first();
     EXPECT_EQ(call.interface(), "org.freedesktop.login1.Manager");
@@ -133,6 +186,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoPortal) {
 
 TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoSessionBus) {
     system.start();
+    DesktopSleepInhibitor inhibitor(1min);
     expectTheLoginManagerIsUsed(inhibitor, *loginManager(grants()));
 }
 
@@ -140,6 +194,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereTheSessionBusIsSilent)
     const SilentSocket silent(session.socketPath());
     ASSERT_TRUE(silent.isListening());
     system.start();
+    DesktopSleepInhibitor impatient(200ms);
     expectTheLoginManagerIsUsed(impatient, *loginManager(grants()));
 }
 
@@ -147,15 +202,19 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalIsOfNoUse) {
     session.start();
     system.start();
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
-        const auto useless = portal(answer);
+        const auto useless = portal(portalThatOnlyKnows(answer));
         const auto manager = loginManager(grants());
-        expectTheLoginManagerIsUsed(impatient, *manager);
+        const auto known = introduced(*useless, 200ms);
+        expectTheLoginManagerIsUsed(*known, *manager);
+        EXPECT_EQ(members(*useless), (QStringList{"ReadAll", "Inhibit"}));
+        // What it still grants would be held by the connection.
         EXPECT_TRUE(useless->isCallerGone());
     }
 }
 
 TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereTheLoginManagerIsOfNoUse) {
     system.start();
+    DesktopSleepInhibitor impatient(200ms);
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
         const auto useless = loginManager(answer);
         impatient.begin("Exporting…");
@@ -166,6 +225,7 @@ TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereTheLoginManagerIsOfNoUse) {
 }
 
 TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereThereIsNoBus) {
+    DesktopSleepInhibitor inhibitor(1min);
     for (int round = 0; round < 3; ++round) {
         inhibitor.begin("Exporting…");
         QCoreApplication::processEvents();
@@ -179,30 +239,34 @@ TEST_F(DesktopSleepInhibitorTest, neverWaitsForABusThatDoesNotAnswer) {
     const SilentSocket silentSession(session.socketPath());
     const SilentSocket silentSystem(system.socketPath());
     ASSERT_TRUE(silentSession.isListening() && silentSystem.isListening());
+    DesktopSleepInhibitor inhibitor(1min);
     for (int round = 0; round < 3; ++round) {
         inhibitor.begin("Exporting…");
         QTest::qWait(1);
         inhibitor.end();
     }
-    waitUntil([&] { return inhibitor.children().isEmpty(); });
+    waitUntil([&] { return inhibitor.findChildren<SleepInhibition*>().isEmpty(); });
 }
 
 TEST_F(DesktopSleepInhibitorTest, releasesWhatThePortalGrantsTooLate) {
     session.start();
-    const auto slow = portal(FakeService::isSilent);
-    inhibitor.begin("Exporting…");
-    waitUntil([&] { return !slow->calls.isEmpty(); });
-    inhibitor.end();
+    const auto slow = portal(portalThatOnlyKnows(FakeService::isSilent));
+    const auto known = introduced(*slow);
+    known->begin("Exporting…");
+    waitUntil([&] { return members(*slow).contains("Inhibit"); });
+    known->end();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(slow->isCallerGone());
+    EXPECT_FALSE(members(*slow).contains("Close"));
     slow->answer = portalGrants;
     slow->answerLate();
-    waitUntil([&] { return slow->isCallerGone(); });
+    waitUntil([&] { return members(*slow).contains("Close"); });
+    waitUntil([&] { return known->children().isEmpty(); });
 }
 
 TEST_F(DesktopSleepInhibitorTest, releasesWhatTheLoginManagerGrantsTooLate) {
     system.start();
     const auto slow = loginManager(FakeService::isSilent);
+    DesktopSleepInhibitor inhibitor(1min);
     inhibitor.begin("Exporting…");
     waitUntil([&] { return !slow->calls.isEmpty(); });
     inhibitor.end();
@@ -213,24 +277,26 @@ TEST_F(DesktopSleepInhibitorTest, releasesWhatTheLoginManagerGrantsTooLate) {
 }
 
 TEST_F(DesktopSleepInhibitorTest, asksNobodyForWhatIsOverAlready) {
-    session.start();
-    const auto asked = portal(portalGrants);
+    system.start();
+    const auto manager = loginManager(grants());
+    DesktopSleepInhibitor inhibitor(1min);
     inhibitor.begin("Inspecting…");
     inhibitor.end();
     inhibitor.begin("Exporting…");
-    waitUntil([&] { return !asked->calls.isEmpty(); });
+    waitUntil([&] { return !manager->calls.isEmpty(); });
     inhibitor.end();
-    waitUntil([&] { return asked->isCallerGone(); });
-    ASSERT_EQ(asked->calls.size(), 1);
-    EXPECT_EQ(qdbus_cast<QVariantMap>(asked->calls.first().arguments().at(2)).value("reason"), "Exporting…");
+    waitUntil([&] { return lock.isReleased(); });
+    ASSERT_EQ(manager->calls.size(), 1);
+    EXPECT_EQ(manager->calls.first().arguments().at(2), "Exporting…");
 }
 
 TEST_F(DesktopSleepInhibitorTest, releasesEverythingWhenItGoesAway) {
     session.start();
     const auto asked = portal(portalGrants);
-    auto gone = std::make_unique<DesktopSleepInhibitor>(1min);
+    auto gone = introduced(*asked);
     gone->begin("Exporting…");
-    waitUntil([&] { return !asked->calls.isEmpty(); });
+    waitUntil([&] { return members(*asked).contains("Inhibit"); });
+    EXPECT_FALSE(asked->isCallerGone());
     gone.reset();
     waitUntil([&] { return asked->isCallerGone(); });
 }
@@ -238,20 +304,26 @@ TEST_F(DesktopSleepInhibitorTest, releasesEverythingWhenItGoesAway) {
 TEST_F(DesktopSleepInhibitorTest, survivesTheEndOfTheBus) {
     auto passing = std::make_unique<TestBus>("DBUS_SESSION_BUS_ADDRESS");
     passing->start();
+    std::unique_ptr<DesktopSleepInhibitor> known;
     {
         const FakeService asked(passing->address(), "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                                 portalGrants);
-        inhibitor.begin("Exporting…");
-        waitUntil([&] { return !asked.calls.isEmpty(); });
+        known = introduced(asked);
+        known->begin("Exporting…");
+        waitUntil([&] { return members(asked).contains("Inhibit"); });
     }
     passing.reset();
-    inhibitor.end();
-    waitUntil([&] { return inhibitor.children().isEmpty(); });
+    known->end();
+    waitUntil([&] { return known->children().isEmpty(); });
+    known->begin("Exporting…");
+    known->end();
+    waitUntil([&] { return known->children().isEmpty(); });
 }
 
 TEST_F(DesktopSleepInhibitorTest, leavesNoDescriptorOpen) {
     system.start();
     const auto manager = loginManager(grants());
+    DesktopSleepInhibitor inhibitor(1min);
     const auto once = [&] {
         manager->calls.clear();
         inhibitor.begin("Exporting…");

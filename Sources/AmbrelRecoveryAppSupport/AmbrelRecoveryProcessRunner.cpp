@@ -31,14 +31,24 @@ double wallClockSeconds() {
     throw error;
 }
 
-/// Waits until the process has ended, at most `timeout` seconds of wall-clock time.
-void waitForExit(EngineProcess& process, double timeout) {
+/// Delivers the credential and waits until the process has ended, at most `timeout` seconds of wall-clock time. An
+/// engine that was asked to end may leave the credential unread, any other may not.
+void deliverAndWaitForExit(CredentialPipe& pipe, EngineProcess& process, double timeout) {
+    using Delivery = CredentialPipe::Delivery;
     const double deadline = wallClockSeconds() + timeout;
+    Delivery delivery = pipe.deliver();
     while (!process.waitForExit(std::chrono::milliseconds(0))) {
+        if (delivery == Delivery::failed && !process.isAskedToEnd()) {
+            endAndThrow(process, AmbrelRecoveryProcessError::launchFailed);
+        }
         if (wallClockSeconds() >= deadline) {
             endAndThrow(process, AmbrelRecoveryProcessError::timedOut);
         }
-        process.waitForExit(waitSlice);
+        process.waitForExit(waitSlice, pipe.pendingEnd());
+        delivery = pipe.deliver();
+    }
+    if (delivery != Delivery::complete && !process.isAskedToEnd()) {
+        throw AmbrelRecoveryProcessError::launchFailed;
     }
 }
 
@@ -97,12 +107,9 @@ AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<s
     if (stopToken.stop_requested()) {
         process->requestTermination();
     }
-    if (!pipe.deliver()) {
-        endAndThrow(*process, AmbrelRecoveryProcessError::launchFailed);
-    }
-    waitForExit(*process, timeout);
-    return {process->terminationStatus(), directory.readFile(PrivateOutputDirectory::standardOutputName),
-            directory.readFile(PrivateOutputDirectory::standardErrorName)};
+    deliverAndWaitForExit(pipe, *process, timeout);
+    return {process->terminationStatus(), PrivateOutputDirectory::contentsOf(standardOutput),
+            PrivateOutputDirectory::contentsOf(standardError)};
 }
 
 void AmbrelRecoveryProcessRunner::cancelCurrentOperation() {

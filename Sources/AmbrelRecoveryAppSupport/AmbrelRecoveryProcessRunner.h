@@ -35,7 +35,8 @@ public:
     /// Runs the engine with `arguments`, unchanged, and returns what it left, whatever its exit status.
     /// With a credential the engine reads its bytes, one line feed and the end of its standard input; without one it
     /// reads the null device. An engine that runs longer than `timeout` seconds of wall-clock time is asked to end and
-    /// awaited. One that was asked to end through cancelCurrentOperation() gives an ordinary result.
+    /// awaited, however long that takes. One that was asked to end through cancelCurrentOperation() gives an ordinary
+    /// result, also where it has not read the credential.
     /// Where `stopToken` was stopped before the launch was over, the engine is asked to end at once: this catches a
     /// cancellation that came too early for cancelCurrentOperation() to find a process.
     /// Throws AmbrelRecoveryProcessError or std::bad_alloc; whatever happens, no process, file or copy of the

@@ -56,28 +56,32 @@ CredentialPipe::CredentialPipe(std::optional<std::span<const std::byte>> credent
     }
     readEnd_ = aboveStandardStreams(UniqueDescriptor(ends[0]));
     writeEnd_ = aboveStandardStreams(UniqueDescriptor(ends[1]));
-    if (!readEnd_ || !writeEnd_) {
+    // The engine's end stays one that waits for input.
+    if (!readEnd_ || !writeEnd_ || fcntl(writeEnd_.get(), F_SETFL, O_NONBLOCK) != 0) {
         throw AmbrelRecoveryProcessError::launchFailed;
     }
     payload_ = SecretBytes(credential->size() + 1);
     std::ranges::copy(*credential, payload_.bytes().begin());
     payload_.bytes().back() = std::byte{'\n'};
+    delivery_ = Delivery::pending;
 }
 
-bool CredentialPipe::deliver() {
-    if (!writeEnd_) {
-        return true;
+CredentialPipe::Delivery CredentialPipe::deliver() {
+    if (delivery_ != Delivery::pending) {
+        return delivery_;
     }
     // What the pipe holds is delivered also where the engine has ended by itself before it read: its own exit status
-    // and message tell more than a broken pipe. A longer credential must find the pipe broken then, or it would wait
-    // for ever.
+    // and message tell more than a broken pipe. A longer credential must find the pipe broken then.
     if (!holdsPayload()) {
         readEnd_.close();
     }
-    const bool written = writePayload();
-    readEnd_.close();
-    payload_.wipe();
-    return writeEnd_.close() && written;
+    delivery_ = writePayload();
+    if (delivery_ != Delivery::pending) {
+        readEnd_.close();
+        payload_.wipe();
+        delivery_ = writeEnd_.close() ? delivery_ : Delivery::failed;
+    }
+    return delivery_;
 }
 
 bool CredentialPipe::holdsPayload() const {
@@ -85,15 +89,15 @@ bool CredentialPipe::holdsPayload() const {
     return capacity >= 0 && static_cast<std::size_t>(capacity) >= payload_.size();
 }
 
-bool CredentialPipe::writePayload() {
+CredentialPipe::Delivery CredentialPipe::writePayload() {
     const BrokenPipeSignalBlock block;
-    std::span<const std::byte> rest = payload_.bytes();
-    while (!rest.empty()) {
+    while (written_ < payload_.size()) {
+        const std::span<const std::byte> rest = payload_.bytes().subspan(written_);
         const ssize_t count = retryInterrupted([&] { return write(writeEnd_.get(), rest.data(), rest.size()); });
         if (count < 0) {
-            return false;
+            return errno == EAGAIN ? Delivery::pending : Delivery::failed;
         }
-        rest = rest.subspan(static_cast<std::size_t>(count));
+        written_ += static_cast<std::size_t>(count);
     }
-    return true;
+    return Delivery::complete;
 }

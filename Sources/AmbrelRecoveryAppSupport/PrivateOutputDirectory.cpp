@@ -48,20 +48,14 @@ bool isNameOfOutputDirectory(std::string_view name) {
     throw AmbrelRecoveryProcessError::temporaryOutputUnavailable;
 }
 
-/// The longest output that is read back, in bytes. Only the memory bounds it: an output is held together with the other
-/// one and with the copy that the parser of a document makes, and a machine that promises more memory than it has would
-/// end this process rather than refuse it some.
-off_t longestOutput() {
-    constexpr off_t share = 4;
-    return off_t{sysconf(_SC_PHYS_PAGES)} * sysconf(_SC_PAGESIZE) / share;
-}
-
 /// Fills `contents` as far as the file goes. False on a failure.
 bool readInto(std::string& contents, int descriptor) {
     std::size_t filled = 0;
     while (filled < contents.size()) {
-        const ssize_t count =
-            retryInterrupted([&] { return read(descriptor, contents.data() + filled, contents.size() - filled); });
+        // The engine has moved the place in the file that a plain read would begin at.
+        const ssize_t count = retryInterrupted([&] {
+            return pread(descriptor, contents.data() + filled, contents.size() - filled, static_cast<off_t>(filled));
+        });
         if (count < 0) {
             return false;
         }
@@ -99,6 +93,28 @@ UniqueDescriptor openDirectory(const std::filesystem::path& path) {
         retryInterrupted([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); })));
 }
 
+/// Opens a directory that was just made, with permissions 0700 also where the umask took some of them. None where
+/// another one lies there by now, which is possible where others may write to the temporary directory.
+UniqueDescriptor openMade(const std::filesystem::path& path) {
+    const UniqueDescriptor place(
+        retryInterrupted([&] { return open(path.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
+    struct stat status {};
+    if (!place || fstat(place.get(), &status) != 0) {
+        return {};
+    }
+    if (status.st_uid != geteuid() || (status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        errno = EPERM;
+        return {};
+    }
+    // The directory itself, whose permissions may forbid to open it in another way.
+    const std::string itself = "/proc/self/fd/" + std::to_string(place.get());
+    if (retryInterrupted([&] { return chmod(itself.c_str(), S_IRWXU); }) != 0) {
+        return {};
+    }
+    return aboveStandardStreams(UniqueDescriptor(
+        retryInterrupted([&] { return openat(place.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); })));
+}
+
 /// True where the directory was removed.
 bool removeIfAbandoned(const std::filesystem::path& path) {
     const UniqueDescriptor directory = openDirectory(path);
@@ -128,9 +144,7 @@ bool PrivateOutputDirectory::make() {
         failUnavailable();
     }
     bool taken = true;
-    // The umask may have taken away permissions that the user needs.
-    if (retryInterrupted([this] { return chmod(path_.c_str(), S_IRWXU); }) == 0 &&
-        (descriptor_ = openDirectory(path_))) {
+    if ((descriptor_ = openMade(path_))) {
         if (hold(path_, descriptor_.get())) {
             return true;
         }
@@ -163,7 +177,7 @@ PrivateOutputDirectory::~PrivateOutputDirectory() {
 
 UniqueDescriptor PrivateOutputDirectory::createFile(const char* name) const {
     UniqueDescriptor file = aboveStandardStreams(UniqueDescriptor(retryInterrupted([=, this] {
-        return openat(descriptor_.get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        return openat(descriptor_.get(), name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
     })));
     if (!file || retryInterrupted([&] { return fchmod(file.get(), S_IRUSR | S_IWUSR); }) != 0) {
         failUnavailable();
@@ -171,11 +185,9 @@ UniqueDescriptor PrivateOutputDirectory::createFile(const char* name) const {
     return file;
 }
 
-std::string PrivateOutputDirectory::readFile(const char* name) const {
-    const UniqueDescriptor file(retryInterrupted(
-        [=, this] { return openat(descriptor_.get(), name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK); }));
+std::string PrivateOutputDirectory::contentsOf(const UniqueDescriptor& file) {
     struct stat status {};
-    if (!file || fstat(file.get(), &status) != 0 || status.st_size > longestOutput() || S_ISDIR(status.st_mode)) {
+    if (fstat(file.get(), &status) != 0) {
         failUnavailable();
     }
     try {

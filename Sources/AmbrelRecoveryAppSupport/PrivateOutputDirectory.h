@@ -27,14 +27,14 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
 
-    /// Makes an empty file with permissions 0600, whatever the umask, and opens it for writing. Throws
+    /// Makes an empty file with permissions 0600, whatever the umask, and opens it for writing and reading. Throws
     /// AmbrelRecoveryProcessError::temporaryOutputUnavailable.
     UniqueDescriptor createFile(const char* name) const;
 
-    /// Every byte that the file holds when this is called; what others add meanwhile is left out. Throws
-    /// AmbrelRecoveryProcessError::temporaryOutputUnavailable, also for a file of more than a quarter of the machine's
-    /// memory: the output of an engine that has gone wrong must not take all of it.
-    std::string readFile(const char* name) const;
+    /// Every byte that a file of createFile() holds when this is called, whatever became of its name; what others add
+    /// meanwhile is left out. Throws AmbrelRecoveryProcessError::temporaryOutputUnavailable, also where the memory does
+    /// not suffice.
+    static std::string contentsOf(const UniqueDescriptor& file);
 
     /// Removes the directories in the temporary directory that processes of this user left when they died: real
     /// directories of the user's with such a name and permissions 0700, on which nobody holds the lock. Links are not

@@ -43,7 +43,7 @@ const std::map<std::string, std::vector<int>, std::less<>>& fittingErrors() {
         {"openat", {EACCES, EDQUOT, EINTR, EIO, EMFILE, ENFILE, ENOMEM, ENOSPC, EROFS}},
         {"pipe2", {EMFILE, ENFILE, ENOMEM}},
         {"poll", {EINTR, ENOMEM}},
-        {"read", {EINTR, EIO}},
+        {"pread", {EINTR, EIO}},
         {"readdir", {EIO}},
         {"rmdir", {EACCES, EBUSY, EIO, EROFS}},
         {"stat", {EACCES, EIO, ENOMEM}},

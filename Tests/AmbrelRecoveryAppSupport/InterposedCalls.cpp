@@ -176,9 +176,14 @@ ssize_t write(int descriptor, const void* bytes, size_t count) {
     return faulted("write", ssize_t{-1}, [&] { return real(descriptor, bytes, FaultedCall::length(count)); });
 }
 
-ssize_t read(int descriptor, void* bytes, size_t count) {
-    static auto* const real = next<ssize_t(int, void*, size_t)>("read");
-    return faulted("read", ssize_t{-1}, [&] { return real(descriptor, bytes, FaultedCall::length(count)); });
+ssize_t pread(int descriptor, void* bytes, size_t count, off_t place) {
+    static auto* const real = next<ssize_t(int, void*, size_t, off_t)>("pread");
+    return faulted("pread", ssize_t{-1}, [&] { return real(descriptor, bytes, FaultedCall::length(count), place); });
+}
+
+ssize_t readlink(const char* path, char* target, size_t size) noexcept {
+    static auto* const real = next<ssize_t(const char*, char*, size_t)>("readlink");
+    return faulted("readlink", ssize_t{-1}, [&] { return real(path, target, size); });
 }
 
 int poll(pollfd* descriptors, nfds_t count, int limit) {

@@ -50,11 +50,11 @@ void countAlarm(int) {
 TEST_F(ProcessRunnerInheritanceTest, TheEngineHasTheThreeStreamsAndNoOtherDescriptor) {
     const std::string outputs = temporary_.string() + "/com\\.ambrel\\.recovery-output\\.[-0-9A-F]+/";
     EXPECT_THAT(valuesOf(run({"print-descriptors"}).standardOutput, "descriptor"),
-                ElementsAre("0 r /dev/null", MatchesRegex("1 w " + outputs + "stdout"),
-                            MatchesRegex("2 w " + outputs + "stderr")));
+                ElementsAre("0 r /dev/null", MatchesRegex("1 rw " + outputs + "stdout"),
+                            MatchesRegex("2 rw " + outputs + "stderr")));
     EXPECT_THAT(valuesOf(run({"print-descriptors"}, "credential").standardOutput, "descriptor"),
-                ElementsAre(MatchesRegex("0 r pipe:\\[[0-9]+\\]"), MatchesRegex("1 w " + outputs + "stdout"),
-                            MatchesRegex("2 w " + outputs + "stderr")));
+                ElementsAre(MatchesRegex("0 r pipe:\\[[0-9]+\\]"), MatchesRegex("1 rw " + outputs + "stdout"),
+                            MatchesRegex("2 rw " + outputs + "stderr")));
 }
 
 TEST_F(ProcessRunnerInheritanceTest, DescriptorsThatTheApplicationForgotToMarkDoNotReachTheEngine) {

@@ -1,14 +1,18 @@
 // System calls of a run that fail or are interrupted, one by one; FaultSweepTest goes through all of them.
 
+#include "AmbrelPlatform/ApplicationBundle.h"
 #include "ProcessRunnerTest.h"
 #include "Support/OpenDescriptors.h"
+#include "Support/TestFiles.h"
 #include "SystemCallFaults.h"
 
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <new>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -46,7 +50,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, OfTheDeliveryEndAnEngineThatWouldWaitFor
 
 TEST_F(ProcessRunnerSystemFailuresTest, ByInterruptionAreTriedAgain) {
     for (const char* const call :
-         {"open", "openat", "mkdir", "chmod", "fchmod", "flock", "write", "read", "poll", "waitid", "close"}) {
+         {"open", "openat", "mkdir", "chmod", "fchmod", "flock", "write", "pread", "poll", "waitid", "close"}) {
         SCOPED_TRACE(call);
         for (int occurrence = 1; occurrence <= 3; ++occurrence) {
             SystemCallFaults::reset();
@@ -68,7 +72,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, ByPartialTransfersAreCompleted) {
     const std::string credential = "a credential that goes byte by byte";
     EXPECT_EQ(run({"echo-input"}, credential).standardOutput, echoOf(credential + "\n"));
     EXPECT_GT(SystemCallFaults::calls("write"), 30);
-    EXPECT_GT(SystemCallFaults::calls("read"), 60);
+    EXPECT_GT(SystemCallFaults::calls("pread"), 60);
 }
 
 TEST_F(ProcessRunnerSystemFailuresTest, ThatHideTheStatusNeverLookLikeASuccess) {
@@ -116,7 +120,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, ARequestToEndInTheMiddleOfTheLaunchIsNot
 
 TEST_F(ProcessRunnerSystemFailuresTest, AnOutputThatGrowsWhileItIsReadIsReadAsItWas) {
     // The engine is gone, but what it left running still writes.
-    SystemCallFaults::during("read", [this] {
+    SystemCallFaults::during("pread", [this] {
         const std::filesystem::path output = temporary_ / *privateDirectories().begin() / "stdout";
         std::ofstream(output, std::ios::app) << "written later";
     });
@@ -126,7 +130,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, AnOutputThatGrowsWhileItIsReadIsReadAsIt
 TEST_F(ProcessRunnerSystemFailuresTest, AnOutputThatShrinksWhileItIsReadIsReadAsFarAsItGoes) {
     SystemCallFaults::moveSingleBytes();
     SystemCallFaults::during(
-        "read", [this] { std::filesystem::resize_file(temporary_ / *privateDirectories().begin() / "stdout", 2); });
+        "pread", [this] { std::filesystem::resize_file(temporary_ / *privateDirectories().begin() / "stdout", 2); });
     EXPECT_EQ(run({"write-output", "3"}).standardOutput, "ab");
 }
 
@@ -145,4 +149,101 @@ TEST_F(ProcessRunnerSystemFailuresTest, TheClockIsLookedAtEveryTenthOfASecond) {
         "poll", [this] { SystemCallFaults::during("poll", [this] { runner_.cancelCurrentOperation(); }); });
     EXPECT_EQ(run({"wait"}).exitCode, SIGTERM);
     EXPECT_EQ(SystemCallFaults::longestWait(), 100);
+}
+
+using ProcessRunnerDeadlineTest = ConversingProcessRunnerTest;
+
+namespace {
+
+/// Lets the deadline pass once `isReached` returns: then the engine's handlers are in place.
+void letTheDeadlinePassAfter(const std::function<void()>& isReached) {
+    SystemCallFaults::reset();
+    SystemCallFaults::during("poll", [=] {
+        isReached();
+        SystemCallFaults::setClockForward(3600);
+    });
+}
+
+} // namespace
+
+TEST_F(ProcessRunnerDeadlineTest, TheEngineIsAskedToEndAndAwaited) {
+    letTheDeadlinePassAfter([this] { awaitLog("waiting"); });
+    EXPECT_EQ(errorOfRun({"exit-when-asked", "0"}), Error::timedOut);
+    awaitLog("asked to end");
+}
+
+TEST_F(ProcessRunnerDeadlineTest, AlsoHoldsForAnEngineWhoseInputAnotherKeepsOpenUnread) {
+    letTheDeadlinePassAfter([this] { awaitLog("waiting"); });
+    EXPECT_EQ(errorOfRun({"leave-reader-and-wait"}, std::string(1U << 20U, 'x')), Error::timedOut);
+    openGate();
+    awaitLog("grandchild finished");
+}
+
+TEST_F(ProcessRunnerDeadlineTest, AnEngineThatEndsLateIsAwaitedHoweverLongItTakes) {
+    std::thread test;
+    letTheDeadlinePassAfter([&] {
+        awaitLog("deaf");
+        test = std::thread([this] {
+            awaitLog("asked to end");
+            // The run waits for the engine, and the engine for this.
+            openGate();
+        });
+    });
+    EXPECT_EQ(errorOfRun({"ignore-termination", "0"}), Error::timedOut);
+    test.join();
+    EXPECT_EQ(awaitLog("finished"), "finished 0");
+}
+
+TEST_F(ProcessRunnerDeadlineTest, ACancellationAfterTheTimeoutIsStillATimeout) {
+    std::thread test;
+    letTheDeadlinePassAfter([&] {
+        awaitLog("deaf");
+        test = std::thread([this] {
+            awaitLog("asked to end");
+            runner_.cancelCurrentOperation();
+            awaitLog("asked to end");
+            openGate();
+        });
+    });
+    EXPECT_EQ(errorOfRun({"ignore-termination", "0"}), Error::timedOut);
+    test.join();
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, WhatTakesThePlaceOfTheNewDirectoryIsNotTouched) {
+    // Others may write to this temporary directory, and exchange what lies in it at any moment.
+    namespace fs = std::filesystem;
+    const fs::path photos = directory_ / "photos";
+    fs::create_directory(photos);
+    fs::permissions(photos, fs::perms(0755));
+    TestFiles::write(photos / "stdout", "a file that only has the name of an output");
+    const auto expectUntouched = [&](const fs::path& made, const std::function<void()>& exchange) {
+        SystemCallFaults::reset();
+        SystemCallFaults::during("mkdir", exchange);
+        EXPECT_EQ(errorOfRun({"exit", "0"}), Error::temporaryOutputUnavailable);
+        EXPECT_EQ(fs::status(made).permissions(), fs::perms(0755));
+        EXPECT_EQ(TestFiles::read(made / "stdout"), "a file that only has the name of an output");
+    };
+    fs::path made;
+    const auto removeMade = [&] {
+        made = temporary_ / *privateDirectories().begin();
+        fs::remove(made);
+    };
+    expectUntouched(photos, [&] {
+        removeMade();
+        fs::create_directory_symlink(photos, made);
+    });
+    fs::remove(made);
+    expectUntouched(photos, [&] {
+        removeMade();
+        fs::rename(photos, made);
+        fs::create_directory_symlink(made, photos);
+    });
+    fs::remove_all(made);
+    fs::remove(photos);
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, ThatHideTheExecutableLeaveNoBundle) {
+    SystemCallFaults::fail("readlink", 1, EACCES);
+    EXPECT_EQ(ApplicationBundle::mainBundle().bundlePath(), "");
+    EXPECT_EQ(ApplicationBundle::mainBundle().resourcePath(), std::nullopt);
 }

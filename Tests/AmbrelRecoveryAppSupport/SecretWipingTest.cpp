@@ -136,10 +136,14 @@ TEST_F(CredentialWipingTest, EveryOutcomeOfARunWipesTheRunnersCopies) {
     EXPECT_EQ(run({"echo-input"}, credential).exitCode, 0);
     EXPECT_EQ(errorOfRun({"wait"}, "credential", 0), Error::timedOut);
     EXPECT_EQ(errorOfRun({"close-input"}, credential), Error::launchFailed);
-    EXPECT_EQ(errorOfRun({"remove-output-directory"}, "credential"), Error::temporaryOutputUnavailable);
+    EXPECT_EQ(errorOfRun({"wait"}, credential, 0), Error::timedOut);
+    EXPECT_EQ(errorOfRun({"close-input-and-exit", "0"}, credential), Error::launchFailed);
+    std::stop_source cancelled;
+    cancelled.request_stop();
+    EXPECT_EQ(run({"wait"}, credential, patience, cancelled.get_token()).exitCode, SIGTERM);
     TestFiles::write(directory_ / "text", "exit 0\n", 0755);
     EXPECT_EQ(errorOfRunning(directory_ / "text", "credential"), Error::launchFailed);
-    EXPECT_THAT(ReleasedPages::records(), AllOf(SizeIs(5), allWiped));
+    EXPECT_THAT(ReleasedPages::records(), AllOf(SizeIs(7), allWiped));
 }
 
 TEST_F(CredentialWipingTest, ARefusedRunWipesItsCopy) {

@@ -24,7 +24,7 @@ void fail(std::string_view name, int occurrence, int error);
 /// `action` is called within the next call of `name`, once the system has done its part.
 void during(std::string_view name, std::function<void()> action);
 
-/// Every call of write() or read() from now on moves at most one byte.
+/// Every call of write() or pread() from now on moves at most one byte.
 void moveSingleBytes();
 
 /// Sets the wall clock forward by so many seconds, or back by a negative number, until the next reset.

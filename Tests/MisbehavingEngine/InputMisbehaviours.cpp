@@ -44,6 +44,26 @@ int closeInputAndExit(Engine& engine) {
     return static_cast<int>(engine.numericParameter(0, 0));
 }
 
+/// Leaves a process that holds the standard input, unread, until the gate opens.
+void leaveReader(Engine& engine) {
+    if (fork() == 0) {
+        engine.waitForGate();
+        engine.log("grandchild finished");
+        _exit(0);
+    }
+    engine.log("leaving");
+}
+
+int leaveReaderAndExit(Engine& engine) {
+    leaveReader(engine);
+    _exit(static_cast<int>(engine.numericParameter(0, 0)));
+}
+
+int leaveReaderAndWait(Engine& engine) {
+    leaveReader(engine);
+    engine.waitForSignal();
+}
+
 } // namespace
 
 std::vector<Misbehaviour> inputMisbehaviours() {
@@ -53,6 +73,11 @@ std::vector<Misbehaviour> inputMisbehaviours() {
         {"read-part", "COUNT: reads so many bytes of its standard input and exits with status 0", readPart,
          Misbehaviour::Input::untouched},
         {"close-input", "closes its standard input at once and waits for a signal", closeInput,
+         Misbehaviour::Input::untouched},
+        {"leave-reader",
+         "STATUS: exits and leaves a process that holds its standard input, unread, until the gate opens",
+         leaveReaderAndExit, Misbehaviour::Input::untouched},
+        {"leave-reader-and-wait", "leaves such a process and waits for a signal", leaveReaderAndWait,
          Misbehaviour::Input::untouched},
         {"close-input-and-exit", "STATUS: closes its standard input at once and exits", closeInputAndExit,
          Misbehaviour::Input::untouched},

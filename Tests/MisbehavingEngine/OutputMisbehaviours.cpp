@@ -41,6 +41,9 @@ std::string makeAlphabets() {
 
 const std::string alphabets = makeAlphabets();
 
+/// What an engine writes before it lays hands on its outputs.
+constexpr std::string_view fromTheEngine = "from the engine\n";
+
 /// `count` bytes that repeat the alphabet.
 void writeAlphabet(int descriptor, long count) {
     for (auto left = static_cast<std::size_t>(count); left > 0;) {
@@ -92,6 +95,7 @@ int closeOutputs(Engine&) {
 }
 
 int removeOutputDirectory(Engine&) {
+    writeAll(STDOUT_FILENO, fromTheEngine);
     const std::string directory = outputDirectory();
     unlink(outputPath(STDOUT_FILENO).c_str());
     unlink(outputPath(STDERR_FILENO).c_str());
@@ -104,12 +108,14 @@ int replaceOutputDirectory(Engine& engine) {
 }
 
 int removeOutputFile(Engine& engine) {
+    writeAll(STDOUT_FILENO, fromTheEngine);
     return unlink((outputDirectory() + "/" + engine.parameter(0, "stdout")).c_str()) == 0 ? 0 : 1;
 }
 
 int replaceOutput(Engine& engine) {
     const std::string path = outputPath(STDOUT_FILENO);
     const std::string kind = engine.parameter(0, "file");
+    writeAll(STDOUT_FILENO, fromTheEngine);
     unlink(path.c_str());
     if (kind == "link") {
         return symlink(engine.parameter(1, "/etc/hostname").c_str(), path.c_str());
@@ -125,6 +131,7 @@ int replaceOutput(Engine& engine) {
 }
 
 int hideOutputs(Engine&) {
+    writeAll(STDOUT_FILENO, fromTheEngine);
     return fchmod(STDOUT_FILENO, 0) == 0 && fchmod(STDERR_FILENO, 0) == 0 ? 0 : 1;
 }
 

@@ -178,11 +178,6 @@ class Application:
         """Waits until the control of this name and role has the keyboard."""
         self.wait_for_shown(f"the keyboard on {role} “{name}”", lambda: self._has_keyboard(name, role))
 
-    def wait_for_keyboard_elsewhere(self, name, role):
-        """Waits until another control than the one of this name and role has the keyboard."""
-        self.wait_for_shown(f"the keyboard elsewhere than on {role} “{name}”",
-                            lambda: self.is_active and not self._has_keyboard(name, role))
-
     def _has_keyboard(self, name, role):
         focused = self._focused()
         return focused is not None and (focused.name, focused.role) == (name, role)

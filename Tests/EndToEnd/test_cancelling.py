@@ -1,5 +1,6 @@
 """Stopping a long step, and going on afterwards."""
 
+import shlex
 import unittest
 
 from engines import LEAVE_INPUT, waits
@@ -71,18 +72,23 @@ class Cancelling(RecoveryTestCase):
         self.wait_for_engine_to_end()
         self.assertIsNone(application.alert())
 
-    def test_an_engine_that_takes_its_time_to_end(self):
-        self.engine.behave(inspect="trap 'sleep 1; exit 15' TERM; while :; do sleep 0.05; done")
+    def test_what_is_begun_before_the_cancelled_engine_has_ended_waits_for_it(self):
+        ready, gate = self.scratch / "ready", self.scratch / "gate"
+        self.engine.behave(inspect=f"trap '' TERM; touch {shlex.quote(str(ready))}; "
+                                   f"while [ ! -e {shlex.quote(str(gate))} ]; do sleep 0.05; done")
         application = self.start()
+        self.addCleanup(gate.touch)
         application.choose_package(self.empty_package())
         application.inspect("secret")
-        self.engine.wait_for_run(1)
+        wait_for("the engine", ready.exists)
         application.press(self.cancel)
-        application.button(self.catalogue["recovery.inspect.action"])
-        self.wait_for_engine_to_end()
         self.engine.behave()
-        application.inspect("secret")
+        application.inspect("secret again")
+        application.wait_for_text(self.catalogue["recovery.inspecting"])
+        self.assertEqual(1, len(self.engine.runs))
+        gate.touch()
         application.wait_for_snapshots()
+        self.assertEqual(b"secret again\n", self.engine.runs[1].input)
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@ set(platform_sources
   Platform/BusConnection.cpp
   Platform/BusListener.cpp
   Platform/DesktopFileViewer.cpp
-  Platform/DesktopMotionPreference.cpp
+  Platform/DesktopPreferences.cpp
   Platform/DesktopNotification.cpp
   Platform/DesktopNotifications.cpp
   Platform/DesktopSleepInhibitor.cpp

@@ -3,8 +3,8 @@
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
-#include "AmbrelRecoveryApp/Platform/DesktopMotionPreference.h"
 #include "AmbrelRecoveryApp/Platform/DesktopNotifications.h"
+#include "AmbrelRecoveryApp/Platform/DesktopPreferences.h"
 #include "AmbrelRecoveryApp/Platform/DesktopSleepInhibitor.h"
 #include "AmbrelRecoveryApp/Platform/FilePanels.h"
 #include "AmbrelRecoveryApp/Platform/OperationGuard.h"
@@ -52,10 +52,10 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     fileViewer_ = std::make_unique<DesktopFileViewer>();
     model_ = std::make_unique<RecoveryViewModel>(
         engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<LocalCloudItems>()});
-    auto* const view = new RecoveryRootView(*model_);
-    window_->setContent(view);
-    QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
-    motionPreference_ = std::make_unique<DesktopMotionPreference>();
+    showView();
+    desktopPreferences_ = std::make_unique<DesktopPreferences>();
+    QObject::connect(desktopPreferences_.get(), &DesktopPreferences::lookChanged, window_.get(),
+                     [this] { showView(); });
     sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
     notifications_ = std::make_unique<DesktopNotifications>();
     guard_ = std::make_unique<OperationGuard>(*model_, window_.get(), *sleepInhibitor_, *notifications_);
@@ -63,6 +63,13 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     window_->show();
     window_->raise();
     window_->activateWindow();
+}
+
+/// The view holds nothing that the model does not, so that another one can take its place at any time.
+void RecoveryApplicationDelegate::showView() {
+    auto* const view = new RecoveryRootView(*model_);
+    window_->setContent(view);
+    QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
 }
 
 void RecoveryApplicationDelegate::applicationWillTerminate() {

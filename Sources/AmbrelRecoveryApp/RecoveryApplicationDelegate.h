@@ -3,7 +3,7 @@
 #include <memory>
 
 class DesktopFileViewer;
-class DesktopMotionPreference;
+class DesktopPreferences;
 class OperationGuard;
 class RecoveryNotifications;
 class RecoveryPanels;
@@ -32,12 +32,14 @@ public:
     bool applicationShouldTerminateAfterLastWindowClosed() const;
 
 private:
+    void showView();
+
     // In the order in which they need each other.
     std::unique_ptr<RecoveryWindow> window_;
     std::unique_ptr<RecoveryPanels> panels_;
     std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;
-    std::unique_ptr<DesktopMotionPreference> motionPreference_;
+    std::unique_ptr<DesktopPreferences> desktopPreferences_;
     std::unique_ptr<RecoverySleepInhibitor> sleepInhibitor_;
     std::unique_ptr<RecoveryNotifications> notifications_;
     std::unique_ptr<OperationGuard> guard_;

@@ -6,6 +6,8 @@ QColor opaque(float red, float green, float blue) {
     return QColor::fromRgbF(red, green, blue);
 }
 
+bool isContrastWanted = false;
+
 QColor whiteAt(float opacity) {
     return QColor::fromRgbF(1, 1, 1, opacity);
 }
@@ -22,6 +24,10 @@ QColor RecoveryPalette::rail() {
 
 QColor RecoveryPalette::card() {
     return whiteAt(0.065F);
+}
+
+QColor RecoveryPalette::panel() {
+    return blended(card(), opaque(0.05F, 0.045F, 0.041F));
 }
 
 QColor RecoveryPalette::input() {
@@ -45,7 +51,11 @@ QColor RecoveryPalette::copper() {
 }
 
 QColor RecoveryPalette::line() {
-    return whiteAt(0.11F);
+    return whiteAt(isContrastWanted ? 0.5F : 0.11F);
+}
+
+QColor RecoveryPalette::outline() {
+    return isContrastWanted ? line() : QColor(Qt::transparent);
 }
 
 QColor RecoveryPalette::success() {
@@ -57,6 +67,10 @@ QColor RecoveryPalette::warning() {
 }
 
 QColor RecoveryPalette::onCopper() {
+    return background();
+}
+
+QColor RecoveryPalette::onDimmedCopper() {
     return whiteAt(1);
 }
 
@@ -68,13 +82,33 @@ QColor RecoveryPalette::highlight() {
     return whiteAt(0.12F);
 }
 
+QColor RecoveryPalette::scrollBar(bool isLit) {
+    const float faintest = isContrastWanted ? 0.5F : 0.2F;
+    return whiteAt(isLit ? faintest + 0.16F : faintest);
+}
+
 QColor RecoveryPalette::alert() {
     return opaque(0.15F, 0.137F, 0.127F);
+}
+
+QColor RecoveryPalette::blended(const QColor& color, const QColor& ground) {
+    const float opacity = color.alphaF();
+    const auto mixed = [opacity](float above, float below) { return above * opacity + below * (1 - opacity); };
+    return opaque(mixed(color.redF(), ground.redF()), mixed(color.greenF(), ground.greenF()),
+                  mixed(color.blueF(), ground.blueF()));
 }
 
 QColor RecoveryPalette::withOpacity(QColor color, double factor) {
     color.setAlphaF(color.alphaF() * static_cast<float>(factor));
     return color;
+}
+
+void RecoveryPalette::setContrastIncreased(bool isIncreased) {
+    isContrastWanted = isIncreased;
+}
+
+bool RecoveryPalette::isContrastIncreased() {
+    return isContrastWanted;
 }
 
 QPalette RecoveryPalette::ofToolkit() {

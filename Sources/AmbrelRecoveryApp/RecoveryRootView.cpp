@@ -50,8 +50,8 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     connectChooseBackup();
     connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
     connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
-    nextFocus_ = widgetOf(FocusPlan::first);
     applyContents();
+    nextFocus_ = widgetOf(FocusPlan::first(state_));
 }
 
 void RecoveryRootView::connectChooseBackup() {

@@ -7,6 +7,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <memory>
+
 namespace {
 
 constexpr QSize initialSize(980, 720);
@@ -30,6 +32,9 @@ RecoveryWindow::RecoveryWindow() {
 }
 
 void RecoveryWindow::setContent(QWidget* content) {
+    if (const std::unique_ptr<QLayoutItem> shown(layout()->takeAt(0)); shown) {
+        delete shown->widget();
+    }
     layout()->addWidget(content);
 }
 

@@ -11,7 +11,7 @@ class RecoveryWindow final : public QWidget {
 public:
     RecoveryWindow();
 
-    /// Shows `content`, which the window owns from then on. To be called once.
+    /// Shows `content`, which the window owns from then on, and deletes what it showed before.
     void setContent(QWidget* content);
 
     /// Moves the window into the middle of its screen.

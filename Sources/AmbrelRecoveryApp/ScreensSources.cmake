@@ -12,6 +12,7 @@ set(screens_sources
   Controls/ClipboardSecret.cpp
   Controls/CopperGlow.cpp
   Controls/FirstChoice.cpp
+  Controls/FittedText.cpp
   Controls/FileNameText.cpp
   Controls/FocusRing.cpp
   Controls/HeldKeys.cpp
@@ -22,6 +23,7 @@ set(screens_sources
   Controls/ParagraphDirection.cpp
   Controls/PathView.cpp
   Controls/PrimaryRecoveryButton.cpp
+  Controls/PrimaryRecoveryButtonStyle.cpp
   Controls/ProgressIndicator.cpp
   Controls/ProgressIndicatorAccessible.cpp
   Controls/ProgressRow.cpp
@@ -32,6 +34,7 @@ set(screens_sources
   Controls/RoundedPanel.cpp
   Controls/ScreenTransition.cpp
   Controls/SecondaryRecoveryButton.cpp
+  Controls/SecondaryRecoveryButtonStyle.cpp
   Controls/SecureField.cpp
   Controls/SecureFieldAccessible.cpp
   Controls/SecureFieldStyle.cpp
@@ -42,6 +45,7 @@ set(screens_sources
   Controls/SymbolPainter.cpp
   Controls/SymbolView.cpp
   Controls/TextLabel.cpp
+  Controls/TextScale.cpp
   Controls/UniformRowView.cpp
   Screens/ButtonRow.cpp
   Screens/ChooseBackupContent.cpp

@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-Card::Card(QWidget* parent) : Card(RecoveryPalette::card(), RecoveryPalette::line(), parent) {}
+Card::Card(QWidget* parent) : Card(RecoveryPalette::panel(), RecoveryPalette::line(), parent) {}
 
 Card::Card(const QColor& fill, const QColor& border, QWidget* parent) : QWidget(parent), fill_(fill), border_(border) {}
 

@@ -13,7 +13,8 @@ namespace {
 
 /// More than the symbol, so that it is easy to hit.
 constexpr int buttonSize = 28;
-constexpr int symbolSize = 16;
+/// That of the texts beside such a button.
+constexpr int symbolSize = 14;
 
 } // namespace
 

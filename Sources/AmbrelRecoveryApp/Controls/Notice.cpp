@@ -27,7 +27,7 @@ Notice::Notice(RecoverySymbol symbol, QWidget* parent)
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(17, 17, 17, 15);
     row->setSpacing(11);
-    row->addWidget(new SymbolView(symbol, 18, RecoveryPalette::warning(), this), 0, Qt::AlignTop);
+    row->addWidget(new SymbolView(symbol, 18, RecoveryPalette::warning(), this, QFont::DemiBold), 0, Qt::AlignTop);
     row->addLayout(texts, 1);
 }
 

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 
 #include "AmbrelRecoveryApp/Controls/Motion.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QAccessible>
@@ -14,6 +15,8 @@
 namespace {
 
 constexpr QSize barSize(180, 18);
+/// Leaves more room to the text beside it.
+constexpr QSize barSizeBesideLargeText(90, 18);
 constexpr qreal barHeight = 6;
 constexpr QSize ringSize(18, 18);
 constexpr qreal ringThickness = 2;
@@ -52,7 +55,10 @@ void ProgressIndicator::setFraction(const std::optional<double>& fraction) {
 }
 
 QSize ProgressIndicator::sizeHint() const {
-    return fraction_ ? barSize : ringSize;
+    if (!fraction_) {
+        return ringSize;
+    }
+    return TextScale::isEnlarged() ? barSizeBesideLargeText : barSize;
 }
 
 void ProgressIndicator::glideTo(double fraction) {

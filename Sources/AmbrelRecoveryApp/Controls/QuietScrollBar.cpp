@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
+
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -24,6 +26,6 @@ void QuietScrollBar::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgbF(1, 1, 1, isLit ? 0.36F : 0.2F));
+    painter.setBrush(RecoveryPalette::scrollBar(isLit));
     painter.drawRoundedRect(QRectF(slider).adjusted(2, 2, -2, -2), (thickness - 4) / 2.0, (thickness - 4) / 2.0);
 }

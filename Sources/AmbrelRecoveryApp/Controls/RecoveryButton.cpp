@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr int horizontalPadding = 20;
-constexpr int symbolSize = 18;
 constexpr int symbolSpacing = 9;
 
 } // namespace
@@ -22,7 +22,7 @@ RecoveryButton::RecoveryButton(std::optional<RecoverySymbol> symbol, const QFont
     : QPushButton(parent), symbol_(symbol), height_(height) {
     setFont(font);
     setAutoDefault(true);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover, false);
 }
 
@@ -43,8 +43,7 @@ void RecoveryButton::setButtonHeight(int height) {
 }
 
 QSize RecoveryButton::sizeHint() const {
-    const int symbolWidth = symbol_ ? symbolSize + symbolSpacing : 0;
-    return {2 * horizontalPadding + symbolWidth + labelWidth(), std::max(height_, fontMetrics().height() + 12)};
+    return {2 * horizontalPadding + contentWidth(font()), std::max(height_, fontMetrics().height() + 12)};
 }
 
 void RecoveryButton::keyPressEvent(QKeyEvent* event) {
@@ -53,20 +52,41 @@ void RecoveryButton::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-int RecoveryButton::labelWidth() const {
-    return static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(label_)));
+QSize RecoveryButton::minimumSizeHint() const {
+    QFont asDesigned = font();
+    asDesigned.setPixelSize(designedSize());
+    return {2 * horizontalPadding + contentWidth(asDesigned), sizeHint().height()};
+}
+
+QFont RecoveryButton::shownFont() const {
+    QFont shown = font();
+    while (shown.pixelSize() > designedSize() && 2 * horizontalPadding + contentWidth(shown) > width()) {
+        shown.setPixelSize(shown.pixelSize() - 1);
+    }
+    return shown;
+}
+
+int RecoveryButton::designedSize() const {
+    return qRound(font().pixelSize() / TextScale::factor());
+}
+
+/// Of the symbol, which is as large as the label, and the label.
+int RecoveryButton::contentWidth(const QFont& font) const {
+    const int labelWidth = static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(label_)));
+    return labelWidth + (symbol_ ? font.pixelSize() + symbolSpacing : 0);
 }
 
 void RecoveryButton::paintLabel(QPainter& painter, const QColor& color) const {
+    const QFont shown = shownFont();
+    const int symbolSize = shown.pixelSize();
     const int symbolWidth = symbol_ ? symbolSize + symbolSpacing : 0;
-    const int contentWidth = symbolWidth + labelWidth();
-    const QRect content((width() - contentWidth) / 2, 0, contentWidth, height());
+    const QRect content((width() - contentWidth(shown)) / 2, 0, contentWidth(shown), height());
     if (symbol_) {
         const QRect place(content.left(), (height() - symbolSize) / 2, symbolSize, symbolSize);
         SymbolPainter::paint(painter, *symbol_, QStyle::visualRect(layoutDirection(), content, place), color);
     }
     painter.setPen(color);
-    painter.setFont(font());
+    painter.setFont(shown);
     CenteredText::paint(painter, QStyle::visualRect(layoutDirection(), content, content.adjusted(symbolWidth, 0, 0, 0)),
                         label_);
 }

@@ -8,8 +8,9 @@
 
 class QPainter;
 
-/// What the two styles of button share: a symbol and a label beside it, centered, never cut off. Return presses the
-/// button that has the focus, as Space does; a key that is held presses it once.
+/// What the two styles of button share: a symbol and a label beside it, centered, never cut off: an enlarged label
+/// that is too wide is set smaller, down to its designed size. Return presses the button that has the focus, as Space
+/// does; a key that is held presses it once.
 class RecoveryButton : public QPushButton {
     Q_OBJECT
 
@@ -17,16 +18,19 @@ public:
     /// The visible text, which is the accessible name too.
     void setLabel(const QString& label);
     const QString& label() const { return label_; }
-    /// Makes the button less or more high than its style has it.
-    void setButtonHeight(int height);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// With the label as large as designed.
+    QSize minimumSizeHint() const override;
+    /// The font in which the label fits into the button as it is now.
+    QFont shownFont() const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
     RecoveryButton(std::optional<RecoverySymbol> symbol, const QFont& font, int height, QWidget* parent);
+
+    void setButtonHeight(int height);
 
     /// Draws symbol and label in `color`.
     void paintLabel(QPainter& painter, const QColor& color) const;
@@ -34,7 +38,8 @@ protected:
     static constexpr int cornerRadius = 14;
 
 private:
-    int labelWidth() const;
+    int contentWidth(const QFont& font) const;
+    int designedSize() const;
 
     const std::optional<RecoverySymbol> symbol_;
     int height_;

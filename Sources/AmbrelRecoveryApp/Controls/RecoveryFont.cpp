@@ -1,10 +1,12 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
+
 QFont recoveryFont(int size, QFont::Weight weight, qreal tracking) {
     // The application's font, but not a copy of it: a widget follows the application in everything that is not set
     // here.
     QFont font;
-    font.setPixelSize(size);
+    font.setPixelSize(TextScale::scaled(size));
     font.setWeight(weight);
     // Hinting moves glyphs to whole pixels, which makes the widths of texts depend on the scale of the display.
     font.setHintingPreference(QFont::PreferNoHinting);

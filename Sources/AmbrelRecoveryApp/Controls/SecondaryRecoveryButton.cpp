@@ -1,29 +1,22 @@
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
-#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButtonStyle.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
 
-namespace {
-
-constexpr int buttonHeight = 42;
-constexpr double pressedOpacity = 0.78;
-
-} // namespace
+namespace Style = SecondaryRecoveryButtonStyle;
 
 SecondaryRecoveryButton::SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent)
-    : RecoveryButton(symbol, recoveryFont(15, QFont::Medium), buttonHeight, parent) {}
+    : RecoveryButton(symbol, Style::labelFont(), Style::usualHeight, parent) {}
 
 void SecondaryRecoveryButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity((isEnabled() ? 1 : RecoveryPalette::disabledOpacity) * (isDown() ? pressedOpacity : 1));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(RecoveryPalette::raised());
-    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    paintLabel(painter, RecoveryPalette::primary());
+    painter.setOpacity((isEnabled() ? 1 : RecoveryPalette::disabledOpacity) * (isDown() ? Style::pressedOpacity : 1));
+    RoundedPanel::paint(painter, rect(), cornerRadius, Style::fill(), RecoveryPalette::outline());
+    paintLabel(painter, Style::label());
     if (FocusRing::isShown(*this)) {
         FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
     }

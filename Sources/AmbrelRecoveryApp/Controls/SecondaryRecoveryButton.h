@@ -9,6 +9,9 @@ class SecondaryRecoveryButton final : public RecoveryButton {
 public:
     explicit SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent = nullptr);
 
+    /// Makes the button less or more high than its style has it, to stand beside something else.
+    using RecoveryButton::setButtonHeight;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 };

@@ -2,9 +2,11 @@
 
 #include "AmbrelRecoveryApp/Controls/CapsLock.h"
 #include "AmbrelRecoveryApp/Controls/ClipboardSecret.h"
+#include "AmbrelRecoveryApp/Controls/FittedText.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldStyle.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/ProcessSetup.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
@@ -94,7 +96,7 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     setAcceptDrops(false);
     setDragEnabled(false);
     setFont(recoveryFont(fontSize, QFont::Normal));
-    setFixedHeight(fieldHeight);
+    setFixedHeight(TextScale::scaled(fieldHeight));
     setStyle(new SecureFieldStyle(horizontalPadding - lineEditMargin, this));
     QPalette colors = palette();
     colors.setColor(QPalette::Text, RecoveryPalette::primary());
@@ -114,12 +116,13 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     layout->addWidget(capsLockHint_);
     followLayoutDirection();
     connect(this, &QLineEdit::textChanged, this, &SecureField::followMask);
-    connect(this, &QLineEdit::textChanged, this, &SecureField::spaceMask);
+    connect(this, &QLineEdit::textChanged, this, &SecureField::fitFont);
 }
 
 void SecureField::setPrompt(const QString& prompt) {
     setPlaceholderText(prompt);
     setAccessibleName(prompt);
+    fitFont();
 }
 
 void SecureField::setCapsLockHint(const QString& hint) {
@@ -281,9 +284,16 @@ void SecureField::followMask() {
     emit secretEdited();
 }
 
-/// Bullets stand further apart than letters, so that they can be counted.
-void SecureField::spaceMask() {
-    setFont(recoveryFont(fontSize, QFont::Normal, text().isEmpty() ? 0 : maskTracking));
+/// Bullets stand further apart than letters, so that they can be counted; a prompt that is too wide is set smaller.
+void SecureField::fitFont() {
+    setFont(text().isEmpty() ? FittedText::font(placeholderText(), recoveryFont(fontSize, QFont::Normal),
+                                                width() - 2 * horizontalPadding, fontSize)
+                             : recoveryFont(fontSize, QFont::Normal, maskTracking));
+}
+
+void SecureField::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    fitFont();
 }
 
 /// Where the character at this place begins among the secret's units. The mask has one bullet for a character, also for

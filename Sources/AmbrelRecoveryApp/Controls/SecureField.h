@@ -46,6 +46,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // These would put text past the secret into the line edit.
@@ -60,7 +61,7 @@ private:
     void pasteFrom(QClipboard::Mode mode);
     void showMask();
     void followMask();
-    void spaceMask();
+    void fitFont();
     qsizetype unitOffset(int character) const;
     void replaceUnits(qsizetype start, qsizetype end, QStringView text);
 

@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QKeyEvent>
@@ -63,9 +64,7 @@ void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
     if (isChecked()) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(RecoveryPalette::highlight());
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+        RoundedPanel::paint(painter, rect(), cornerRadius, RecoveryPalette::highlight(), RecoveryPalette::outline());
     }
     painter.setPen(isChecked() ? RecoveryPalette::primary() : RecoveryPalette::secondary());
     painter.setFont(labelFont(isChecked()));

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int inset = 4;
@@ -15,13 +17,12 @@ constexpr qreal cornerRadius = 11;
 
 } // namespace
 
-SegmentedPicker::SegmentedPicker(int count, QWidget* parent) : QWidget(parent) {
-    auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(inset, inset, inset, inset);
-    layout->setSpacing(0);
+SegmentedPicker::SegmentedPicker(int count, QWidget* parent) : QWidget(parent), layout_(new QHBoxLayout(this)) {
+    layout_->setContentsMargins(inset, inset, inset, inset);
+    layout_->setSpacing(0);
     for (int index = 0; index < count; ++index) {
         auto* const segment = new SegmentButton(this);
-        layout->addWidget(segment, 1);
+        layout_->addWidget(segment, 1);
         segments_.push_back(segment);
         connect(segment, &SegmentButton::toggled, this, [this, index](bool isChosen) {
             if (isChosen) {
@@ -43,6 +44,29 @@ void SegmentedPicker::apply(const QStringList& labels, int index) {
             segment->setChecked(true);
         }
     }
+    arrange();
+}
+
+QSize SegmentedPicker::minimumSizeHint() const {
+    int widest = 0;
+    for (const SegmentButton* const segment : segments_) {
+        widest = std::max(widest, segment->sizeHint().width());
+    }
+    return {widest + 2 * inset, QWidget::minimumSizeHint().height()};
+}
+
+void SegmentedPicker::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+/// One below the other where they do not fit side by side.
+void SegmentedPicker::arrange() {
+    int needed = 2 * inset;
+    for (const SegmentButton* const segment : segments_) {
+        needed += segment->sizeHint().width();
+    }
+    layout_->setDirection(needed <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 void SegmentedPicker::paintEvent(QPaintEvent* /*event*/) {

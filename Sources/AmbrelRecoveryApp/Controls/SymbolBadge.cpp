@@ -17,5 +17,5 @@ void SymbolBadge::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(rect(), look_.cornerRadius, look_.cornerRadius);
     QRectF symbolRect(0, 0, look_.symbolSize, look_.symbolSize);
     symbolRect.moveCenter(QRectF(rect()).center());
-    SymbolPainter::paint(painter, look_.symbol, symbolRect, look_.color);
+    SymbolPainter::paint(painter, look_.symbol, symbolRect, look_.color, look_.symbolWeight);
 }

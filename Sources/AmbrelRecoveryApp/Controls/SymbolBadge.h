@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 
 #include <QColor>
+#include <QFont>
 #include <QWidget>
 
 /// A symbol on a tinted shape: the brand's rounded square, the circle of a completed export.
@@ -19,6 +20,7 @@ public:
         int size = 0;
         int cornerRadius = 0;
         int symbolSize = 0;
+        QFont::Weight symbolWeight = QFont::Normal;
     };
 
     explicit SymbolBadge(const Look& look, QWidget* parent = nullptr);

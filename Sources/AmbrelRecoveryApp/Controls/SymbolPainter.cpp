@@ -21,8 +21,6 @@ QString fileName(RecoverySymbol symbol) {
         return QStringLiteral("arrow.up");
     case RecoverySymbol::checkmark:
         return QStringLiteral("checkmark");
-    case RecoverySymbol::checkmarkCircle:
-        return QStringLiteral("checkmark.circle");
     case RecoverySymbol::checkmarkCircleFill:
         return QStringLiteral("checkmark.circle.fill");
     case RecoverySymbol::checkmarkShield:
@@ -57,17 +55,23 @@ QString fileName(RecoverySymbol symbol) {
     Q_UNREACHABLE();
 }
 
-/// Below this size, in device-independent pixels, strokes of their own width would be too faint.
-constexpr qreal smallSize = 14;
+/// How wide the strokes of a symbol are, in the files' own unit, of which a symbol is 20 wide.
+QByteArray strokeWidth(QFont::Weight weight) {
+    if (weight >= QFont::Bold) {
+        return "3";
+    }
+    return weight >= QFont::DemiBold ? "2.5" : "2";
+}
 
-/// The text of the symbol's file, in its colour.
-QByteArray source(const QString& name, bool isSmall, const QColor& color) {
+/// The text of the symbol's file, in its colour and weight.
+QByteArray source(const QString& name, const QColor& color, QFont::Weight weight) {
     loadSymbols();
     QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);
-    QByteArray text = file.readAll().replace("currentColor", color.name().toLatin1());
-    return isSmall ? text.replace(R"(stroke-width="2")", R"(stroke-width="3.2")") : text;
+    return file.readAll()
+        .replace("currentColor", color.name().toLatin1())
+        .replace(R"(stroke-width="2")", R"(stroke-width=")" + strokeWidth(weight) + '"');
 }
 
 QPixmap draw(const QByteArray& source, const QSize& deviceSize, const QColor& color) {
@@ -89,17 +93,19 @@ QPointF alignedToPixels(const QPointF& point, const QPainter& painter) {
 
 } // namespace
 
-void SymbolPainter::paint(QPainter& painter, RecoverySymbol symbol, const QRectF& rect, const QColor& color) {
-    const qreal scale = painter.device()->devicePixelRatioF();
+void SymbolPainter::paint(QPainter& painter, RecoverySymbol symbol, const QRectF& rect, const QColor& color,
+                          QFont::Weight weight) {
+    const qreal scale = painter.deviceTransform().m11();
     const QSize deviceSize = (rect.size() * scale).toSize();
     const QString name = fileName(symbol);
-    const QString key = QStringLiteral("%1 %2 %3x%4")
+    const QString key = QStringLiteral("%1 %2 %3 %4x%5")
                             .arg(name, color.name(QColor::HexArgb))
+                            .arg(weight)
                             .arg(deviceSize.width())
                             .arg(deviceSize.height());
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap = draw(source(name, rect.width() < smallSize, color), deviceSize, color);
+        pixmap = draw(source(name, color, weight), deviceSize, color);
         QPixmapCache::insert(key, pixmap);
     }
     pixmap.setDevicePixelRatio(scale);

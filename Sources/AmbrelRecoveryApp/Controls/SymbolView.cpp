@@ -1,11 +1,12 @@
 #include "AmbrelRecoveryApp/Controls/SymbolView.h"
 
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 #include <QPainter>
 
-SymbolView::SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent)
-    : QWidget(parent), symbol_(symbol), size_(size), color_(color) {
+SymbolView::SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent, QFont::Weight weight)
+    : QWidget(parent), symbol_(symbol), size_(TextScale::scaled(size)), color_(color), weight_(weight) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -22,5 +23,5 @@ QSize SymbolView::sizeHint() const {
 
 void SymbolView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    SymbolPainter::paint(painter, symbol_, rect(), color_);
+    SymbolPainter::paint(painter, symbol_, rect(), color_, weight_);
 }

@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 
 #include <QColor>
+#include <QFont>
 #include <QWidget>
 
 /// Shows one symbol. It says nothing that a text beside it does not say, so it has no accessible name.
@@ -10,8 +11,9 @@ class SymbolView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `size` is the width and the height, in device-independent pixels.
-    SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent = nullptr);
+    /// `size` is the width and the height, in device-independent pixels; it grows with the texts.
+    SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent = nullptr,
+               QFont::Weight weight = QFont::Normal);
 
     void setColor(const QColor& color);
 
@@ -24,4 +26,5 @@ private:
     const RecoverySymbol symbol_;
     const int size_;
     QColor color_;
+    const QFont::Weight weight_;
 };

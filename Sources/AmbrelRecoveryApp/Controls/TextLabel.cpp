@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 
 #include "AmbrelRecoveryApp/Controls/ParagraphDirection.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 #include <QGlyphRun>
 #include <QPainter>
@@ -79,7 +80,7 @@ QTextOption wrapping(Qt::LayoutDirection direction) {
 } // namespace
 
 TextLabel::TextLabel(const QFont& font, const QColor& color, QWidget* parent, int linePitch)
-    : QLabel(parent), linePitch_(linePitch), color_(color) {
+    : QLabel(parent), linePitch_(TextScale::scaled(linePitch)), color_(color) {
     setTextFormat(Qt::PlainText);
     // Without it, every new text takes the height for a width out of the size policy again.
     setWordWrap(true);

@@ -36,7 +36,6 @@ constexpr QSize leastSize(660, 420);
 constexpr int padding = 20;
 constexpr int sidebarPadding = 12;
 constexpr int spacing = 10;
-constexpr int buttonHeight = 40;
 
 RecoverySymbol backSymbol() {
     return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
@@ -175,11 +174,9 @@ QBoxLayout* ItemPanel::buttonRow() {
     auto* const row = new QHBoxLayout;
     row->setSpacing(spacing);
     row->addStretch();
-    for (RecoveryButton* const button :
-         {static_cast<RecoveryButton*>(cancel_), static_cast<RecoveryButton*>(accept_)}) {
-        button->setButtonHeight(buttonHeight);
-        row->addWidget(button);
-    }
+    cancel_->setButtonHeight(accept_->sizeHint().height());
+    row->addWidget(cancel_);
+    row->addWidget(accept_);
     return row;
 }
 

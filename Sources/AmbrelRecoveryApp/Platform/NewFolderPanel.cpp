@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Platform/FolderContents.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
@@ -28,7 +29,6 @@ namespace {
 
 constexpr int panelWidth = 380;
 constexpr int padding = 24;
-constexpr int buttonHeight = 40;
 
 std::error_code makeFolder(const std::filesystem::path& folder) {
     // Neither in a package nor one that would be taken for a package.
@@ -55,14 +55,13 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     setPalette(PanelPalette::colors());
     setWindowTitle(localized(organizationNewFolder()));
     setAccessibleName(localized(organizationNewFolder()));
-    setFixedWidth(panelWidth);
+    setFixedWidth(TextScale::scaled(panelWidth));
     message_->hide();
     create_->setLabel(PanelTexts::localized(Text::create));
-    create_->setButtonHeight(buttonHeight);
     create_->setDefault(true);
     auto* const cancel = new SecondaryRecoveryButton(std::nullopt, this);
     cancel->setLabel(localized(genericCancel()));
-    cancel->setButtonHeight(buttonHeight);
+    cancel->setButtonHeight(create_->sizeHint().height());
 
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Platform/PanelButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
@@ -9,7 +10,7 @@
 namespace {
 
 constexpr int buttonSize = 34;
-constexpr int symbolSize = 16;
+constexpr int symbolSize = 14;
 constexpr qreal cornerRadius = 10;
 
 } // namespace
@@ -30,12 +31,10 @@ QSize PanelButton::sizeHint() const {
 
 void PanelButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
-    painter.setPen(Qt::NoPen);
     const bool isLit = isEnabled() && (isDown() || underMouse());
-    painter.setBrush(isLit ? RecoveryPalette::highlight() : RecoveryPalette::raised());
-    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    RoundedPanel::paint(painter, rect(), cornerRadius, isLit ? RecoveryPalette::highlight() : RecoveryPalette::raised(),
+                        RecoveryPalette::outline());
     QRect symbol(0, 0, symbolSize, symbolSize);
     symbol.moveCenter(rect().center());
     SymbolPainter::paint(painter, symbol_, symbol, RecoveryPalette::primary());

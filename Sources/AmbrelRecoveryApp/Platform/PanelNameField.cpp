@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Platform/PanelPalette.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
@@ -25,7 +26,7 @@ constexpr qreal cornerRadius = 11;
 PanelNameField::PanelNameField(const QString& label, QWidget* parent) : QLineEdit(parent) {
     setAccessibleName(label);
     setFont(recoveryFont(fontSize, QFont::Normal));
-    setFixedHeight(fieldHeight);
+    setFixedHeight(TextScale::scaled(fieldHeight));
     setFrame(false);
     // The panel is painted here.
     setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 12px; }"));

@@ -12,7 +12,6 @@ namespace {
 
 constexpr int rowHeight = 32;
 constexpr int padding = 10;
-constexpr int symbolSize = 18;
 constexpr int symbolSpacing = 10;
 constexpr qreal cornerRadius = 8;
 constexpr double selectedFillOpacity = 0.28;
@@ -26,6 +25,7 @@ PanelRowDelegate::PanelRowDelegate(int symbolRole, QObject* parent)
 void PanelRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QRect text = option.rect.adjusted(padding, 0, -padding, 0);
     const QVariant symbol = index.data(symbolRole_);
+    const int symbolSize = option.font.pixelSize();
     painter->save();
     painter->setLayoutDirection(option.direction);
     if (symbol.isValid()) {

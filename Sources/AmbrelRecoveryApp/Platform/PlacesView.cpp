@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Platform/PanelItemView.h"
 #include "AmbrelRecoveryApp/Platform/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
@@ -43,7 +44,7 @@ PlacesView::PlacesView(QWidget* parent) : QListView(parent), model_(new PlacesMo
     // After the selection's own reaction, which drops it.
     connect(model_, &QAbstractItemModel::modelReset, this, [this] { showFolder(folder_); });
     setAccessibleName(PanelTexts::localized(PanelTexts::Text::locations));
-    setFixedWidth(listWidth);
+    setFixedWidth(TextScale::scaled(listWidth));
     setUniformItemSizes(true);
     PanelItemView::prepare(*this);
     connect(this, &QListView::clicked, this, [this](const QModelIndex& index) {

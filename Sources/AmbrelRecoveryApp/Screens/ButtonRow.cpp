@@ -48,7 +48,7 @@ QSize ButtonRow::sizeHint() const {
 QSize ButtonRow::minimumSizeHint() const {
     int widest = 0;
     for (const QPushButton* const button : buttons_) {
-        widest = std::max(widest, button->sizeHint().width());
+        widest = std::max(widest, button->minimumSizeHint().width());
     }
     return {widest, heightForWidth(widthSideBySide())};
 }
@@ -70,7 +70,7 @@ void ButtonRow::place() {
     const bool isSideBySide = width() >= widthSideBySide();
     QPoint position(0, 0);
     for (QPushButton* const button : buttons_) {
-        const QRect logical(position, button->sizeHint());
+        const QRect logical(position, button->sizeHint().boundedTo({width(), height()}));
         button->setGeometry(QStyle::visualRect(layoutDirection(), rect(), logical));
         position += isSideBySide ? QPoint(logical.width() + spacing, 0) : QPoint(0, logical.height() + spacing);
     }

@@ -39,7 +39,8 @@ QWidget* CompletionScreen::makeCard() {
                                        .fillOpacity = 0.14,
                                        .size = 64,
                                        .cornerRadius = 32,
-                                       .symbolSize = 28},
+                                       .symbolSize = 24,
+                                       .symbolWeight = QFont::Bold},
                                       card),
                       0, Qt::AlignLeading);
     layout->addSpacing(1);

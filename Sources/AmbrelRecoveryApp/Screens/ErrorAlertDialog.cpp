@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int dialogWidth = 380;
 constexpr int padding = 25;
-constexpr int buttonHeight = 40;
 
 } // namespace
 
@@ -23,8 +23,7 @@ ErrorAlertDialog::ErrorAlertDialog(QWidget* parent)
       okay_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setWindowFlags(Qt::Widget);
     setModal(true);
-    setFixedWidth(dialogWidth);
-    okay_->setButtonHeight(buttonHeight);
+    setFixedWidth(TextScale::scaled(dialogWidth));
     okay_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     okay_->setDefault(true);
 

@@ -26,6 +26,10 @@ Target targetOfNewPhase(const RecoveryScreenState& before, const RecoveryScreenS
 
 } // namespace
 
+Target FocusPlan::first(const RecoveryScreenState& state) {
+    return targetOfNewPhase(state, state);
+}
+
 std::optional<Target> FocusPlan::target(const RecoveryScreenState& before, const RecoveryScreenState& after) {
     if (before.phase != after.phase) {
         return targetOfNewPhase(before, after);

@@ -17,8 +17,8 @@ enum class Target {
     revealButton
 };
 
-/// Where the focus goes at the start.
-inline constexpr Target first = Target::chooseButton;
+/// Where the focus is when the view is made. Any thread.
+Target first(const RecoveryScreenState& state);
 
 /// Where the focus goes when `before` has become `after`, or none where it stays. Any thread.
 std::optional<Target> target(const RecoveryScreenState& before, const RecoveryScreenState& after);

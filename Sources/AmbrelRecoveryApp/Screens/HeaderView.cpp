@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QVBoxLayout>
@@ -9,7 +10,8 @@
 namespace {
 
 constexpr int bodySize = 16;
-constexpr int bodyLinePitch = 23;
+/// One and a half times the size.
+constexpr int bodyLinePitch = 24;
 constexpr int bodyWidth = 600;
 
 } // namespace
@@ -25,7 +27,7 @@ HeaderView::HeaderView(QWidget* parent)
     layout->addSpacing(4);
     layout->addWidget(title_);
     layout->addSpacing(7);
-    body_->setMaximumWidth(bodyWidth);
+    body_->setMaximumWidth(TextScale::scaled(bodyWidth));
     layout->addWidget(body_);
 }
 

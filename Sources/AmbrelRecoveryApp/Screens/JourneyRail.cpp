@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/RailBadge.h"
 #include "AmbrelRecoveryApp/Screens/RailStepList.h"
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr int railWidth = 236;
+constexpr int contentWidth = 192;
 constexpr int borderWidth = 1;
 constexpr int leadingPadding = 22;
 constexpr int trailingPadding = 22;
@@ -27,7 +28,7 @@ JourneyRail::JourneyRail(QWidget* parent)
       product_(new TextLabel(recoveryFont(12, QFont::Medium), RecoveryPalette::muted(), this)),
       steps_(new RailStepList(this)), noAccount_(new RailBadge(RecoverySymbol::personCropCircleBadgeXmark, this)),
       readOnly_(new RailBadge(RecoverySymbol::checkmarkShield, this)) {
-    setFixedWidth(railWidth);
+    setFixedWidth(leadingPadding + TextScale::scaled(contentWidth) + trailingPadding);
     auto* const layout = new QVBoxLayout;
     layout->setSpacing(0);
     layout->addLayout(makeBrandBlock());
@@ -63,7 +64,8 @@ QHBoxLayout* JourneyRail::makeBrandBlock() {
                                       .fillOpacity = 0.16,
                                       .size = 44,
                                       .cornerRadius = 12,
-                                      .symbolSize = 22},
+                                      .symbolSize = 18,
+                                      .symbolWeight = QFont::DemiBold},
                                      this));
     block->addLayout(names, 1);
     return block;

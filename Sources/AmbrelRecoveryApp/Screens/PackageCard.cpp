@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QHBoxLayout>
@@ -30,7 +31,12 @@ PackageCard::PackageCard(QWidget* parent)
     row->setSpacing(16);
     row->addWidget(symbol_);
     row->addWidget(texts, 1, Qt::AlignVCenter);
-    row->addWidget(choose_);
+    if (TextScale::isEnlarged()) {
+        column->addSpacing(8);
+        column->addWidget(choose_, 0, Qt::AlignLeading);
+    } else {
+        row->addWidget(choose_);
+    }
     connect(choose_, &SecondaryRecoveryButton::clicked, this, &PackageCard::chooseRequested);
 }
 

@@ -7,13 +7,18 @@
 
 #include <QHBoxLayout>
 
+namespace {
+
+constexpr int textSize = 11;
+
+} // namespace
+
 RailBadge::RailBadge(RecoverySymbol symbol, QWidget* parent)
-    : QWidget(parent), text_(new TextLabel(recoveryFont(11, QFont::Normal), RecoveryPalette::muted(), this)) {
-    constexpr int symbolSize = 15;
+    : QWidget(parent), text_(new TextLabel(recoveryFont(textSize, QFont::Normal), RecoveryPalette::muted(), this)) {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    layout->addWidget(new SymbolView(symbol, symbolSize, RecoveryPalette::muted(), this), 0, Qt::AlignVCenter);
+    layout->addWidget(new SymbolView(symbol, textSize, RecoveryPalette::muted(), this), 0, Qt::AlignVCenter);
     layout->addWidget(text_, 1);
 }
 

@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/FirstChoice.h"
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotListModel.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotRowDelegate.h"
 
@@ -74,7 +75,7 @@ QSize SnapshotList::sizeHint() const {
 QSize SnapshotList::minimumSizeHint() const {
     // Two rows, so that it can be seen that there is more than one.
     constexpr int leastHeight = 158;
-    return {0, leastHeight};
+    return {0, TextScale::scaled(leastHeight)};
 }
 
 void SnapshotList::changeEvent(QEvent* event) {

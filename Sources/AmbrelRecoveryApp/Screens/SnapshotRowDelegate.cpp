@@ -23,8 +23,9 @@ const SnapshotListModel& modelOf(const QModelIndex& index) {
 void paintPanel(QPainter& painter, const QRect& row, const QRect& mark, bool isSelected) {
     const QColor copper = RecoveryPalette::copper();
     RoundedPanel::paint(painter, row, cornerRadius,
-                        isSelected ? RecoveryPalette::withOpacity(copper, selectedFillOpacity)
-                                   : RecoveryPalette::card(),
+                        isSelected ? RecoveryPalette::blended(RecoveryPalette::withOpacity(copper, selectedFillOpacity),
+                                                              RecoveryPalette::background())
+                                   : RecoveryPalette::panel(),
                         isSelected ? copper : RecoveryPalette::line());
     SymbolPainter::paint(painter, isSelected ? RecoverySymbol::checkmarkCircleFill : RecoverySymbol::circle, mark,
                          isSelected ? copper : RecoveryPalette::muted());
@@ -39,7 +40,7 @@ void paintLine(QPainter& painter, const SnapshotRowLayout::Text& line, const QCo
 void paintPayload(QPainter& painter, const SnapshotRowLayout& layout, bool isComplete) {
     const QColor color = isComplete ? RecoveryPalette::success() : RecoveryPalette::warning();
     SymbolPainter::paint(painter,
-                         isComplete ? RecoverySymbol::checkmarkCircle : RecoverySymbol::exclamationmarkTriangleFill,
+                         isComplete ? RecoverySymbol::checkmarkCircleFill : RecoverySymbol::exclamationmarkTriangleFill,
                          layout.payloadSymbol, color);
     painter.setPen(color);
     painter.setFont(layout.payload.font);

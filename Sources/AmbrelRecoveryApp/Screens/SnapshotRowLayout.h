@@ -6,7 +6,7 @@
 #include <QRect>
 
 /// Where the parts of a row of the snapshot list stand, and in which font its texts are set. A text that is wider than
-/// its place is set smaller, so that it is never cut off.
+/// its place is set smaller, so that it is never cut off; enlarged texts stand one below the other.
 struct SnapshotRowLayout {
     struct Text {
         QString text;

@@ -3,25 +3,24 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
-#include <QStyle>
 
 namespace {
 
 constexpr int circleSize = 26;
-/// The circle stands at the leading edge of a slot that is a little wider.
-constexpr int slotWidth = 31;
-constexpr int symbolSize = 12;
+constexpr int contentSize = 10;
 constexpr double fillOpacity = 0.18;
 
 } // namespace
 
 StepMark::StepMark(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
-    setFont(recoveryFont(10, QFont::Bold));
-    setFixedSize(slotWidth, circleSize);
+    setFont(recoveryFont(contentSize, QFont::Bold));
+    const int size = TextScale::scaled(circleSize);
+    setFixedSize(size, size);
 }
 
 void StepMark::apply(const QString& number, bool isActive, bool isCompleted) {
@@ -36,15 +35,17 @@ void StepMark::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isLit = isActive_ || isCompleted_;
     const QColor color = isLit ? RecoveryPalette::copper() : RecoveryPalette::muted();
-    const QRectF circle = QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, circleSize, circleSize));
+    const QRectF circle = rect();
     painter.setPen(color);
     painter.setBrush(isLit ? QBrush(RecoveryPalette::withOpacity(color, fillOpacity)) : Qt::NoBrush);
     painter.drawEllipse(circle.adjusted(0.5, 0.5, -0.5, -0.5));
     if (isCompleted_) {
+        const int symbolSize = font().pixelSize();
         QRectF symbol(0, 0, symbolSize, symbolSize);
         symbol.moveCenter(circle.center());
-        SymbolPainter::paint(painter, RecoverySymbol::checkmark, symbol, color);
+        SymbolPainter::paint(painter, RecoverySymbol::checkmark, symbol, color, QFont::Bold);
     } else {
+        painter.setPen(isLit ? RecoveryPalette::primary() : color);
         CenteredText::paint(painter, circle, text());
     }
 }

@@ -2,10 +2,13 @@
 //
 // Usage: draw-screens FOLDER WIDTH HEIGHT [LANGUAGE...]
 //
+// Texts are enlarged by the factor in AMBREL_TEXT_SCALE, and borders stand out where AMBREL_CONTRAST is set.
 // The pictures are FOLDER/<language>/<number>-<state>.png; without a language, all are drawn.
 
 #include "../Screens/MovingStyle.h"
 #include "../Screens/ScreensTestSupport.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "ScreenWalk.h"
 #include "SystemLanguages.h"
 
@@ -38,6 +41,8 @@ int main(int argumentCount, char** arguments) {
     QApplication::setStyle(new MovingStyle(0));
     QApplication application(argumentCount, arguments);
     testing::InitGoogleTest(&argumentCount, arguments);
+    TextScale::setFactor(qEnvironmentVariable("AMBREL_TEXT_SCALE", QStringLiteral("1")).toDouble());
+    RecoveryPalette::setContrastIncreased(qEnvironmentVariableIsSet("AMBREL_CONTRAST"));
     const QStringList words = QCoreApplication::arguments().mid(1);
     if (words.size() < 3) {
         std::fputs("Usage: draw-screens FOLDER WIDTH HEIGHT [LANGUAGE...]\n", stderr);

@@ -10,4 +10,8 @@ TEST(PseudoLocalizedLayoutTests, everyTextIsShownWholeAtTheSmallestSize) {
     EXPECT_NE(texts.find("⟦Šñːåþːšħːöţːš⟧"), std::string::npos);
 }
 
+TEST(PseudoLocalizedLayoutTests, everyTextIsShownWholeWhereTextsAreLarge) {
+    expectWholeTexts(systemLanguages.front(), 1.5);
+}
+
 } // namespace

@@ -15,6 +15,12 @@ TEST_P(ScreenLayoutTests, everyTextIsShownWholeAtTheSmallestSize) {
     EXPECT_NE(texts.find(title.toStdString()), std::string::npos) << title.toStdString();
 }
 
+TEST_P(ScreenLayoutTests, everyTextIsShownWholeWhereTextsAreLarge) {
+    for (const qreal scale : {1.25, 1.5}) {
+        expectWholeTexts(GetParam(), scale);
+    }
+}
+
 TEST(ScreenLayoutLanguagesTests, areAllLanguagesOfTheInterface) {
     QStringList tags;
     for (const SystemLanguage& language : systemLanguages) {

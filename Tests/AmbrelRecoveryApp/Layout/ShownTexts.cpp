@@ -76,7 +76,7 @@ private:
             add(*mark, mark->text(),
                 defectOnOneLine(mark->text(), mark->font(), QSizeF(mark->height(), mark->height())));
         } else if (const auto* const button = qobject_cast<const RecoveryButton*>(&widget)) {
-            addButton(*button, button->label(), button->font(), button->minimumSizeHint());
+            addButton(*button, button->label(), button->shownFont(), button->minimumSizeHint());
         } else if (const auto* const segment = qobject_cast<const SegmentButton*>(&widget)) {
             addButton(*segment, segment->accessibleName(), recoveryFont(13, QFont::DemiBold),
                       segment->minimumSizeHint());

@@ -32,6 +32,27 @@ void showActive(QWidget& widget) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
 }
 
+/// How much of each row, between the first and the last point that is drawn in it, is not drawn; 0 to 1.
+double emptyShareWithin(const QImage& image) {
+    int within = 0;
+    int empty = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        int first = 0;
+        int last = image.width() - 1;
+        while (first <= last && qAlpha(image.pixel(first, y)) == 0) {
+            ++first;
+        }
+        while (last >= first && qAlpha(image.pixel(last, y)) == 0) {
+            --last;
+        }
+        for (int x = first; x <= last; ++x) {
+            ++within;
+            empty += qAlpha(image.pixel(x, y)) == 0 ? 1 : 0;
+        }
+    }
+    return static_cast<double>(empty) / within;
+}
+
 TEST(RecoveryPaletteTests, hasTheColoursOfTheDesign) {
     EXPECT_EQ(RecoveryPalette::background().name(), QStringLiteral("#131110"));
     EXPECT_EQ(RecoveryPalette::rail().name(), QStringLiteral("#181614"));
@@ -48,10 +69,10 @@ TEST(RecoveryPaletteTests, hasTheColoursOfTheDesign) {
 
 TEST(SymbolPainterTests, drawsEverySymbolInItsColour) {
     for (const RecoverySymbol symbol :
-         {RecoverySymbol::checkmark, RecoverySymbol::checkmarkCircle, RecoverySymbol::checkmarkCircleFill,
-          RecoverySymbol::checkmarkShield, RecoverySymbol::circle, RecoverySymbol::exclamationmarkTriangleFill,
-          RecoverySymbol::folder, RecoverySymbol::personCropCircleBadgeXmark, RecoverySymbol::photoStackFill,
-          RecoverySymbol::shippingboxFill, RecoverySymbol::squareAndArrowDown, RecoverySymbol::xmark}) {
+         {RecoverySymbol::checkmark, RecoverySymbol::checkmarkCircleFill, RecoverySymbol::checkmarkShield,
+          RecoverySymbol::circle, RecoverySymbol::exclamationmarkTriangleFill, RecoverySymbol::folder,
+          RecoverySymbol::personCropCircleBadgeXmark, RecoverySymbol::photoStackFill, RecoverySymbol::shippingboxFill,
+          RecoverySymbol::squareAndArrowDown, RecoverySymbol::xmark}) {
         QImage image(96, 96, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);
@@ -64,6 +85,20 @@ TEST(SymbolPainterTests, drawsEverySymbolInItsColour) {
             }
         }
         EXPECT_GT(drawn, 100) << static_cast<int>(symbol);
+    }
+}
+
+TEST(SymbolPainterTests, fillsTheSymbolsThatAreFilled) {
+    constexpr int side = 200;
+    for (const RecoverySymbol symbol :
+         {RecoverySymbol::checkmarkCircleFill, RecoverySymbol::exclamationmarkTriangleFill,
+          RecoverySymbol::photoStackFill, RecoverySymbol::shippingboxFill}) {
+        QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        SymbolPainter::paint(painter, symbol, QRectF(0, 0, side, side), Qt::white);
+        painter.end();
+        EXPECT_LT(emptyShareWithin(image), 0.35) << static_cast<int>(symbol);
     }
 }
 

@@ -59,7 +59,13 @@ TEST(FocusPlanTests, goesToTheButtonThatRevealsTheFolderAtTheEnd) {
 
 TEST(FocusPlanTests, goesToTheBeginningWhenTheUserStartsAgain) {
     EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), Target::chooseButton);
-    EXPECT_EQ(FocusPlan::first, Target::chooseButton);
+    EXPECT_EQ(FocusPlan::first(RecoveryScreenState()), Target::chooseButton);
+}
+
+TEST(FocusPlanTests, beginsWhereAViewThatIsMadeAnewWouldHaveIt) {
+    EXPECT_EQ(FocusPlan::first(stateIn(Phase::inspecting)), Target::cancelButton);
+    EXPECT_EQ(FocusPlan::first(stateIn(Phase::snapshots)), Target::snapshotList);
+    EXPECT_EQ(FocusPlan::first(stateIn(Phase::complete)), Target::revealButton);
 }
 
 TEST(InterfaceDirectionTests, followsTheLanguageOfTheTexts) {

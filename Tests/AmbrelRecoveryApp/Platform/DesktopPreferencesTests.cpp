@@ -1,8 +1,10 @@
-#include "AmbrelRecoveryApp/Platform/DesktopMotionPreference.h"
+#include "AmbrelRecoveryApp/Platform/DesktopPreferences.h"
 
 #include "AmbrelRecoveryApp/Controls/Motion.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "FakeService.h"
 #include "SilentSocket.h"
 #include "TestBus.h"
@@ -11,11 +13,13 @@
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QMap>
+#include <QSignalSpy>
 #include <QTest>
 #include <QWidget>
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -30,13 +34,15 @@ constexpr int generousMilliseconds = 60'000;
 
 const QString settingsInterface = "org.freedesktop.portal.Settings";
 
-class DesktopMotionPreferenceTest : public testing::Test {
+class DesktopPreferencesTest : public testing::Test {
 protected:
-    DesktopMotionPreferenceTest() { qDBusRegisterMetaType<Groups>(); }
+    DesktopPreferencesTest() { qDBusRegisterMetaType<Groups>(); }
 
-    ~DesktopMotionPreferenceTest() override {
+    ~DesktopPreferencesTest() override {
         waitUntil([] { return BackgroundTask::waitForAll(0ms); });
         Motion::setReduced(false);
+        RecoveryPalette::setContrastIncreased(false);
+        TextScale::setFactor(1);
     }
 
     std::unique_ptr<FakeService> portal(FakeService::Answer answer) {
@@ -54,7 +60,7 @@ protected:
 
     bool isReduced() const { return Motion::duration(widget) == 0ms; }
 
-    static void waitForAnswer(const FakeService& portal, const DesktopMotionPreference& preference) {
+    static void waitForAnswer(const FakeService& portal, const DesktopPreferences& preference) {
         waitUntil(
             [&] { return !portal.calls.isEmpty() && preference.findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
     }
@@ -70,7 +76,7 @@ protected:
 
 } // namespace
 
-TEST_F(DesktopMotionPreferenceTest, isReadFromWhicheverSettingTheDesktopHas) {
+TEST_F(DesktopPreferencesTest, isReadFromWhicheverSettingTheDesktopHas) {
     session.start();
     const std::vector<Groups> wishes{
         {{"org.freedesktop.appearance", {{"color-scheme", 1U}, {"reduced-motion", 1U}}}},
@@ -83,7 +89,7 @@ TEST_F(DesktopMotionPreferenceTest, isReadFromWhicheverSettingTheDesktopHas) {
     for (const Groups& groups : wishes) {
         Motion::setReduced(false);
         const auto asked = portalWith(groups);
-        const DesktopMotionPreference preference(1min);
+        const DesktopPreferences preference(1min);
         waitUntil([this] { return isReduced(); });
         ASSERT_EQ(asked->calls.size(), 1);
         EXPECT_EQ(asked->calls.first().interface(), settingsInterface);
@@ -92,7 +98,7 @@ TEST_F(DesktopMotionPreferenceTest, isReadFromWhicheverSettingTheDesktopHas) {
     }
 }
 
-TEST_F(DesktopMotionPreferenceTest, makesTheNextTransitionInstantaneous) {
+TEST_F(DesktopPreferencesTest, makesTheNextTransitionInstantaneous) {
     session.start();
     const auto asked = portalWith({{"org.gnome.desktop.interface", {{"enable-animations", false}}}});
     QWidget window;
@@ -101,13 +107,13 @@ TEST_F(DesktopMotionPreferenceTest, makesTheNextTransitionInstantaneous) {
     transition.begin(window.rect());
     EXPECT_TRUE(transition.isVisible());
     waitUntil([&] { return !transition.isVisible(); });
-    const DesktopMotionPreference preference(1min);
+    const DesktopPreferences preference(1min);
     waitUntil([this] { return isReduced(); });
     transition.begin(window.rect());
     EXPECT_FALSE(transition.isVisible());
 }
 
-TEST_F(DesktopMotionPreferenceTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrNothing) {
+TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrNothing) {
     session.start();
     const std::vector<Groups> wishes{
         {},
@@ -121,26 +127,26 @@ TEST_F(DesktopMotionPreferenceTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrN
     };
     for (const Groups& groups : wishes) {
         const auto asked = portalWith(groups);
-        const DesktopMotionPreference preference(1min);
+        const DesktopPreferences preference(1min);
         waitForAnswer(*asked, preference);
         EXPECT_FALSE(isReduced());
     }
 }
 
-TEST_F(DesktopMotionPreferenceTest, letsTheInterfaceMoveWhereThePortalIsOfNoUse) {
+TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereThePortalIsOfNoUse) {
     session.start();
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
         const auto useless = portal(answer);
-        const DesktopMotionPreference preference(200ms);
+        const DesktopPreferences preference(200ms);
         waitForAnswer(*useless, preference);
         EXPECT_FALSE(isReduced());
     }
 }
 
-TEST_F(DesktopMotionPreferenceTest, followsChanges) {
+TEST_F(DesktopPreferencesTest, followsChanges) {
     session.start();
     const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
-    const DesktopMotionPreference preference(1min);
+    const DesktopPreferences preference(1min);
     waitUntil([this] { return isReduced(); });
     change(*asked, "org.freedesktop.appearance", "color-scheme", 0U);
     change(*asked, "org.freedesktop.appearance", "reduced-motion", 0U);
@@ -149,10 +155,10 @@ TEST_F(DesktopMotionPreferenceTest, followsChanges) {
     waitUntil([this] { return isReduced(); });
 }
 
-TEST_F(DesktopMotionPreferenceTest, followsAPortalThatWasStartedAgain) {
+TEST_F(DesktopPreferencesTest, followsAPortalThatWasStartedAgain) {
     session.start();
     auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
-    const DesktopMotionPreference preference(1min);
+    const DesktopPreferences preference(1min);
     waitUntil([this] { return isReduced(); });
     asked.reset();
     asked = portalWith({});
@@ -160,11 +166,11 @@ TEST_F(DesktopMotionPreferenceTest, followsAPortalThatWasStartedAgain) {
     waitUntil([this] { return !isReduced(); });
 }
 
-TEST_F(DesktopMotionPreferenceTest, believesNobodyButThePortal) {
+TEST_F(DesktopPreferencesTest, believesNobodyButThePortal) {
     session.start();
     const auto asked = portalWith({});
     FakeService forger(session.address(), "org.example.Forger", "/org/example/Forger", FakeService::refuses);
-    const DesktopMotionPreference preference(1min);
+    const DesktopPreferences preference(1min);
     waitForAnswer(*asked, preference);
     const QString receiver = asked->calls.first().service();
     forger.forgeSignal(receiver, "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameOwnerChanged",
@@ -177,24 +183,75 @@ TEST_F(DesktopMotionPreferenceTest, believesNobodyButThePortal) {
     waitUntil([this] { return !isReduced(); });
 }
 
-TEST_F(DesktopMotionPreferenceTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
+TEST_F(DesktopPreferencesTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
     {
-        const DesktopMotionPreference withoutBus(1min);
+        const DesktopPreferences withoutBus(1min);
         waitUntil([] { return BackgroundTask::waitForAll(0ms); });
     }
     const SilentSocket silent(session.socketPath());
     ASSERT_TRUE(silent.isListening());
-    const DesktopMotionPreference preference(1min);
+    const DesktopPreferences preference(1min);
     waitUntil([] { return BackgroundTask::waitForAll(0ms); });
     EXPECT_FALSE(isReduced());
 }
 
-TEST_F(DesktopMotionPreferenceTest, leavesTheBusWhenItGoesAway) {
+TEST_F(DesktopPreferencesTest, leavesTheBusWhenItGoesAway) {
     session.start();
     const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
-    auto preference = std::make_unique<DesktopMotionPreference>(1min);
+    auto preference = std::make_unique<DesktopPreferences>(1min);
     waitUntil([this] { return isReduced(); });
     EXPECT_FALSE(asked->isCallerGone());
     preference.reset();
     waitUntil([&] { return asked->isCallerGone(); });
+}
+
+TEST_F(DesktopPreferencesTest, moreContrastIsReadFromWhicheverSettingTheDesktopHas) {
+    session.start();
+    const std::vector<Groups> wishes{
+        {{"org.freedesktop.appearance", {{"contrast", 1U}}}},
+        {{"org.gnome.desktop.a11y.interface", {{"high-contrast", true}}}},
+    };
+    for (const Groups& groups : wishes) {
+        RecoveryPalette::setContrastIncreased(false);
+        const auto asked = portalWith(groups);
+        const DesktopPreferences preferences(1min);
+        waitUntil([] { return RecoveryPalette::isContrastIncreased(); });
+    }
+}
+
+TEST_F(DesktopPreferencesTest, contrastAndTheSizeOfTextsFollowTheDesktopAndAreTold) {
+    session.start();
+    const auto asked = portalWith({{"org.freedesktop.appearance", {{"contrast", 0U}}}});
+    const DesktopPreferences preferences(1min);
+    waitForAnswer(*asked, preferences);
+    QSignalSpy told(&preferences, &DesktopPreferences::lookChanged);
+    change(*asked, "org.freedesktop.appearance", "contrast", 1U);
+    waitUntil([&] { return told.count() == 1; });
+    EXPECT_TRUE(RecoveryPalette::isContrastIncreased());
+    change(*asked, "org.gnome.desktop.interface", "text-scaling-factor", 1.25);
+    waitUntil([&] { return told.count() == 2; });
+    EXPECT_EQ(TextScale::factor(), 1.25);
+    // Neither of these is a change of the look.
+    change(*asked, "org.gnome.desktop.interface", "text-scaling-factor", 1.25);
+    change(*asked, "org.freedesktop.appearance", "reduced-motion", 1U);
+    waitUntil([this] { return isReduced(); });
+    EXPECT_EQ(told.count(), 2);
+    change(*asked, "org.freedesktop.appearance", "contrast", 0U);
+    change(*asked, "org.gnome.desktop.interface", "text-scaling-factor", 1.0);
+    waitUntil([&] { return told.count() == 4; });
+    EXPECT_FALSE(RecoveryPalette::isContrastIncreased());
+    EXPECT_EQ(TextScale::factor(), 1);
+}
+
+TEST_F(DesktopPreferencesTest, textsAreNeverSmallerThanDesignedNorLargerThanLaidOutFor) {
+    session.start();
+    const std::vector<std::pair<QVariant, double>> factors{
+        {0.5, 1}, {3.0, 1.5}, {QStringLiteral("1.25"), 1}, {std::numeric_limits<double>::quiet_NaN(), 1}};
+    for (const auto& [value, expected] : factors) {
+        TextScale::setFactor(1.1);
+        const auto asked = portalWith({{"org.gnome.desktop.interface", {{"text-scaling-factor", value}}}});
+        const DesktopPreferences preferences(1min);
+        waitForAnswer(*asked, preferences);
+        EXPECT_EQ(TextScale::factor(), expected);
+    }
 }

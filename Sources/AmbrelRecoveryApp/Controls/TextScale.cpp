@@ -1,0 +1,26 @@
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
+
+#include <algorithm>
+
+namespace {
+
+qreal currentFactor = 1;
+
+} // namespace
+
+qreal TextScale::factor() {
+    return currentFactor;
+}
+
+void TextScale::setFactor(qreal factor) {
+    // Nor anything else that is not more than 1, such as no number.
+    currentFactor = factor > 1 ? std::min(factor, largest) : 1;
+}
+
+bool TextScale::isEnlarged() {
+    return currentFactor > 1;
+}
+
+int TextScale::scaled(int size) {
+    return qRound(size * currentFactor);
+}

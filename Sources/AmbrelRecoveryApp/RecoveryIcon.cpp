@@ -10,7 +10,7 @@ namespace {
 
 constexpr int sizes[] = {16, 24, 32, 48, 64, 128};
 constexpr qreal cornerShare = 0.25;
-constexpr qreal symbolShare = 0.65;
+constexpr qreal symbolShare = 0.75;
 
 QPixmap draw(int size) {
     QPixmap pixmap(size, size);

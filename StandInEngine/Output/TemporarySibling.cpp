@@ -10,33 +10,96 @@
 
 #include <array>
 #include <cerrno>
+#include <memory>
+#include <string_view>
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
+constexpr std::string_view namePrefix = ".ambrel-recovery-";
+constexpr std::string_view nameSuffix = ".partial";
+constexpr std::size_t numberSize = 12;
+
 std::string randomName() {
-    std::array<std::uint8_t, 12> number{};
+    std::array<std::uint8_t, numberSize> number{};
     randombytes_buf(number.data(), number.size());
-    return ".ambrel-recovery-" + Hexadecimal::encode(number) + ".partial";
+    return std::string(namePrefix) + Hexadecimal::encode(number) + std::string(nameSuffix);
+}
+
+bool isNameOfSibling(std::string_view name) {
+    constexpr std::size_t digits = 2 * numberSize;
+    return name.size() == namePrefix.size() + digits + nameSuffix.size() && name.starts_with(namePrefix) &&
+           name.ends_with(nameSuffix) &&
+           name.substr(namePrefix.size(), digits).find_first_not_of("0123456789abcdef") == std::string_view::npos;
+}
+
+UniqueDescriptor openFolder(int parent, const char* name) {
+    return UniqueDescriptor(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+}
+
+// A file system without locks leaves everything where it is: nobody can tell there what is abandoned.
+bool lock(int folder) {
+    return ::flock(folder, LOCK_EX | LOCK_NB) == 0;
+}
+
+void removeIfAbandoned(int parent, const char* name) {
+    const UniqueDescriptor folder = openFolder(parent, name);
+    struct stat status = {};
+    if (folder && ::fstat(folder.get(), &status) == 0 && status.st_uid == ::geteuid() && lock(folder.get())) {
+        FolderRemoval::removeWithContents(parent, name);
+    }
+}
+
+void removeAbandoned(int parent) {
+    UniqueDescriptor folder = openFolder(parent, ".");
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(folder ? ::fdopendir(folder.get()) : nullptr, ::closedir);
+    if (!entries) {
+        return;
+    }
+    static_cast<void>(folder.release());
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the stream is this function's own
+    while (const dirent* entry = ::readdir(entries.get())) {
+        if (isNameOfSibling(entry->d_name)) {
+            removeIfAbandoned(parent, entry->d_name);
+        }
+    }
 }
 
 } // namespace
 
-TemporarySibling::TemporarySibling(const Destination& destination) : destination_(destination), name_(randomName()) {
+TemporarySibling::TemporarySibling(const Destination& destination) : destination_(destination) {
+    removeAbandoned(destination_.parent());
+    do {
+        make();
+    } while (!hold());
+}
+
+void TemporarySibling::make() {
+    name_ = randomName();
     if (::mkdirat(destination_.parent(), name_.c_str(), 0777) != 0) {
         // A taken name is one that was guessed, not the destination's own.
         throw OutputFailure::atDestination(errno == EEXIST ? EACCES : errno);
     }
-    folder_ = UniqueDescriptor(
-        ::openat(destination_.parent(), name_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!folder_) {
+    folder_ = openFolder(destination_.parent(), name_.c_str());
+    if (!folder_ && errno != ENOENT) {
         const int error = errno;
         ::unlinkat(destination_.parent(), name_.c_str(), AT_REMOVEDIR);
         throw OutputFailure::atDestination(error);
     }
+}
+
+// False where another engine has taken the folder for abandoned, which is possible until it is locked.
+bool TemporarySibling::hold() {
+    if (!folder_ || (!lock(folder_.get()) && errno == EWOULDBLOCK)) {
+        return false;
+    }
+    struct stat status = {};
+    return ::fstatat(destination_.parent(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 || errno != ENOENT;
 }
 
 TemporarySibling::~TemporarySibling() {

@@ -7,10 +7,12 @@
 #include <string>
 
 /// A folder with a hidden random name beside a destination. It becomes the destination when it is published, and
-/// disappears with all its contents when it is not.
+/// disappears with all its contents when it is not. It is locked meanwhile: one that nobody holds was left by a process
+/// that was killed, and is removed by the next export beside it.
 class TemporarySibling {
 public:
-    /// Makes the folder. `destination` must outlive it. Throws Failure: destinationUnavailable, outputNotWritten.
+    /// Removes what killed exports of this user have left beside the destination, and makes the folder. `destination`
+    /// must outlive it. Throws Failure: destinationUnavailable, outputNotWritten.
     explicit TemporarySibling(const Destination& destination);
     ~TemporarySibling();
     TemporarySibling(const TemporarySibling&) = delete;
@@ -26,6 +28,9 @@ public:
     void publish(const std::function<void()>& announce);
 
 private:
+    void make();
+    bool hold();
+
     const Destination& destination_;
     std::string name_;
     UniqueDescriptor folder_;

@@ -117,6 +117,28 @@ exec {shlex.quote(str(engine))} "$@"
     path.chmod(0o755)
 
 
+def held_back(path, gate):
+    """Makes the engine at `path` unable to report an export before the file `gate` is there: nobody reads what it says.
+
+    By then it has written everything, and nothing has its final name.
+    """
+    path = pathlib.Path(path)
+    engine = path.with_name("held-back-engine")
+    path.rename(engine)
+    full = path.with_name("full-pipe")
+    os.mkfifo(full)
+    path.write_text(f"""#!/bin/sh
+if [ "$1" = export ] && [ ! -e {shlex.quote(str(gate))} ]; then
+    exec 3<>{shlex.quote(str(full))}
+    head -c 65536 /dev/zero >&3
+    exec {shlex.quote(str(engine))} "$@" >&3 3>&-
+fi
+exec {shlex.quote(str(engine))} "$@"
+""", encoding="utf-8")
+    path.chmod(0o755)
+    return engine
+
+
 class Run:
     """What one run of a scripted engine was given."""
 

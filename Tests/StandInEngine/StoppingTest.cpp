@@ -1,6 +1,8 @@
 #include "Common/DescriptorIO.h"
 #include "FolderWatch.h"
 #include "StandInEngineTest.h"
+#include "Support/ChildProcess.h"
+#include "Support/TestFiles.h"
 
 #include <array>
 #include <csignal>
@@ -51,6 +53,58 @@ TEST_F(StoppingTest, AKilledExportIsNoExport) {
     program.kill(SIGKILL);
     EXPECT_EQ(SIGKILL, program.wait().signal);
     EXPECT_FALSE(std::filesystem::exists(destination()));
+}
+
+TEST_F(StoppingTest, TheNextExportRemovesWhatAKilledOneLeft) {
+    FolderWatch watch(folder_.path());
+    Program program(STAND_IN_ENGINE, arguments_, setup());
+    watch.waitFor(".partial");
+    program.kill(SIGKILL);
+    program.wait();
+    EXPECT_EQ(0, Program::run(STAND_IN_ENGINE, arguments_, setup()).status);
+    expectOnly({"P.ambrel", "Recovered"});
+}
+
+TEST_F(StoppingTest, TheNextExportLeavesALivingOneAlone) {
+    FolderWatch watch(folder_.path());
+    Program living(STAND_IN_ENGINE, arguments_, setup());
+    watch.waitFor(".partial");
+    std::vector<std::string> others = arguments_;
+    others[5] = folder_ / "Other";
+    EXPECT_EQ(0, Program::run(STAND_IN_ENGINE, others, {.input = "correct horse\n"}).status);
+    EXPECT_EQ(0, living.wait().status);
+    expectOnly({"P.ambrel", "Recovered", "Other"});
+}
+
+TEST_F(StoppingTest, TheNextExportLeavesAloneWhatNoExportLeft) {
+    const std::string number(24, 'a');
+    const std::vector<std::string> names = {".ambrel-recovery-.partial", ".ambrel-recovery-" + number + "b.partial",
+                                            ".ambrel-recovery-" + std::string(24, 'g') + ".partial",
+                                            ".ambrel-recovery-" + number + ".partial.old", number + ".partial"};
+    for (const std::string& name : names) {
+        std::filesystem::create_directory(folder_ / name);
+    }
+    // The right names, but no folders.
+    const std::string file = ".ambrel-recovery-" + number + ".partial";
+    TestFiles::write(folder_ / file, "keep");
+    const std::string link = ".ambrel-recovery-" + std::string(24, 'b') + ".partial";
+    std::filesystem::create_directory_symlink(folder_ / names[0], folder_ / link);
+    EXPECT_EQ(0, Program::run(STAND_IN_ENGINE, arguments_, setup()).status);
+    std::vector<std::string> expected = names;
+    expected.insert(expected.end(), {"P.ambrel", "Recovered", file, link});
+    expectOnly(expected);
+}
+
+TEST_F(StoppingTest, TheNextExportLeavesAloneWhatIsAnotherUsers) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root can be two users";
+    }
+    const std::string left = ".ambrel-recovery-" + std::string(24, 'a') + ".partial";
+    std::filesystem::create_directory(folder_ / left);
+    std::filesystem::permissions(folder_.path(), std::filesystem::perms::all);
+    const Program::Setup asNobody = {.input = "correct horse\n", .inChild = ChildProcess::dropPrivileges};
+    EXPECT_EQ(0, Program::run(STAND_IN_ENGINE, arguments_, asNobody).status);
+    expectOnly({"P.ambrel", "Recovered", left});
 }
 
 TEST_F(StoppingTest, AStopIsHeardAlsoWhileNobodyReadsTheReport) {

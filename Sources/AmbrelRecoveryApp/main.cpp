@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Platform/SessionBusCheck.h"
+#include "AmbrelRecoveryApp/PlugInFolders.h"
 #include "AmbrelRecoveryApp/ProcessSetup.h"
 #include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
@@ -62,6 +63,7 @@ void removeWhatKilledApplicationsLeft() {
 /// The toolkit gets no argument but the program's name: it would take some of them for options of its own.
 int runApplication(char* programName) {
     SessionBusCheck::passBy(sessionBusWait);
+    PlugInFolders::useSystemsAlone();
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));
     std::array<char*, 2> arguments = {programName, nullptr};

@@ -1,11 +1,9 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
-#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -44,12 +42,6 @@ void RecoveryButton::setButtonHeight(int height) {
 
 QSize RecoveryButton::sizeHint() const {
     return {2 * horizontalPadding + contentWidth(font()), std::max(height_, fontMetrics().height() + 12)};
-}
-
-void RecoveryButton::keyPressEvent(QKeyEvent* event) {
-    if (!ReturnKey::is(*event) || !event->isAutoRepeat()) {
-        QPushButton::keyPressEvent(event);
-    }
 }
 
 QSize RecoveryButton::minimumSizeHint() const {

@@ -10,7 +10,7 @@ class QPainter;
 
 /// What the two styles of button share: a symbol and a label beside it, centered, never cut off: an enlarged label
 /// that is too wide is set smaller, down to its designed size. Return presses the button that has the focus, as Space
-/// does; a key that is held presses it once.
+/// does.
 class RecoveryButton : public QPushButton {
     Q_OBJECT
 
@@ -26,8 +26,6 @@ public:
     QFont shownFont() const;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
     RecoveryButton(std::optional<RecoverySymbol> symbol, const QFont& font, int height, QWidget* parent);
 
     void setButtonHeight(int height);

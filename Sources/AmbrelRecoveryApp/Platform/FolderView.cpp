@@ -114,12 +114,11 @@ void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 void FolderView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = ReturnKey::is(*event);
     const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;
-    // A key that is held acts once.
-    if (isReturn && selectedItem().isValid() && !event->isAutoRepeat()) {
+    if (isReturn && selectedItem().isValid()) {
         emit itemActivated(selectedItem());
     } else if (isReturn) {
         event->ignore();
-    } else if ((isUp || event->key() == Qt::Key_Backspace) && !event->isAutoRepeat()) {
+    } else if (isUp || event->key() == Qt::Key_Backspace) {
         emit upRequested();
     } else if (!FirstChoice::take(*this, *event)) {
         QTreeView::keyPressEvent(event);

@@ -19,7 +19,6 @@
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QShortcut>
@@ -93,13 +92,6 @@ void ItemPanel::done(int result) {
     finding_.drop();
     QDialog::done(result);
     complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
-}
-
-/// A key that is held, perhaps since before the panel was there, does not confirm or dismiss it.
-void ItemPanel::keyPressEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) {
-        QDialog::keyPressEvent(event);
-    }
 }
 
 /// Takes what the user named or selected, whichever was last.
@@ -196,14 +188,10 @@ void ItemPanel::connectParts() {
 }
 
 void ItemPanel::addShortcuts() {
-    const auto add = [this](QKeyCombination keys, auto&& function) {
-        auto* const shortcut = new QShortcut(keys, this);
-        shortcut->setAutoRepeat(false);
-        connect(shortcut, &QShortcut::activated, this, function);
-    };
-    add(Qt::CTRL | Qt::Key_H, [this] { files_->setShowsHidden(!files_->showsHidden()); });
-    add(Qt::ALT | Qt::Key_Left, &ItemPanel::goBack);
-    add(Qt::ALT | Qt::Key_Up, &ItemPanel::goUp);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this,
+            [this] { files_->setShowsHidden(!files_->showsHidden()); });
+    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, &ItemPanel::goBack);
+    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, this, &ItemPanel::goUp);
 }
 
 void ItemPanel::activate(const QModelIndex& index) {

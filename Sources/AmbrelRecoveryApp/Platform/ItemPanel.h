@@ -51,9 +51,6 @@ public:
     void accept() override;
     void done(int result) override;
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void layOut();
     QBoxLayout* pathRow();

@@ -15,7 +15,6 @@
 
 #include <QFile>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <cerrno>
@@ -85,13 +84,6 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     connect(name_, &QLineEdit::textChanged, this, &NewFolderPanel::follow);
     connect(create_, &PrimaryRecoveryButton::clicked, this, &NewFolderPanel::accept);
     connect(cancel, &SecondaryRecoveryButton::clicked, this, &NewFolderPanel::reject);
-}
-
-/// A key that is held since before the panel was there does not confirm or dismiss it.
-void NewFolderPanel::keyPressEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) {
-        QDialog::keyPressEvent(event);
-    }
 }
 
 void NewFolderPanel::accept() {

@@ -22,9 +22,6 @@ public:
 
     void accept() override;
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 signals:
     void made(const std::filesystem::path& folder);
 

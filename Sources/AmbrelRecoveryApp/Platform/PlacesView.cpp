@@ -64,7 +64,7 @@ void PlacesView::showFolder(const std::filesystem::path& folder) {
 }
 
 void PlacesView::keyPressEvent(QKeyEvent* event) {
-    if (ReturnKey::is(*event) && !event->isAutoRepeat() && currentIndex().isValid()) {
+    if (ReturnKey::is(*event) && currentIndex().isValid()) {
         // A copy, since going there may change the list.
         const std::filesystem::path place = model_->path(currentIndex());
         emit placeChosen(place);

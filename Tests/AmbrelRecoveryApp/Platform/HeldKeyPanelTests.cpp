@@ -1,5 +1,6 @@
 // A key that is held acts once in the panels.
 
+#include "AmbrelRecoveryApp/Controls/HeldKeys.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
@@ -29,6 +30,9 @@ protected:
         }
         waitForBackground();
     }
+
+    /// As the window has it.
+    const HeldKeys heldKeys{nullptr};
 };
 
 } // namespace
@@ -53,18 +57,6 @@ TEST_F(HeldKeyPanelTest, takesNoItemOfTheFolderThatItEntered) {
     repeat(list(panel), Qt::Key_Return);
     ASSERT_TRUE(choices.empty());
     EXPECT_EQ(shownFolder(panel), home() / "folder");
-}
-
-TEST_F(HeldKeyPanelTest, goesUpOnce) {
-    ItemPanel& panel = openPanel();
-    for (const auto& [key, modifiers] :
-         {std::pair(Qt::Key_Backspace, Qt::NoModifier), std::pair(Qt::Key_Up, Qt::AltModifier)}) {
-        doubleClick(panel, home() / "folder");
-        QTest::keyPress(&list(panel), key, modifiers);
-        EXPECT_EQ(shownFolder(panel), home());
-        repeat(list(panel), key, modifiers);
-        EXPECT_EQ(shownFolder(panel), home());
-    }
 }
 
 TEST_F(HeldKeyPanelTest, readsAPlaceOnce) {

@@ -171,6 +171,7 @@ extern "C" void* reallocarray(void* block, std::size_t count, std::size_t size) 
     return realloc(block, whole);
 }
 
+// NOLINTBEGIN(misc-new-delete-overloads): what is new comes from the allocator as it is.
 void operator delete(void* block) noexcept {
     giveBack(block, &Allocator::deleteObject);
 }
@@ -218,3 +219,4 @@ void operator delete(void* block, std::align_val_t /*alignment*/, const std::not
 void operator delete[](void* block, std::align_val_t /*alignment*/, const std::nothrow_t& /*tag*/) noexcept {
     giveBack(block, &Allocator::deleteArray);
 }
+// NOLINTEND(misc-new-delete-overloads)

@@ -39,7 +39,7 @@ std::size_t giveBack() {
     std::free(filled(std::calloc(10, 10), 100));
     std::free(filled(std::aligned_alloc(64, 128), 128));
     std::free(filled(std::malloc(3 << 20), 3 << 20));
-    std::free(strdup("a secret of the C library"));
+    std::free(unknownToCompiler(strdup("a secret of the C library")));
     delete unknownToCompiler(new std::string(100, 's'));
     delete[] filled(new char[100], 100);
     delete reinterpret_cast<Aligned*>(filled(new Aligned, sizeof(Aligned)));

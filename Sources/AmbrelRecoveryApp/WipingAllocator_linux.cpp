@@ -75,8 +75,8 @@ Allocator findAllocator() {
             .usableSize = nextOfAllocator<decltype(::malloc_usable_size)>("malloc_usable_size")};
 }
 
-/// Found when the first block is given back, which the loader does before there are threads. Null during the search,
-/// which may itself give back the text of an error of an earlier one.
+/// Found when the first block is given back, which happens while libraries are set up, before there are threads. Null
+/// during the search, which may itself give back the text of an error of an earlier one.
 const Allocator* allocator() {
     static constinit Allocator found;
     static constinit bool isSearched = false;

@@ -36,7 +36,7 @@ protected:
 TEST_F(HeldKeysTests, noneDismissesAnAlert) {
     open();
     for (const Qt::Key key : pressingKeys) {
-        model->acceptPackage(path("not there"));
+        untilAnnounced([this] { model->acceptPackage(path("not there")); });
         redraw();
         ASSERT_TRUE(isAlertShown());
         repeat(key);
@@ -51,7 +51,7 @@ TEST_F(HeldKeysTests, noneDismissesAnAlert) {
 
 TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStroke) {
     open();
-    model->acceptPackage(path("not there"));
+    untilAnnounced([this] { model->acceptPackage(path("not there")); });
     redraw();
     const auto send = [](QEvent::Type type, quint64 time) {
         QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
@@ -72,7 +72,9 @@ TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStr
 TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     open();
     panels.answer = path("not there");
-    hold(Qt::Key_Return);
+    untilAnnounced([] { QTest::keyPress(QApplication::focusWidget(), Qt::Key_Return); });
+    redraw();
+    repeat(Qt::Key_Return);
     EXPECT_TRUE(isAlertShown());
     EXPECT_EQ(panels.openPanels.size(), 1U);
     letGo(Qt::Key_Return);
@@ -82,8 +84,9 @@ TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
 TEST_F(HeldKeysTests, returnStopsAtTheSnapshotsAndAtTheEnd) {
     open();
     panels.answer = path("Family Photos.ambrel");
-    hold(Qt::Key_Return);
+    untilAnnounced([] { hold(Qt::Key_Return); });
     letGo(Qt::Key_Return);
+    redraw();
     QTest::keyClicks(&field(), QStringLiteral("secret"));
     redraw();
     hold(Qt::Key_Return);

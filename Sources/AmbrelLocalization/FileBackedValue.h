@@ -25,12 +25,16 @@ public:
         return refresh(seen) ? value_ : nullptr;
     }
 
-    /// The same, but while the file cannot be read the value that it had last. Null where it never could be read.
+    /// The same, but while the file cannot be read, or gives an empty value, the last one that was not empty: a file
+    /// that is being replaced is cut off for a while. Null where it never could be read. `Value` has isEmpty().
     std::shared_ptr<const Value> currentOrLast() {
         const std::optional<FileStamp> seen = FileStamp::ofFile(path_);
         const std::lock_guard lock(mutex_);
         refresh(seen);
-        return value_;
+        if (!last_ || !value_->isEmpty()) {
+            last_ = value_;
+        }
+        return last_;
     }
 
 private:
@@ -59,4 +63,6 @@ private:
     std::optional<FileStamp> stamp_;
     bool isSettled_ = false;
     std::shared_ptr<const Value> value_;
+    /// What currentOrLast() gave.
+    std::shared_ptr<const Value> last_;
 };

@@ -21,6 +21,8 @@ public:
     StringTable(StringTable&&) = default;
     StringTable& operator=(StringTable&&) = default;
 
+    bool isEmpty() const { return texts_.empty(); }
+
     /// The text under `key`; none where there is none or a blank one.
     std::optional<QString> text(std::string_view key) const;
 

@@ -15,7 +15,7 @@ void PlugInFolders::useSystemsAlone() {
     // a colon in its name would make two of it.
     const QByteArray folder = QFile::encodeName(QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath());
     const UniqueDescriptor descriptor(open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    qputenv("QT_PLUGIN_PATH", "/proc/self/fd/" + QByteArray::number(descriptor.get()));
+    qputenv("QT_PLUGIN_PATH", descriptor ? "/proc/self/fd/" + QByteArray::number(descriptor.get()) : folder);
     QCoreApplication::setLibraryPaths({QLibraryInfo::path(QLibraryInfo::PluginsPath)});
     qunsetenv("QT_PLUGIN_PATH");
 }

@@ -65,11 +65,15 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     window_->activateWindow();
 }
 
-/// The view holds nothing that the model does not, so that another one can take its place at any time.
+/// Beside the model's state a view holds one thing, the path that it was told to show.
 void RecoveryApplicationDelegate::showView() {
-    auto* const view = new RecoveryRootView(*model_);
-    window_->setContent(view);
-    QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view, &RecoveryRootView::showPath);
+    const std::optional<std::filesystem::path> shownPath = view_ ? view_->shownPath() : std::nullopt;
+    view_ = new RecoveryRootView(*model_);
+    window_->setContent(view_);
+    QObject::connect(fileViewer_.get(), &DesktopFileViewer::revealUnconfirmed, view_, &RecoveryRootView::showPath);
+    if (shownPath) {
+        view_->showPath(*shownPath);
+    }
 }
 
 void RecoveryApplicationDelegate::applicationWillTerminate() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+
 #include <memory>
 
 class DesktopFileViewer;
@@ -7,6 +9,7 @@ class DesktopPreferences;
 class OperationGuard;
 class RecoveryNotifications;
 class RecoveryPanels;
+class RecoveryRootView;
 class RecoverySleepInhibitor;
 class RecoveryViewModel;
 class RecoveryWindow;
@@ -36,6 +39,8 @@ private:
 
     // In the order in which they need each other.
     std::unique_ptr<RecoveryWindow> window_;
+    /// The window's content.
+    QPointer<RecoveryRootView> view_;
     std::unique_ptr<RecoveryPanels> panels_;
     std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;

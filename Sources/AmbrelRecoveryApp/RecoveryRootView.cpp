@@ -117,7 +117,15 @@ void RecoveryRootView::chooseSnapshot(int row) {
 void RecoveryRootView::scheduleRedraw() {
     if (!isRedrawScheduled_) {
         isRedrawScheduled_ = true;
-        QMetaObject::invokeMethod(this, &RecoveryRootView::redraw, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                // Unless it has been drawn again meanwhile.
+                if (isRedrawScheduled_) {
+                    redraw();
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 

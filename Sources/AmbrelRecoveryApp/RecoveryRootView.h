@@ -31,6 +31,9 @@ public:
     /// not that folder.
     void showPath(const std::filesystem::path& folder);
 
+    /// The path that showPath() shows; none where it shows none.
+    const std::optional<std::filesystem::path>& shownPath() const { return shownPath_; }
+
 signals:
     /// The screens show the model again as it is; however many changes came before, this is emitted once for them.
     void redrawn();

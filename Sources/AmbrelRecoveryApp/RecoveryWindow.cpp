@@ -21,7 +21,7 @@ RecoveryWindow::RecoveryWindow() {
     setMinimumSize(smallestSize);
     resize(initialSize);
     setWindowIcon(RecoveryIcon::icon());
-    // By this name some desktops find the entry, and with it the icon, of a window.
+    // By this name some desktops find the entry of a window, where one is installed, and with it the icon.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ambrel.recovery"));
     // Spelled out: the toolkit's own names for them stand for no keys at all on some desktops.
     for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {

@@ -63,15 +63,22 @@ Function* nextOfAllocator(const char* name) {
     return nullptr;
 }
 
+/// The allocator's, or the next one where what was preloaded has only the function that hands blocks out: it passes on.
+template<typename Function>
+Function* nextFor(const char* name) {
+    auto* const function = nextOfAllocator<Function>(name);
+    return function == nullptr ? nextDefinition<Function>(name) : function;
+}
+
 Allocator findAllocator() {
-    auto* const free = nextOfAllocator<GiveBack>("free");
+    auto* const free = nextFor<GiveBack>("free");
     // The operators of the C++ library end in free(), but an allocator may have its own.
     auto* const deleteObject = nextOfAllocator<GiveBack>("_ZdlPv");
     auto* const deleteArray = nextOfAllocator<GiveBack>("_ZdaPv");
     return {.free = free,
             .deleteObject = deleteObject == nullptr ? free : deleteObject,
             .deleteArray = deleteArray == nullptr ? free : deleteArray,
-            .resize = nextOfAllocator<decltype(::realloc)>("realloc"),
+            .resize = nextFor<decltype(::realloc)>("realloc"),
             .usableSize = nextOfAllocator<decltype(::malloc_usable_size)>("malloc_usable_size")};
 }
 

@@ -38,6 +38,8 @@ void finishBackgroundWork(int status) {
     }
     EngineProcess::killAll();
     if (!BackgroundTask::waitForAll(endOfProcessWait)) {
+        // One that was only being launched a moment ago.
+        EngineProcess::killAll();
         // Threads that still wait for the engine would find the application gone.
         std::_Exit(status);
     }

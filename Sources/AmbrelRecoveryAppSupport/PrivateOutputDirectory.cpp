@@ -8,7 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <new>
+#include <exception>
 #include <string_view>
 #include <system_error>
 
@@ -196,8 +196,8 @@ std::string PrivateOutputDirectory::contentsOf(const UniqueDescriptor& file) {
         if (readInto(contents, file.get())) {
             return contents;
         }
-    } catch (const std::bad_alloc&) {
-        // Told like any other output that cannot be read.
+    } catch (const std::exception&) {
+        // Too long for the memory, or for any: told like every other output that cannot be read.
     }
     failUnavailable();
 }

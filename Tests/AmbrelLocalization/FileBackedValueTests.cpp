@@ -15,6 +15,8 @@ struct CountedText {
     }
 
     std::string text;
+
+    bool isEmpty() const { return text.empty(); }
     static inline int decodedCount = 0;
 };
 
@@ -121,6 +123,9 @@ TEST_F(FileBackedValueTest, canOutliveItsFile) {
     writeInPlace(folder_ / "file", std::string(101, 'x'));
     EXPECT_EQ(last(), "one");
     EXPECT_EQ(text(), std::nullopt);
+    writeInPlace(folder_ / "file", "");
+    EXPECT_EQ(last(), "one");
+    EXPECT_EQ(text(), "");
     writeInPlace(folder_ / "file", "other");
     EXPECT_EQ(last(), "other");
 }

@@ -153,8 +153,10 @@ TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
     EXPECT_EQ(text("both", "fr"), QStringLiteral("English both")) << "which was not shown before";
     EXPECT_EQ(text("ambrel.brand.display-name", "de"), QStringLiteral("ambrel.brand.display-name"))
         << "no other bundle stands in";
+    writeTable("de", R"({"both": "Neu)");
+    EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch")) << "an update has begun to put it back";
     writeTable("de", R"({"both": "Neues D"})");
-    EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D")) << "an update puts it back";
+    EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D")) << "an update has put it back";
 }
 
 // The program's own folder holds the bundle only among its resources, so the copy of the build stands in.

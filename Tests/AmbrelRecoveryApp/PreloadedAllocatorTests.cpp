@@ -83,3 +83,11 @@ TEST(SilentAllocatorTests, getsEveryBlockBack) {
     // Nobody knows how far they reach, so the C library's answer was not taken.
     EXPECT_GT(count("preloadedAllocatorGotBackUnwiped"), 0U);
 }
+
+TEST(PassingAllocatorTests, losesNothingOfTheAllocatorBehind) {
+    const std::size_t before = count("preloadedAllocatorHandedOut");
+    ASSERT_GT(before, 0U) << "the allocator is not preloaded";
+    giveBack();
+    move();
+    EXPECT_GT(count("preloadedAllocatorHandedOut"), before);
+}

@@ -3,6 +3,7 @@
 #include "ProcessRunnerTest.h"
 #include "Support/ChildProcess.h"
 #include "Support/MisbehavingEngine.h"
+#include "Support/ScopedEnvironment.h"
 #include "Support/TestFiles.h"
 
 #include <csignal>
@@ -67,6 +68,12 @@ TEST_F(ProcessRunnerHostileEngineTest, AnOutputOfMoreThanAGibibyteIsReadWhole) {
     constexpr long long length = (1LL << 30LL) + 1;
     const Result result = run({"grow-output", std::to_string(length)});
     EXPECT_EQ(result.standardOutput.size(), static_cast<std::size_t>(length));
+}
+
+TEST_F(ProcessRunnerHostileEngineTest, AnOutputThatIsLongerThanAnyTextIsNoneThatCanBeReadBack) {
+    // Files in memory may be that long.
+    const ScopedEnvironment temporary("TMPDIR", "/dev/shm");
+    EXPECT_THROW(run({"grow-output", std::to_string((1LL << 62LL) + 1)}), AmbrelRecoveryProcessError);
 }
 
 TEST_F(ProcessRunnerHostileEngineTest, ClosedOutputsAreEmptyOnes) {

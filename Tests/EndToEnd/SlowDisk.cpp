@@ -1,5 +1,5 @@
-// Preloaded into the application: every `stat` of the path in AMBREL_SLOW_PATH takes four seconds. Its beginning, with
-// the kind of its thread, and its end are lines in the file AMBREL_SLOW_LOG.
+// Preloaded into the application: every question about the path in AMBREL_SLOW_PATH takes four seconds. Its beginning,
+// with the kind of its thread, and its end are lines in the file AMBREL_SLOW_LOG.
 
 #include <cerrno>
 #include <chrono>
@@ -28,22 +28,32 @@ void note(std::string_view line) {
     ::close(log);
 }
 
+void answerSlowly(const char* path) {
+    if (isSlow(path)) {
+        note(::gettid() == ::getpid() ? "main thread\n" : "other thread\n");
+        std::this_thread::sleep_for(slowness);
+        note("answered\n");
+    }
+}
+
 } // namespace
 
-// Named by its label, as the system's headers declare it with attributes of their own.
+// Named by their labels, as the system's headers declare functions of these names with attributes of their own.
 extern "C" {
 
-[[gnu::visibility("default")]] int slowStat(const char* path, void* result) __asm__("stat");
-
-int slowStat(const char* path, void* result) {
-    static const auto next = reinterpret_cast<decltype(&slowStat)>(::dlsym(RTLD_NEXT, "stat"));
-    if (!isSlow(path)) {
-        return next(path, result);
+#define SLOW(name, parameters, path, ...)                                                                              \
+    [[gnu::visibility("default")]] int slow_##name parameters __asm__(#name);                                          \
+    int slow_##name parameters {                                                                                       \
+        static const auto next = reinterpret_cast<decltype(&slow_##name)>(::dlsym(RTLD_NEXT, #name));                  \
+        answerSlowly(path);                                                                                            \
+        return next(__VA_ARGS__);                                                                                      \
     }
-    note(::gettid() == ::getpid() ? "main thread\n" : "other thread\n");
-    std::this_thread::sleep_for(slowness);
-    note("answered\n");
-    return next(path, result);
-}
+
+SLOW(access, (const char* path, int mode), path, path, mode)
+SLOW(lstat, (const char* path, void* result), path, path, result)
+SLOW(stat, (const char* path, void* result), path, path, result)
+SLOW(statvfs, (const char* path, void* result), path, path, result)
+SLOW(statx, (int folder, const char* path, int flags, unsigned mask, void* result), path, folder, path, flags, mask,
+     result)
 
 } // extern "C"

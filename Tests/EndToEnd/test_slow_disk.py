@@ -28,6 +28,7 @@ class SlowDisk(RecoveryTestCase):
 
     def wait_for_question(self):
         wait_for("a question to the disk", self.is_waited_for)
+        self.assertNotIn("main thread", self.asked())
 
     def test_a_package(self):
         package = self.empty_package()

@@ -20,9 +20,8 @@ public:
         text
     };
 
-    /// `linePitch` is the distance of two lines in device-independent pixels before the texts are enlarged, in
-    /// every script; 0 is what each line's
-    /// letters ask for.
+    /// `linePitch` is the distance of two lines in device-independent pixels before the texts are enlarged, in every
+    /// script; 0 is what each line's letters ask for.
     TextLabel(const QFont& font, const QColor& color, QWidget* parent = nullptr, int linePitch = 0);
 
     void setColor(const QColor& color);

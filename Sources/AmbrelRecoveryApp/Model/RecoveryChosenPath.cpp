@@ -40,6 +40,9 @@ bool isInside(const Path& folder, const Path& package) {
         return true;
     }
     while (!std::filesystem::equivalent(ancestor, package, error)) {
+        if (error) {
+            return true;
+        }
         if (ancestor == ancestor.parent_path()) {
             return false;
         }

@@ -152,9 +152,13 @@ void RecoveryViewModel::exportTo(const Path& chosen) {
     if (!packageURL_ || !canExport()) {
         return;
     }
-    checkChoice(
-        [chosen, package = *packageURL_] { return RecoveryChosenPath::destination(chosen, package); },
-        [chosen](RecoveryViewModel& model, const Path& destination) { model.applyDestination(destination, chosen); });
+    checkChoice([chosen, package = *packageURL_] { return RecoveryChosenPath::destination(chosen, package); },
+                [chosen, code = selectedSnapshotCode_](RecoveryViewModel& model, const Path& destination) {
+                    // The destination was named for this snapshot.
+                    if (model.selectedSnapshotCode_ == code) {
+                        model.applyDestination(destination, chosen);
+                    }
+                });
 }
 
 void RecoveryViewModel::applyDestination(const Path& destination, const Path& chosen) {

@@ -77,8 +77,12 @@ void FolderModel::take(Reading reading) {
         arrange();
         endResetModel();
     }
-    if (state == State::loaded) {
+    if (reading.watch) {
         watch(std::move(reading.watch));
+    } else if (changes_) {
+        // The folder may be readable again later, of which the last watch tells.
+        FolderWatch::clear(watch_.get());
+        changes_->setEnabled(true);
     }
     emit wasRead();
 }
@@ -89,7 +93,7 @@ void FolderModel::watch(UniqueDescriptor watch) {
     if (watch_) {
         changes_ = std::make_unique<QSocketNotifier>(watch_.get(), QSocketNotifier::Read);
         connect(changes_.get(), &QSocketNotifier::activated, this, [this] {
-            // The next reading brings a new watch.
+            // Until the folder has been read.
             changes_->setEnabled(false);
             change_.start();
         });

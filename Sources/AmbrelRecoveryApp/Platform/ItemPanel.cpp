@@ -18,6 +18,7 @@
 #include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
 
+#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -254,13 +255,19 @@ void ItemPanel::makeFolder() {
 }
 
 void ItemPanel::findTyped() {
-    if (!finding_.isRunning()) {
+    if (finding_.isRunning()) {
+        return;
+    }
+    const bool isStarted =
         finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
                        [this](const std::optional<TypedItem>& item) {
                            if (item) {
                                takeTyped(*item);
                            }
                        });
+    if (!isStarted) {
+        // No thread can be had: what the text stands for is found out by whoever gets the path.
+        take(folder() / QFile::encodeName(fileName_->text()).toStdString());
     }
 }
 

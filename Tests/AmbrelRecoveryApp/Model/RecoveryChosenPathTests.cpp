@@ -84,6 +84,12 @@ TEST_F(RecoveryChosenPathTest, thePackageIsKnownByWhatItIsAndNotByItsName) {
     EXPECT_EQ(std::get<Path>(RecoveryChosenPath::destination(path("New"), link)), path("New"));
 }
 
+TEST_F(RecoveryChosenPathTest, nothingIsADestinationWhereThePackageCannotBeLookedAt) {
+    const Path loop = path("Loop.ambrel");
+    std::filesystem::create_symlink(loop, loop);
+    EXPECT_EQ(std::get<Kind>(RecoveryChosenPath::destination(path("New"), loop)), Kind::destinationUnavailable);
+}
+
 TEST_F(RecoveryChosenPathTest, aFolderAroundThePackageIsADestinationAlsoWhenThePackageIsGone) {
     std::filesystem::remove_all(package_);
     EXPECT_EQ(refusal(path("New")), std::nullopt);

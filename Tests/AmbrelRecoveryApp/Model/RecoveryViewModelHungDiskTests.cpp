@@ -129,6 +129,16 @@ TEST_F(RecoveryViewModelHungDisk, noExportBeginsThatHasBecomeImpossible) {
     EXPECT_FALSE(model->destinationURL());
 }
 
+TEST_F(RecoveryViewModelHungDisk, noOtherSnapshotIsExportedThanTheOneThatTheDestinationWasNamedFor) {
+    inspect(inspectionDocument());
+    chooseSlowDestination();
+    model->setSelectedSnapshotCode("old");
+    answer();
+    EXPECT_EQ(model->phase(), Phase::snapshots);
+    EXPECT_FALSE(model->destinationURL());
+    EXPECT_EQ(model->selectedSnapshotCode(), "old");
+}
+
 TEST_F(RecoveryViewModelHungDisk, theProcessDoesNotWaitForIt) {
     constexpr std::chrono::hours tooLongForATest(1);
     chooseSlowPackage();

@@ -122,6 +122,18 @@ TEST_F(PanelListTest, saysWhyThereIsNothing) {
     waitForFolder(panel, home());
 }
 
+TEST_F(PanelListTest, followsAFolderThatCouldNotBeOpenedForAWhile) {
+    ItemPanel& panel = openPanel();
+    doubleClick(panel, home() / "folder");
+    waitForFolder(panel, home() / "folder");
+    std::filesystem::rename(home() / "folder", home() / "elsewhere");
+    std::ofstream(home() / "elsewhere" / "one") << "x";
+    EXPECT_TRUE(waitForState(panel, FolderModel::State::unreadable));
+    std::filesystem::rename(home() / "elsewhere", home() / "folder");
+    std::ofstream(home() / "folder" / "two") << "x";
+    EXPECT_TRUE(row(panel, home() / "folder" / "two").isValid());
+}
+
 TEST_F(PanelListTest, sortsByTheHeadingsWithFoldersFirst) {
     std::ofstream(home() / "big") << "longer than the other";
     ItemPanel& panel = openPanel();

@@ -38,7 +38,14 @@ protected:
     bool take(const std::vector<const WorkflowTable::Operation*>& sequence) {
         ++count_;
         WorkflowWalk walk(folder_);
-        return std::ranges::all_of(sequence, [&walk](const auto* operation) { return walk.take(*operation); });
+        return std::ranges::all_of(sequence, [&walk](const auto* operation) { return walk.take(*operation); }) &&
+               staysAsExpected(walk);
+    }
+
+    /// Whether nothing comes of what still runs.
+    bool staysAsExpected(WorkflowWalk& walk) {
+        settle();
+        return walk.isAsExpected();
     }
 
     /// Takes `sequence`, after which everything is as in `before`, with every one of up to `length` operations after
@@ -94,7 +101,7 @@ TEST_F(RecoveryWorkflow, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
     for (const WorkflowTable::Operation& last : operations()) {
         WorkflowWalk walk(folder_);
         ASSERT_TRUE(takeEverything(walk));
-        walk.take(last);
+        EXPECT_TRUE(walk.take(last) && staysAsExpected(walk));
     }
     // Nothing is set to what it was, so that no two of the changes could change places unseen.
     for (const char* const name : {"choose", "start again", "export", "export, failed", "export, no engine"}) {

@@ -10,6 +10,10 @@ bool WorkflowWalk::take(const WorkflowTable::Operation& operation) {
     driver_.begin(expected_.number);
     operation.perform(driver_);
     driver_.waitForAnnouncements(states_.size() - 1);
+    return isAsExpected();
+}
+
+bool WorkflowWalk::isAsExpected() {
     return areStatesExpected() && isEngineExpected();
 }
 

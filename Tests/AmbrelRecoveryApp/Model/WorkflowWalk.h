@@ -17,6 +17,9 @@ public:
     /// was given. False where something is not as expected, which is a failure of the test.
     bool take(const WorkflowTable::Operation& operation);
 
+    /// The same comparison once more, for what came later.
+    bool isAsExpected();
+
     /// What is published before each change that the last operation announced, and after the last of them.
     const std::vector<WorkflowState>& expectedStates() const { return states_; }
 

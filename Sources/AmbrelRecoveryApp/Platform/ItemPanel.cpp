@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "AmbrelRecoveryApp/Platform/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/Platform/PanelButton.h"
@@ -22,6 +23,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -39,6 +41,12 @@ constexpr int spacing = 10;
 
 RecoverySymbol backSymbol() {
     return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
+}
+
+/// `size`, enlarged as the texts are where the screen has room for that.
+QSize scaledToScreen(const QSize& size, const QScreen& screen) {
+    const QSize enlarged(TextScale::scaled(size.width()), TextScale::scaled(size.height()));
+    return enlarged.boundedTo(screen.availableSize()).expandedTo(size);
 }
 
 } // namespace
@@ -72,8 +80,8 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
     addShortcuts();
     takeNameChange();
     showFolder(folder);
-    setMinimumSize(leastSize);
-    resize(initialSize);
+    setMinimumSize(scaledToScreen(leastSize, *screen()));
+    resize(scaledToScreen(initialSize, *screen()));
     if (purpose == Purpose::newItem) {
         fileName_->setFocus();
     } else {

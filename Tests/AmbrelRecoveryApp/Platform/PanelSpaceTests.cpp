@@ -2,6 +2,7 @@
 
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Platform/FolderView.h"
 #include "AmbrelRecoveryApp/Platform/PanelNameField.h"
 #include "AmbrelRecoveryApp/Platform/SpaceView.h"
@@ -13,6 +14,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -55,6 +57,8 @@ private:
 };
 
 } // namespace
+
+class PanelSpaceSizeTest : public PanelSpaceTest, public testing::WithParamInterface<qreal> {};
 
 TEST_F(PanelSpaceTest, isShownInTheWordsOfTheCatalogue) {
     ItemPanel& panel = savePanel(1'500'000);
@@ -149,7 +153,8 @@ TEST_F(PanelSpaceTest, movesNothingWhenItComes) {
     }
 }
 
-TEST_F(PanelSpaceTest, isShownWholeInEveryLanguageAtTheSmallestSize) {
+TEST_P(PanelSpaceSizeTest, isShownWholeInEveryLanguageAtTheSmallestSize) {
+    TextScale::setFactor(GetParam());
     for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
         SCOPED_TRACE(language.toStdString());
         qputenv("LANGUAGE", language.toUtf8());
@@ -171,6 +176,21 @@ TEST_F(PanelSpaceTest, isShownWholeInEveryLanguageAtTheSmallestSize) {
         panel.close();
         QTest::qWait(0);
     }
+    TextScale::setFactor(1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, PanelSpaceSizeTest, testing::Values(1.0, TextScale::largest));
+
+TEST_F(PanelSpaceTest, itsPanelGrowsWithTheTextsWhereTheScreenHasRoom) {
+    ItemPanel& panel = savePanel();
+    const QSize usual = panel.size();
+    panel.close();
+    QTest::qWait(0);
+    TextScale::setFactor(TextScale::largest);
+    const QSize enlarged = savePanel().size();
+    TextScale::setFactor(1);
+    EXPECT_GT(enlarged.height(), usual.height());
+    EXPECT_LE(enlarged.height(), window->screen()->availableSize().height());
 }
 
 TEST_F(PanelSpaceTest, standsAtTheRightInArabic) {

@@ -81,6 +81,8 @@ void BusConnection::open(const QString& address, std::chrono::milliseconds limit
 BusConnection::BusConnection(QString name) : name_(std::move(name)), owners_{{bus, bus}} {}
 
 BusConnection::~BusConnection() {
+    // First, since a signal that is still on its way to a listener tells the connection when it finds nobody.
+    qDeleteAll(findChildren<BusListener*>(Qt::FindDirectChildrenOnly));
     QDBusConnection::disconnectFromPeer(name_);
 }
 

@@ -91,6 +91,8 @@ class RecoveryApplication(Application):
             self.focus(WINDOW_TITLE, field)
             self.type_text(text)
         else:
+            # What is entered while a step has not quite ended is not taken.
+            wait_for("the secure field to be enabled", lambda: "enabled" in field.states)
             field.set_text(text)
 
     def press_inspect(self):

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <functional>
+#include <limits>
 #include <thread>
 
 #include <sys/stat.h>
@@ -73,7 +74,8 @@ TEST_F(ProcessRunnerHostileEngineTest, AnOutputOfMoreThanAGibibyteIsReadWhole) {
 TEST_F(ProcessRunnerHostileEngineTest, AnOutputThatIsLongerThanAnyTextIsNoneThatCanBeReadBack) {
     // Files in memory may be that long.
     const ScopedEnvironment temporary("TMPDIR", "/dev/shm");
-    EXPECT_THROW(run({"grow-output", std::to_string((1LL << 62LL) + 1)}), AmbrelRecoveryProcessError);
+    const std::string longest = std::to_string(std::numeric_limits<long long>::max());
+    EXPECT_THROW(run({"grow-output", longest}), AmbrelRecoveryProcessError);
 }
 
 TEST_F(ProcessRunnerHostileEngineTest, ClosedOutputsAreEmptyOnes) {

@@ -8,7 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <exception>
+#include <new>
 #include <string_view>
 #include <system_error>
 
@@ -196,7 +196,7 @@ std::string PrivateOutputDirectory::contentsOf(const UniqueDescriptor& file) {
         if (readInto(contents, file.get())) {
             return contents;
         }
-    } catch (const std::exception&) {
+    } catch (const std::bad_alloc&) {
         // Too long for the memory, or for any: told like every other output that cannot be read.
     }
     failUnavailable();

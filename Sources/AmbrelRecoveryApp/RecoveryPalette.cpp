@@ -30,6 +30,14 @@ QColor RecoveryPalette::panel() {
     return blended(card(), opaque(0.05F, 0.045F, 0.041F));
 }
 
+QColor RecoveryPalette::chosenRow() {
+    return blended(withOpacity(copper(), 0.09), background());
+}
+
+QColor RecoveryPalette::chosenItem() {
+    return withOpacity(copper(), 0.28);
+}
+
 QColor RecoveryPalette::input() {
     return QColor::fromRgbF(0, 0, 0, 0.18F);
 }

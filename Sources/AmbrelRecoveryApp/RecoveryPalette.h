@@ -13,6 +13,10 @@ QColor card();
 /// What cards and rows are filled with: `card` on a shade of the background that is dark enough for muted text,
 /// whatever lies behind.
 QColor panel();
+/// What the chosen row of the snapshots is filled with.
+QColor chosenRow();
+/// What the chosen row of a file panel is filled with while its list has the keyboard, on whatever lies behind.
+QColor chosenItem();
 QColor input();
 /// Main text.
 QColor primary();

@@ -14,7 +14,6 @@ constexpr int rowHeight = 32;
 constexpr int padding = 10;
 constexpr int symbolSpacing = 10;
 constexpr qreal cornerRadius = 8;
-constexpr double selectedFillOpacity = 0.28;
 constexpr double unfocusedFillOpacity = 0.16;
 
 } // namespace
@@ -56,8 +55,9 @@ void PanelRowDelegate::paintRow(QPainter& painter, const QWidget& list, const QR
     painter.setRenderHint(QPainter::Antialiasing);
     if (isSelected) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(RecoveryPalette::withOpacity(RecoveryPalette::copper(),
-                                                      list.hasFocus() ? selectedFillOpacity : unfocusedFillOpacity));
+        painter.setBrush(list.hasFocus()
+                             ? RecoveryPalette::chosenItem()
+                             : RecoveryPalette::withOpacity(RecoveryPalette::copper(), unfocusedFillOpacity));
         painter.drawRoundedRect(row, cornerRadius, cornerRadius);
     }
     if (isCurrent && FocusRing::isShown(list)) {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int gap = 10;
 constexpr qreal cornerRadius = 16;
-constexpr double selectedFillOpacity = 0.09;
 
 const SnapshotListModel& modelOf(const QModelIndex& index) {
     return *static_cast<const SnapshotListModel*>(index.model());
@@ -23,9 +22,7 @@ const SnapshotListModel& modelOf(const QModelIndex& index) {
 void paintPanel(QPainter& painter, const QRect& row, const QRect& mark, bool isSelected) {
     const QColor copper = RecoveryPalette::copper();
     RoundedPanel::paint(painter, row, cornerRadius,
-                        isSelected ? RecoveryPalette::blended(RecoveryPalette::withOpacity(copper, selectedFillOpacity),
-                                                              RecoveryPalette::background())
-                                   : RecoveryPalette::panel(),
+                        isSelected ? RecoveryPalette::chosenRow() : RecoveryPalette::panel(),
                         isSelected ? copper : RecoveryPalette::line());
     SymbolPainter::paint(painter, isSelected ? RecoverySymbol::checkmarkCircleFill : RecoverySymbol::circle, mark,
                          isSelected ? copper : RecoveryPalette::muted());

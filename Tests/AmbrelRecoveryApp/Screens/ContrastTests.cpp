@@ -44,7 +44,6 @@ struct Pair {
 
 std::vector<Pair> texts() {
     const QColor field = blended(input(), panel());
-    const QColor chosenRow = tinted(copper(), 0.09, background());
     const QColor notice = tinted(warning(), 0.08, glow());
     return {
         {"header: badge", copper(), tinted(copper(), 0.12 * 0.25, background())},
@@ -58,10 +57,10 @@ std::vector<Pair> texts() {
         {"card: kind, label, facts of a row", muted(), panel()},
         {"row: complete", success(), panel()},
         {"row: incomplete", warning(), panel()},
-        {"chosen row: date", primary(), chosenRow},
-        {"chosen row: facts", muted(), chosenRow},
-        {"chosen row: complete", success(), chosenRow},
-        {"chosen row: incomplete", warning(), chosenRow},
+        {"chosen row: date", primary(), chosenRow()},
+        {"chosen row: facts", muted(), chosenRow()},
+        {"chosen row: complete", success(), chosenRow()},
+        {"chosen row: incomplete", warning(), chosenRow()},
         {"notice: title", primary(), notice},
         {"notice: body", secondary(), notice},
         {"footnote", muted(), background()},
@@ -75,8 +74,8 @@ std::vector<Pair> texts() {
         {"alert: body", secondary(), alert()},
         {"file panel: names", primary(), background()},
         {"file panel: headings", muted(), background()},
-        {"file panel: selected row", secondary(), tinted(copper(), 0.28, background())},
-        {"file panel: places", secondary(), tinted(copper(), 0.28, rail())},
+        {"file panel: selected row", secondary(), blended(chosenItem(), background())},
+        {"file panel: places", secondary(), blended(chosenItem(), rail())},
         {"file panel: warning", warning(), rail()},
     };
 }
@@ -148,5 +147,5 @@ TEST_F(ContrastTests, whatMarksAControlStandsOutAlways) {
     }
     EXPECT_GE(contrast(muted(), panel()), leastOfMarks);
     EXPECT_GE(contrast(copper(), tinted(copper(), 0.18, rail())), leastOfMarks);
-    EXPECT_GE(contrast(copper(), tinted(copper(), 0.28, background())), leastOfMarks);
+    EXPECT_GE(contrast(copper(), blended(chosenItem(), background())), leastOfMarks);
 }

@@ -18,7 +18,7 @@ const char* wordFor(BranchDisposition disposition) {
     return "no-published-head";
 }
 
-void write(JsonWriter& json, const Inspection::Branch& branch) {
+void append(JsonWriter& json, const Inspection::Branch& branch) {
     json.beginObject();
     json.member("tipSelectionCode", branch.tipSelectionCode);
     json.key("snapshotSelectionCodes");
@@ -30,7 +30,7 @@ void write(JsonWriter& json, const Inspection::Branch& branch) {
     json.endObject();
 }
 
-void write(JsonWriter& json, const Inspection::Counts& counts) {
+void append(JsonWriter& json, const Inspection::Counts& counts) {
     json.beginObject();
     json.member("items", counts.items);
     json.member("resources", counts.resources);
@@ -41,7 +41,7 @@ void write(JsonWriter& json, const Inspection::Counts& counts) {
     json.endObject();
 }
 
-void write(JsonWriter& json, const Inspection::PayloadFileEvidence& evidence) {
+void append(JsonWriter& json, const Inspection::PayloadFileEvidence& evidence) {
     json.beginObject();
     json.member("complete", evidence.matching == evidence.required);
     json.member("requiredFileCount", evidence.required);
@@ -52,7 +52,7 @@ void write(JsonWriter& json, const Inspection::PayloadFileEvidence& evidence) {
     json.endObject();
 }
 
-void write(JsonWriter& json, const Inspection::Snapshot& snapshot) {
+void append(JsonWriter& json, const Inspection::Snapshot& snapshot) {
     json.beginObject();
     json.member("selectionCode", snapshot.selectionCode);
     json.member("createdAtUTCMilliseconds", snapshot.createdAtMilliseconds);
@@ -60,11 +60,11 @@ void write(JsonWriter& json, const Inspection::Snapshot& snapshot) {
     json.member("generation", snapshot.generation);
     json.member("retainedTip", snapshot.isRetainedTip);
     json.key("counts");
-    write(json, snapshot.counts);
+    append(json, snapshot.counts);
     json.member("logicalPlaintextByteCount", snapshot.logicalPlaintextByteCount);
     json.member("encryptedPayloadByteCount", snapshot.encryptedPayloadByteCount);
     json.key("payloadFileEvidence");
-    write(json, snapshot.evidence);
+    append(json, snapshot.evidence);
     json.endObject();
 }
 
@@ -91,13 +91,13 @@ std::string InspectionDocument::write(const Inspection& inspection) {
     json.key("preservedBranches");
     json.beginArray();
     for (const Inspection::Branch& branch : inspection.preservedBranches) {
-        ::write(json, branch);
+        append(json, branch);
     }
     json.endArray();
     json.key("snapshots");
     json.beginArray();
     for (const Inspection::Snapshot& snapshot : inspection.snapshots) {
-        ::write(json, snapshot);
+        append(json, snapshot);
     }
     json.endArray();
     json.endObject();

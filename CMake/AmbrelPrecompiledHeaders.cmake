@@ -1,0 +1,50 @@
+# Headers that nearly every source reads are compiled once for all targets that are compiled alike. A source includes what
+# it uses all the same: clang, as a compiler and in static analysis, takes the headers as they are.
+
+set(AMBREL_STANDARD_HEADERS
+  <algorithm> <array> <chrono> <cstdint> <filesystem> <functional> <memory> <optional> <span> <string> <string_view>
+  <utility> <vector>)
+set(AMBREL_CORE_HEADERS ${AMBREL_STANDARD_HEADERS} <QObject> <QPointer> <QString> <QStringList>)
+set(AMBREL_WIDGETS_HEADERS ${AMBREL_CORE_HEADERS}
+  <QAccessibleWidget> <QApplication> <QHBoxLayout> <QKeyEvent> <QPainter> <QVBoxLayout> <QWidget>)
+set(AMBREL_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h>)
+
+set(AMBREL_STANDARD_LIBRARIES)
+set(AMBREL_CORE_LIBRARIES Qt6::Core)
+set(AMBREL_WIDGETS_LIBRARIES Qt6::Widgets)
+set(AMBREL_TEST_LIBRARIES GTest::gmock)
+
+# ambrel_precompile_headers(TARGET STANDARD|CORE|WIDGETS [TEST]): the C++ library's headers, Qt Core's as well, or Qt
+# Widgets' as well, and with TEST those of GoogleTest.
+function(ambrel_precompile_headers target kind)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    return()
+  endif()
+  # Qt wants every target compiled so that it can be loaded anywhere. Without it, a program's code differs from a library's.
+  get_target_property(type ${target} TYPE)
+  set(position PIC)
+  if(kind STREQUAL "STANDARD" AND type STREQUAL "EXECUTABLE")
+    set(position PIE)
+  endif()
+  get_directory_property(options COMPILE_OPTIONS)
+  string(MAKE_C_IDENTIFIER "AmbrelHeaders_${kind}_${ARGN}_${position}_${options}" provider)
+  if(NOT TARGET ${provider})
+    add_library(${provider} OBJECT ${CMAKE_SOURCE_DIR}/CMake/PrecompiledHeaders.cpp)
+    target_link_libraries(${provider} PRIVATE AmbrelOptions ${AMBREL_${kind}_LIBRARIES})
+    target_precompile_headers(${provider} PRIVATE ${AMBREL_${kind}_HEADERS})
+    if("TEST" IN_LIST ARGN)
+      target_link_libraries(${provider} PRIVATE ${AMBREL_TEST_LIBRARIES})
+      target_precompile_headers(${provider} PRIVATE ${AMBREL_TEST_HEADERS})
+    endif()
+    if(position STREQUAL "PIE")
+      set_target_properties(${provider} PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+      target_compile_options(${provider} PRIVATE -fPIE)
+    endif()
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${provider})
+endfunction()
+
+# Without it, ccache compiles all of these sources each time anew.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
+  target_compile_options(AmbrelOptions INTERFACE -fpch-preprocess)
+endif()

@@ -6,6 +6,8 @@ gi.require_version("Atspi", "2.0")
 gi.require_version("Gio", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
+from role import Role  # noqa: E402
+
 _CALL_MILLISECONDS = 20_000
 _MANY_CHILDREN = 100
 _REGISTRY = "org.a11y.atspi.Registry"
@@ -137,7 +139,7 @@ class Announcements(StateChanges):
         return [name for name, _, is_set in self.changes if is_set]
 
     def _concerns(self, changed):
-        return changed.role == "notification"
+        return changed.role == Role.NOTIFICATION
 
 
 class Accessible:
@@ -176,7 +178,7 @@ class Accessible:
 
     @property
     def role(self):
-        return Atspi.role_get_name(Atspi.Role(self._call(_ACCESSIBLE, "GetRole")[0]))
+        return Role(self._call(_ACCESSIBLE, "GetRole")[0])
 
     @property
     def states(self):

@@ -7,6 +7,7 @@ import re
 import subprocess
 
 from accessibility import Gone
+from role import Role
 from waiting import wait_for
 import processes
 import window_manager
@@ -92,7 +93,7 @@ class Application:
             raise AssertionError(f"{error}; shown is:\n{tree}") from None
 
     def wait_for_object(self, name, *roles, seconds=30.0):
-        return self.wait_for_shown(f"{' or '.join(roles) or 'an object'} “{name}”",
+        return self.wait_for_shown(f"{' or '.join(map(str, roles)) or 'an object'} “{name}”",
                                    lambda: self.find(name, *roles), seconds)
 
     def wait_for_text(self, text):
@@ -109,11 +110,11 @@ class Application:
 
     def button(self, name):
         """Waits for the button of this name."""
-        return self.wait_for_object(name, "push button")
+        return self.wait_for_object(name, Role.PUSH_BUTTON)
 
     def is_enabled(self, name):
         """Whether the button of this name is there and can be pressed now."""
-        button = self.find(name, "push button")
+        button = self.find(name, Role.PUSH_BUTTON)
         return button is not None and "enabled" in button.states
 
     def press(self, name):

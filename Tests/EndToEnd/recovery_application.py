@@ -4,6 +4,7 @@ import itertools
 
 from application import WINDOW_TITLE, Application
 from catalogue import OKAY, SHOW_IN_FINDER
+from role import Role
 from waiting import wait_for
 
 
@@ -29,10 +30,11 @@ class RecoveryApplication(Application):
 
     def panel_name_field(self, title):
         """Waits for the file panel of a title and gives the field with the file's name."""
-        self.wait_for_object(title, "dialog")
+        self.wait_for_object(title, Role.DIALOG)
 
         def field():
-            return next((shown.item for panel in self.inside("dialog") for shown in panel if shown.role == "text"), None)
+            return next((shown.item for panel in self.inside(Role.DIALOG) for shown in panel
+                         if shown.role == Role.TEXT), None)
 
         return self.wait_for_shown(f"the file name in “{title}”", field)
 
@@ -49,7 +51,7 @@ class RecoveryApplication(Application):
         else:
             field.set_text(str(path))
         self.key("Return")
-        self.wait_until_gone(title, "dialog")
+        self.wait_until_gone(title, Role.DIALOG)
 
     def answer_open_panel_without_keyboard(self, title, path):
         """Enters a path into an open panel and presses its button, which is named as the panel is."""
@@ -57,30 +59,31 @@ class RecoveryApplication(Application):
         self.panel_name_field(title).set_text(str(path))
 
         def button():
-            return next((shown.item for panel in self.inside("dialog") for shown in panel
-                         if (shown.role, shown.name) == ("push button", title) and "enabled" in shown.item.states), None)
+            return next((shown.item for panel in self.inside(Role.DIALOG) for shown in panel
+                         if (shown.role, shown.name) == (Role.PUSH_BUTTON, title)
+                         and "enabled" in shown.item.states), None)
 
         self.wait_for_shown(f"the button of “{title}”", button).do_action("press")
-        self.wait_until_gone(title, "dialog")
+        self.wait_until_gone(title, Role.DIALOG)
 
     def dismiss_panel(self, title):
         """Leaves a file panel with the escape key."""
         self.focus(title, self.panel_name_field(title))
         self.key("Escape")
-        self.wait_until_gone(title, "dialog")
+        self.wait_until_gone(title, Role.DIALOG)
 
     # The first screen
 
     def choose_factor(self, factor):
         """Picks "passphrase" or "recovery-key"."""
         name = self.catalogue[f"backup.factor.{factor}"]
-        segment = self.wait_for_object(name, "radio button")
+        segment = self.wait_for_object(name, Role.RADIO_BUTTON)
         segment.do_action("toggle")
         wait_for(f"“{name}” to be picked", lambda: "checked" in segment.states)
 
     def secure_field(self):
         def field():
-            return next((shown.item for shown in self.shown() if shown.role == "password text"), None)
+            return next((shown.item for shown in self.shown() if shown.role == Role.PASSWORD_TEXT), None)
 
         return self.wait_for_shown("the secure field", field)
 
@@ -120,10 +123,10 @@ class RecoveryApplication(Application):
         """The items of the list with this name."""
         everything = self.shown()
         for index, outer in enumerate(everything):
-            if (outer.role, outer.name) == ("list", list_name):
+            if (outer.role, outer.name) == (Role.LIST, list_name):
                 inside = itertools.takewhile(lambda shown, depth=outer.depth: shown.depth > depth,
                                              everything[index + 1:])
-                return [shown for shown in inside if shown.role == "list item"]
+                return [shown for shown in inside if shown.role == Role.LIST_ITEM]
         return []
 
     # The side rail
@@ -138,18 +141,18 @@ class RecoveryApplication(Application):
 
     def choose_row(self, name):
         """Picks the snapshot whose row has this name."""
-        self.wait_for_object(name, "list item").do_action("press")
+        self.wait_for_object(name, Role.LIST_ITEM).do_action("press")
 
     def wait_for_completion(self):
         """Waits for the last screen. Its title stands in the side rail all the time; its button does not."""
-        self.wait_for_object(SHOW_IN_FINDER, "push button", seconds=300.0)
+        self.wait_for_object(SHOW_IN_FINDER, Role.PUSH_BUTTON, seconds=300.0)
 
     # The alert
 
     def alert(self):
         """(title, body) of the alert that is shown, or None."""
-        for parts in self.inside("alert", "dialog"):
-            texts = [shown.name for shown in parts if shown.role == "label"]
+        for parts in self.inside(Role.ALERT, Role.DIALOG):
+            texts = [shown.name for shown in parts if shown.role == Role.LABEL]
             if any(shown.name == OKAY for shown in parts) and len(texts) == 2:
                 return tuple(texts)
         return None
@@ -160,4 +163,4 @@ class RecoveryApplication(Application):
     def dismiss_alert(self):
         """Presses the alert's button and waits until the alert is gone."""
         self.press(OKAY)
-        self.wait_until_gone(OKAY, "push button")
+        self.wait_until_gone(OKAY, Role.PUSH_BUTTON)

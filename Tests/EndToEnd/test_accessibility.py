@@ -6,9 +6,10 @@ from accessibility import Announcements, StateChanges
 from catalogue import NO_ACCOUNT, OKAY, READ_ONLY, STEP_COMPLETED
 from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
+from role import Role
 from waiting import wait_for
 
-CONTROLS = ("push button", "radio button", "password text", "list item")
+CONTROLS = (Role.PUSH_BUTTON, Role.RADIO_BUTTON, Role.PASSWORD_TEXT, Role.LIST_ITEM)
 
 
 class Accessibility(RecoveryTestCase):
@@ -37,10 +38,10 @@ class Accessibility(RecoveryTestCase):
         self.assert_every_control_has_a_name(application)
         self.assertTrue(application.is_enabled(texts["recovery.choose-package.action"]))
         self.assertFalse(application.is_enabled(texts["recovery.inspect.action"]))
-        passphrase = application.wait_for_object(texts["backup.factor.passphrase"], "radio button")
-        key = application.wait_for_object(texts["backup.factor.recovery-key"], "radio button")
+        passphrase = application.wait_for_object(texts["backup.factor.passphrase"], Role.RADIO_BUTTON)
+        key = application.wait_for_object(texts["backup.factor.recovery-key"], Role.RADIO_BUTTON)
         self.assertEqual((True, False), ("checked" in passphrase.states, "checked" in key.states))
-        application.wait_for_object(texts["recovery.credential-kind"], "panel")
+        application.wait_for_object(texts["recovery.credential-kind"], Role.PANEL)
 
     def test_the_steps_tell_which_one_is_shown_and_which_are_completed(self):
         application = self.start()
@@ -54,7 +55,7 @@ class Accessibility(RecoveryTestCase):
 
         assert_steps({"selected"}, set(), set())
         for name in names:
-            self.assertIn("selectable", application.find(name, "list item").states)
+            self.assertIn("selectable", application.find(name, Role.LIST_ITEM).states)
         heard = StateChanges(self.desktop.accessibility, "selected", "checked")
         application.choose_package(self.empty_package())
         application.inspect("secret")
@@ -86,7 +87,7 @@ class Accessibility(RecoveryTestCase):
         application.key("Caps_Lock")
         self.addCleanup(self.desktop.keys, "key", "Caps_Lock")
         wait_for("the description", lambda: application.secure_field().description == "Caps Lock is on")
-        application.wait_for_object("Caps Lock is on", "label")
+        application.wait_for_object("Caps Lock is on", Role.LABEL)
 
     def test_the_prompt_follows_the_factor(self):
         application = self.start()
@@ -107,13 +108,13 @@ class Accessibility(RecoveryTestCase):
         application.choose_package(self.empty_package())
         application.inspect("secret")
         application.wait_for_text(self.catalogue["recovery.inspecting"])
-        application.wait_for_object(self.catalogue["recovery.action.cancel-restore"], "push button")
+        application.wait_for_object(self.catalogue["recovery.action.cancel-restore"], Role.PUSH_BUTTON)
         self.assert_every_control_has_a_name(application)
-        bar = application.find(self.catalogue["recovery.inspecting"], "progress bar")
+        bar = application.find(self.catalogue["recovery.inspecting"], Role.PROGRESS_BAR)
         self.assertIn("busy", bar.states)
         # How far the engine is it does not tell.
         self.assertNotIn("Value", bar.interfaces)
-        self.assertIsNone(application.find(self.catalogue["recovery.inspect.action"], "push button"))
+        self.assertIsNone(application.find(self.catalogue["recovery.inspect.action"], Role.PUSH_BUTTON))
         application.press(self.catalogue["recovery.action.cancel-restore"])
         application.button(self.catalogue["recovery.inspect.action"])
 
@@ -175,7 +176,7 @@ class Accessibility(RecoveryTestCase):
         application.inspect("secret")
         application.wait_for_snapshots()
         self.assertEqual(100_000, application.wait_for_object(
-            self.catalogue["recovery.snapshots.title"], "list").child_count)
+            self.catalogue["recovery.snapshots.title"], Role.LIST).child_count)
 
     def test_steps_errors_and_completion_are_announced(self):
         texts = self.catalogue
@@ -226,7 +227,7 @@ class Accessibility(RecoveryTestCase):
                 self.assertEqual(self.catalogue.failure("integrity"), application.wait_for_alert())
                 self.assert_every_control_has_a_name(application)
                 application.press(OKAY)
-                application.wait_until_gone(OKAY, "push button")
+                application.wait_until_gone(OKAY, Role.PUSH_BUTTON)
 
 
 if __name__ == "__main__":

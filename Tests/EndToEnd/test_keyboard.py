@@ -7,6 +7,7 @@ from accessibility import StateChanges
 from catalogue import NO_SNAPSHOTS, OKAY, SHOW_IN_FINDER
 from engines import fails, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
+from role import Role
 from waiting import wait_for
 import window_manager
 
@@ -38,7 +39,7 @@ class Keyboard(RecoveryTestCase):
         application.key("space")
         application.answer_panel(self.choose, self.package, by_keyboard=True)
         application.focus_window()
-        application.wait_for_keyboard_on(self.prompt, "password text")
+        application.wait_for_keyboard_on(self.prompt, Role.PASSWORD_TEXT)
 
     def inspect_by_keyboard(self, application):
         self.choose_by_keyboard(application)
@@ -75,15 +76,15 @@ class Keyboard(RecoveryTestCase):
         destination = self.scratch / "Recovered"
         application = self.start()
         texts = self.catalogue
-        application.tab_to(self.choose, "push button")
+        application.tab_to(self.choose, Role.PUSH_BUTTON)
         application.key("space")
         application.answer_panel(self.choose, self.package, by_keyboard=True)
-        application.tab_to(self.prompt, "password text")
+        application.tab_to(self.prompt, Role.PASSWORD_TEXT)
         application.type_text("secret")
-        application.tab_to(texts["recovery.inspect.action"], "push button")
+        application.tab_to(texts["recovery.inspect.action"], Role.PUSH_BUTTON)
         application.key("space")
         application.wait_for_snapshots()
-        application.tab_to(self.export, "push button")
+        application.tab_to(self.export, Role.PUSH_BUTTON)
         application.key("space")
         application.answer_panel(texts["files-export.choose-destination"], destination, by_keyboard=True)
         application.wait_for_completion()
@@ -93,7 +94,7 @@ class Keyboard(RecoveryTestCase):
     def test_return_presses_the_main_button_and_the_keyboard_is_where_it_is_needed_next(self):
         self.engine.behave(inspect=prints(inspection(_THREE_SNAPSHOTS)))
         application = self.started()
-        application.wait_for_keyboard_on(self.choose, "push button")
+        application.wait_for_keyboard_on(self.choose, Role.PUSH_BUTTON)
         self.inspect_by_keyboard(application)
         application.wait_for_snapshots()
         self.wait_for_row(application, "newest", "focused", "selected", "checked")
@@ -103,7 +104,7 @@ class Keyboard(RecoveryTestCase):
         application.wait_for_completion()
         self.assertEqual("newest", self.engine.runs[1].arguments[3])
         application.focus_window()
-        application.wait_for_keyboard_on(SHOW_IN_FINDER, "push button")
+        application.wait_for_keyboard_on(SHOW_IN_FINDER, Role.PUSH_BUTTON)
         application.key("Return")
         self.assertEqual(("ShowItems", [(self.scratch / "Recovered").as_uri()]),
                          self.desktop.file_manager.wait_for_call())
@@ -118,8 +119,8 @@ class Keyboard(RecoveryTestCase):
             wait_until_repeated()
         # Keys are taken in their order: once this one has worked, those before it have.
         application.key("Tab")
-        application.wait_for_keyboard_on(self.export, "push button")
-        self.assertIsNone(application.find(self.catalogue["files-export.choose-destination"], "dialog"))
+        application.wait_for_keyboard_on(self.export, Role.PUSH_BUTTON)
+        self.assertIsNone(application.find(self.catalogue["files-export.choose-destination"], Role.DIALOG))
 
     def test_a_key_that_brought_an_alert_up_dismisses_it_only_when_it_is_pressed_again(self):
         self.engine.behave(inspect=fails("did not unlock"))
@@ -134,34 +135,34 @@ class Keyboard(RecoveryTestCase):
             self.assertIsNotNone(application.alert())
         self.assertIsNotNone(application.alert())
         application.key("Return")
-        application.wait_until_gone(OKAY, "push button")
+        application.wait_until_gone(OKAY, Role.PUSH_BUTTON)
 
     def test_another_package_can_be_chosen_from_the_snapshots(self):
         another = self.catalogue["recovery.choose-another-package.action"]
         application = self.started()
         self.inspect_by_keyboard(application)
         application.wait_for_snapshots()
-        application.tab_to(another, "push button")
+        application.tab_to(another, Role.PUSH_BUTTON)
         application.key("Return")
-        application.wait_for_keyboard_on(self.choose, "push button")
-        self.assertIsNone(application.find(another, "push button"))
+        application.wait_for_keyboard_on(self.choose, Role.PUSH_BUTTON)
+        self.assertIsNone(application.find(another, Role.PUSH_BUTTON))
 
     def test_a_backup_without_snapshots_says_so_and_leads_back(self):
         self.engine.behave(inspect=prints(inspection([])))
         application = self.started()
         self.inspect_by_keyboard(application)
         application.wait_for_text(NO_SNAPSHOTS)
-        application.wait_for_keyboard_on(self.catalogue["recovery.choose-another-package.action"], "push button")
+        application.wait_for_keyboard_on(self.catalogue["recovery.choose-another-package.action"], Role.PUSH_BUTTON)
         application.key("space")
-        application.wait_for_keyboard_on(self.choose, "push button")
+        application.wait_for_keyboard_on(self.choose, Role.PUSH_BUTTON)
 
     def test_escape_cancels_an_inspection(self):
         self.engine.behave(inspect=waits())
         application = self.started()
         self.inspect_by_keyboard(application)
-        application.wait_for_keyboard_on(self.cancel, "push button")
+        application.wait_for_keyboard_on(self.cancel, Role.PUSH_BUTTON)
         application.key("Escape")
-        application.wait_for_keyboard_on(self.prompt, "password text")
+        application.wait_for_keyboard_on(self.prompt, Role.PASSWORD_TEXT)
         self.assertIsNone(application.alert())
 
     def test_escape_cancels_an_export(self):
@@ -171,9 +172,9 @@ class Keyboard(RecoveryTestCase):
         application.wait_for_snapshots()
         application.choose_destination(self.scratch / "Recovered")
         application.focus_window()
-        application.wait_for_keyboard_on(self.cancel, "push button")
+        application.wait_for_keyboard_on(self.cancel, Role.PUSH_BUTTON)
         application.key("Escape")
-        application.wait_for_keyboard_on(self.export, "push button")
+        application.wait_for_keyboard_on(self.export, Role.PUSH_BUTTON)
         self.assertIsNone(application.alert())
 
     def test_return_cancels_no_operation_on_any_desktop(self):
@@ -182,12 +183,12 @@ class Keyboard(RecoveryTestCase):
                 self.engine.behave(inspect=waits())
                 application = self.started(XDG_CURRENT_DESKTOP=desktop)
                 self.inspect_by_keyboard(application)
-                application.wait_for_keyboard_on(self.cancel, "push button")
+                application.wait_for_keyboard_on(self.cancel, Role.PUSH_BUTTON)
                 for key in ("Return", "KP_Enter"):
                     application.key(key)
                 # Keys are taken in their order. Had one of these cancelled, the next would be typed into the field.
                 application.key("space")
-                application.wait_for_keyboard_on(self.prompt, "password text")
+                application.wait_for_keyboard_on(self.prompt, Role.PASSWORD_TEXT)
                 self.assertEqual(0, application.secure_field().character_count)
                 application.stop()
 
@@ -198,7 +199,7 @@ class Keyboard(RecoveryTestCase):
                 application = self.started(XDG_CURRENT_DESKTOP=desktop)
                 self.choose_by_keyboard(application)
                 application.type_text("secret")
-                application.tab_to(self.catalogue["backup.factor.passphrase"], "radio button")
+                application.tab_to(self.catalogue["backup.factor.passphrase"], Role.RADIO_BUTTON)
                 application.key("Return")
                 application.wait_for_snapshots()
                 self.assertEqual(runs + 1, len(self.engine.runs))
@@ -207,11 +208,11 @@ class Keyboard(RecoveryTestCase):
     def test_arrows_pick_the_factor(self):
         application = self.started()
         passphrase, key = (self.catalogue[f"backup.factor.{factor}"] for factor in ("passphrase", "recovery-key"))
-        application.tab_to(passphrase, "radio button")
+        application.tab_to(passphrase, Role.RADIO_BUTTON)
         for arrow, name, prompt in (("Right", key, "recovery-key"), ("Left", passphrase, "backup-passphrase")):
             application.key(arrow)
-            application.wait_for_keyboard_on(name, "radio button")
-            wait_for(f"“{name}”", lambda: "checked" in application.find(name, "radio button").states)
+            application.wait_for_keyboard_on(name, Role.RADIO_BUTTON)
+            wait_for(f"“{name}”", lambda: "checked" in application.find(name, Role.RADIO_BUTTON).states)
             self.assertEqual(self.catalogue[f"recovery.prompt.{prompt}"], application.secure_field().name)
 
     def test_arrows_pick_a_snapshot(self):
@@ -249,10 +250,10 @@ class Keyboard(RecoveryTestCase):
         application = self.started()
         self.inspect_by_keyboard(application)
         application.wait_for_alert()
-        application.wait_for_keyboard_on(OKAY, "push button")
+        application.wait_for_keyboard_on(OKAY, Role.PUSH_BUTTON)
         application.key("Return")
-        application.wait_until_gone(OKAY, "push button")
-        application.wait_for_keyboard_on(self.prompt, "password text")
+        application.wait_until_gone(OKAY, Role.PUSH_BUTTON)
+        application.wait_for_keyboard_on(self.prompt, Role.PASSWORD_TEXT)
 
 
 if __name__ == "__main__":

@@ -9,6 +9,7 @@ from gi.repository import Gio
 
 from catalogue import SHOW_IN_FINDER
 from recovery_test_case import RecoveryTestCase
+from role import Role
 from samples import sample
 from waiting import wait_for
 
@@ -47,7 +48,7 @@ class RevealingTestCase(RecoveryTestCase):
 
     def assert_shows_path(self, application, folder):
         """The path of a folder is shown, as a text that is selected as a whole."""
-        shown = application.wait_for_object(self.catalogue["files-export.folder"], "text")
+        shown = application.wait_for_object(self.catalogue["files-export.folder"], Role.TEXT)
         self.assertEqual(str(folder), shown.text.translate(dict.fromkeys(map(ord, _ISOLATES))))
         self.assertEqual((0, shown.character_count), shown.selection)
 

@@ -21,6 +21,7 @@ from application import WINDOW_TITLE
 from engines import fails, inspection, prints, waits
 from process_memory import FRAGMENT_LENGTH, fragments, traces
 from recovery_test_case import RecoveryTestCase
+from role import Role
 from waiting import wait_for
 import processes
 import x_selection
@@ -206,14 +207,14 @@ class SecretMemory(RecoveryTestCase):
         self.type_secret(application, secret)
         application.press_inspect()
         self.engine.wait_for_run(1)
-        application.wait_for_keyboard_on(self.catalogue["recovery.action.cancel-restore"], "push button")
+        application.wait_for_keyboard_on(self.catalogue["recovery.action.cancel-restore"], Role.PUSH_BUTTON)
         again = random_secret()
         self.click_into_the_field(application)
         application.type_text(again)
         gate.touch()
         application.wait_for_snapshots()
         # Keys are taken in their order: once these have worked, those before them have.
-        application.tab_to(self.catalogue["files-export.start"], "push button")
+        application.tab_to(self.catalogue["files-export.start"], Role.PUSH_BUTTON)
         self.assert_gone(application, again)
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()

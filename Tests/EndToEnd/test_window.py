@@ -4,6 +4,7 @@ import unittest
 
 from accessibility import Activations
 from recovery_test_case import RecoveryTestCase
+from role import Role
 from waiting import wait_for
 import window_manager
 
@@ -48,7 +49,7 @@ class Window(RecoveryTestCase):
     def test_assistive_technology_hears_that_it_has_become_active(self):
         heard = Activations(self.desktop.accessibility)
         application = self.start()
-        self.assertEqual("frame", application.window.role)
+        self.assertEqual(Role.FRAME, application.window.role)
         application.take_keyboard_away()
         before = len(heard.names)
         application.focus_window()

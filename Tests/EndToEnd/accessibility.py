@@ -1,5 +1,8 @@
 """The accessibility tree, read and used as assistive technology does: over its bus, and asking anew each time."""
 
+import collections
+import functools
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -21,6 +24,8 @@ STATES = {name: int(getattr(Atspi.StateType, name.upper()))
           for name in ("busy", "checked", "editable", "enabled", "focusable", "focused", "selectable",
                        "selected", "sensitive", "showing", "visible")}
 
+Facts = collections.namedtuple("Facts", "role name states child_count")
+
 
 class Gone(Exception):
     """The object, or the whole application, is no longer there."""
@@ -41,6 +46,7 @@ class AccessibilityBus:
             "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None,
             None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()[0]
         self._bus = _connect(address)
+        self._answers = GLib.MainContext()
 
     def close(self):
         self._bus.close_sync(None)
@@ -52,6 +58,45 @@ class AccessibilityBus:
                                        Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()
         except GLib.Error as error:
             raise Gone(f"{interface}.{method}: {error.message}") from error
+
+    def call_all(self, calls):
+        """The answers to some (owner, path, interface, method, arguments), all of which are under way at once."""
+        answers = {}
+
+        def receive(bus, answer, index):
+            try:
+                answers[index] = bus.call_finish(answer).unpack()
+            except GLib.Error as error:
+                answers[index] = error
+
+        # Answers come in a context of their own. Events wait until they are asked for.
+        self._answers.push_thread_default()
+        for index, call in enumerate(calls):
+            self._bus.call(*call, None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None, receive, index)
+        self._answers.pop_thread_default()
+        while len(answers) < len(calls):
+            self._answers.iteration(True)
+        for answer in answers.values():
+            if isinstance(answer, GLib.Error):
+                raise Gone(answer.message) from answer
+        return [answers[index] for index in range(len(calls))]
+
+    def facts_of(self, items):
+        """The Facts of each of some objects."""
+        answers = iter(self.call_all([question for item in items for question in item.questions()]))
+        return {item: Facts(Role(role), name, _states(bits), count)
+                for item, (role,), (name,), (bits,), (count,) in zip(items, answers, answers, answers, answers)}
+
+    def children_of(self, counts):
+        """The children of each of some objects, given as a dictionary with their number; of very many, the first ones."""
+        asked = [(item, index) for item, count in counts.items()
+                 for index in ([None] if 0 < count <= _MANY_CHILDREN else range(min(count, _MANY_CHILDREN)))]
+        found = {item: [] for item in counts}
+        answers = self.call_all([item.question_for_children(index) for item, index in asked])
+        for (item, index), (answer,) in zip(asked, answers):
+            references = answer if index is None else [answer]
+            found[item] += [Accessible(self, *reference) for reference in references if not _is_null(reference)]
+        return found
 
     def ask_for(self, event):
         """Toolkits send only the events that somebody has asked for."""
@@ -166,7 +211,19 @@ class Accessible:
         return self._bus.call(self._owner, self._path, interface, method, arguments)
 
     def _property(self, interface, name):
-        return self._call("org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (interface, name)))[0]
+        return self._call(*_get(interface, name))[0]
+
+    def questions(self):
+        """What `AccessibilityBus.facts_of` asks for, as calls."""
+        asked = ((_ACCESSIBLE, "GetRole", None), _get(_ACCESSIBLE, "Name"), (_ACCESSIBLE, "GetState", None),
+                 _get(_ACCESSIBLE, "ChildCount"))
+        return [(self._owner, self._path, *question) for question in asked]
+
+    def question_for_children(self, index=None):
+        """The call that asks for all children, or for the one of an index."""
+        if index is None:
+            return self._owner, self._path, _ACCESSIBLE, "GetChildren", None
+        return self._owner, self._path, _ACCESSIBLE, "GetChildAtIndex", GLib.Variant("(i)", (index,))
 
     @property
     def name(self):
@@ -182,9 +239,7 @@ class Accessible:
 
     @property
     def states(self):
-        low, high = self._call(_ACCESSIBLE, "GetState")[0]
-        bits = low | high << 32
-        return {name for name, bit in STATES.items() if bits >> bit & 1}
+        return _states(self._call(_ACCESSIBLE, "GetState")[0])
 
     @property
     def interfaces(self):
@@ -202,13 +257,7 @@ class Accessible:
     @property
     def children(self):
         """The children; of very many, the first ones."""
-        count = self.child_count
-        if count <= _MANY_CHILDREN:
-            references = self._call(_ACCESSIBLE, "GetChildren")[0]
-        else:
-            references = [self._call(_ACCESSIBLE, "GetChildAtIndex", GLib.Variant("(i)", (index,)))[0]
-                          for index in range(_MANY_CHILDREN)]
-        return [Accessible(self._bus, owner, path) for owner, path in references if not path.endswith("/null")]
+        return self._bus.children_of({self: self.child_count})[self]
 
     @property
     def character_count(self):
@@ -249,12 +298,19 @@ class Accessible:
     def grab_focus(self):
         self._call("org.a11y.atspi.Component", "GrabFocus")
 
-    def walk(self, depth=0):
-        """This object and all below it that is shown, each with its depth, before what is in it."""
-        yield self, depth
-        for child in self.children:
-            if child.is_showing:
-                yield from child.walk(depth + 1)
+
+def _states(words):
+    bits = words[0] | words[1] << 32
+    return {name for name, bit in STATES.items() if bits >> bit & 1}
+
+
+def _is_null(reference):
+    return reference[1].endswith("/null")
+
+
+@functools.cache
+def _get(interface, name):
+    return "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (interface, name))
 
 
 def _take_events():

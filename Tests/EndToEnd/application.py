@@ -1,21 +1,18 @@
 """A running application, driven through its accessibility tree and its keyboard."""
 
-import collections
 import itertools
 import pathlib
 import re
 import subprocess
 
 from accessibility import Gone
+from look import look_at
 from role import Role
 from waiting import wait_for
 import processes
 import window_manager
 
 WINDOW_TITLE = "Ambrel Recovery"
-
-# One object that is shown, as it was at one look; `depth` counts from the application itself.
-Shown = collections.namedtuple("Shown", "item role name depth")
 
 
 class Application:
@@ -62,7 +59,7 @@ class Application:
         if self.process.poll() is not None:
             raise AssertionError(f"the application has ended with {self.process.returncode}: {self._log.read_text()}")
         try:
-            return [Shown(item, item.role, item.name, depth) for item, depth in self._root.walk()]
+            return look_at(self._desktop.accessibility, self._root)
         except Gone:
             return None  # Something went away meanwhile; another look is needed.
 
@@ -79,9 +76,10 @@ class Application:
         return None
 
     def inside(self, *roles):
-        """What is shown in each object of the roles, as a list for each."""
+        """Each object of the roles that is shown, with the list of what is shown in it."""
         everything = self.shown()
-        return [list(itertools.takewhile(lambda inner, depth=outer.depth: inner.depth > depth, everything[index + 1:]))
+        return [(outer, list(itertools.takewhile(lambda inner, depth=outer.depth: inner.depth > depth,
+                                                 everything[index + 1:])))
                 for index, outer in enumerate(everything) if outer.role in roles]
 
     def wait_for_shown(self, what, condition, seconds=30.0):
@@ -114,13 +112,15 @@ class Application:
 
     def is_enabled(self, name):
         """Whether the button of this name is there and can be pressed now."""
-        button = self.find(name, Role.PUSH_BUTTON)
-        return button is not None and "enabled" in button.states
+        return self._enabled_button(name) is not None
+
+    def _enabled_button(self, name):
+        return next((shown.item for shown in self.shown()
+                     if (shown.role, shown.name) == (Role.PUSH_BUTTON, name) and "enabled" in shown.states), None)
 
     def press(self, name):
         """Presses a button as soon as it is there and can be pressed."""
-        self.wait_for_shown(f"“{name}” to become enabled", lambda: self.is_enabled(name))
-        self.button(name).do_action("press")
+        self.wait_for_shown(f"“{name}” to become enabled", lambda: self._enabled_button(name)).do_action("press")
 
     # Pointer, keyboard and window
 
@@ -161,19 +161,20 @@ class Application:
     def tab_to(self, name, role):
         """Presses the tab key in the main window until the control of this name and role has the keyboard."""
         window_manager.give_keyboard(self._desktop.display, self._window_identifier())
+        focused = wait_for("the keyboard in the window", self._focused)
         for _ in range(40):
-            focused = wait_for("the keyboard in the window", self._focused)
             if (focused.name, focused.role) == (name, role):
                 return
             self.key("Tab")
-            wait_for("the keyboard to move on", lambda: self._focused() not in (None, focused), 5.0)
+            focused = wait_for("the keyboard to move on", lambda: self._focused_other_than(focused.item))
         raise AssertionError(f"the tab key does not lead to {role} “{name}”")
 
     def _focused(self):
-        try:
-            return next((shown for shown in self.shown() if "focused" in shown.item.states), None)
-        except Gone:
-            return None
+        return next((shown for shown in self.shown() if "focused" in shown.states), None)
+
+    def _focused_other_than(self, item):
+        focused = self._focused()
+        return focused if focused is not None and focused.item != item else None
 
     def wait_for_keyboard_on(self, name, role):
         """Waits until the control of this name and role has the keyboard."""

@@ -1,7 +1,5 @@
 """The application under test: the steps of the road through it, by the names that its catalogue gives them."""
 
-import itertools
-
 from application import WINDOW_TITLE, Application
 from catalogue import OKAY, SHOW_IN_FINDER
 from role import Role
@@ -30,13 +28,14 @@ class RecoveryApplication(Application):
 
     def panel_name_field(self, title):
         """Waits for the file panel of a title and gives the field with the file's name."""
-        self.wait_for_object(title, Role.DIALOG)
-
         def field():
-            return next((shown.item for panel in self.inside(Role.DIALOG) for shown in panel
-                         if shown.role == Role.TEXT), None)
+            return next((shown.item for shown in self._in_panel(title) if shown.role == Role.TEXT), None)
 
         return self.wait_for_shown(f"the file name in “{title}”", field)
+
+    def _in_panel(self, title):
+        """What is shown in the file panel of a title; nothing where there is none."""
+        return next((inner for outer, inner in self.inside(Role.DIALOG) if outer.name == title), [])
 
     def answer_panel(self, title, path, by_keyboard=False):
         """Enters a path into a file panel, key by key where that is what the test is about, and confirms it."""
@@ -59,9 +58,8 @@ class RecoveryApplication(Application):
         self.panel_name_field(title).set_text(str(path))
 
         def button():
-            return next((shown.item for panel in self.inside(Role.DIALOG) for shown in panel
-                         if (shown.role, shown.name) == (Role.PUSH_BUTTON, title)
-                         and "enabled" in shown.item.states), None)
+            return next((shown.item for shown in self._in_panel(title)
+                         if (shown.role, shown.name) == (Role.PUSH_BUTTON, title) and "enabled" in shown.states), None)
 
         self.wait_for_shown(f"the button of “{title}”", button).do_action("press")
         self.wait_until_gone(title, Role.DIALOG)
@@ -108,9 +106,9 @@ class RecoveryApplication(Application):
 
     # The snapshots, and the last screen
 
-    def row_objects(self):
-        """The rows in the list of snapshots, top first."""
-        return [shown.item for shown in self._rows()]
+    def row_states(self):
+        """The states of each row in the list of snapshots, top first."""
+        return [shown.states for shown in self._rows()]
 
     def rows(self):
         """The names of the rows in the list of snapshots, top first."""
@@ -121,19 +119,14 @@ class RecoveryApplication(Application):
 
     def _items_of(self, list_name):
         """The items of the list with this name."""
-        everything = self.shown()
-        for index, outer in enumerate(everything):
-            if (outer.role, outer.name) == (Role.LIST, list_name):
-                inside = itertools.takewhile(lambda shown, depth=outer.depth: shown.depth > depth,
-                                             everything[index + 1:])
-                return [shown for shown in inside if shown.role == Role.LIST_ITEM]
-        return []
+        return next(([shown for shown in inner if shown.role == Role.LIST_ITEM]
+                     for outer, inner in self.inside(Role.LIST) if outer.name == list_name), [])
 
     # The side rail
 
     def steps(self):
         """The three steps, each with its name, its description and which of "selected" and "checked" it is."""
-        return [(shown.name, shown.item.description, shown.item.states & {"selected", "checked"})
+        return [(shown.name, shown.item.description, shown.states & {"selected", "checked"})
                 for shown in self._items_of("")]
 
     def wait_for_snapshots(self):
@@ -151,7 +144,7 @@ class RecoveryApplication(Application):
 
     def alert(self):
         """(title, body) of the alert that is shown, or None."""
-        for parts in self.inside(Role.ALERT, Role.DIALOG):
+        for _, parts in self.inside(Role.ALERT, Role.DIALOG):
             texts = [shown.name for shown in parts if shown.role == Role.LABEL]
             if any(shown.name == OKAY for shown in parts) and len(texts) == 2:
                 return tuple(texts)

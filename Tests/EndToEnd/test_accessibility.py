@@ -22,7 +22,7 @@ class Accessibility(RecoveryTestCase):
             application.wait_for_text(text)
 
     def assert_every_control_has_a_name(self, application):
-        for item, role, name, _ in application.shown():
+        for item, role, name, *_ in application.shown():
             if role in CONTROLS:
                 self.assertNotEqual("", name, f"a {role} has no name: {item.extents}")
 
@@ -141,10 +141,10 @@ class Accessibility(RecoveryTestCase):
         self.assertTrue(application.is_enabled(self.catalogue["files-export.start"]))
         chosen = {"selectable", "selected", "checked"}
         self.assertEqual([chosen, {"selectable"}, {"selectable"}],
-                         [row.states & chosen for row in application.row_objects()])
+                         [states & chosen for states in application.row_states()])
 
         application.choose_row(names[2])
-        wait_for("the choice", lambda: [row.states & chosen for row in application.row_objects()]
+        wait_for("the choice", lambda: [states & chosen for states in application.row_states()]
                  == [{"selectable"}, {"selectable"}, chosen])
         application.choose_destination(self.scratch / "Recovered")
         application.wait_for_completion()

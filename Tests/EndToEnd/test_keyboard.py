@@ -66,9 +66,9 @@ class Keyboard(RecoveryTestCase):
         index = [item["selectionCode"] for item in _THREE_SNAPSHOTS].index(code)
 
         def is_reached():
-            rows = application.row_objects()
+            rows = application.row_states()
             return len(rows) == 3 and all(
-                (set(states) if at == index else set()) == row.states & set(states) for at, row in enumerate(rows))
+                (set(states) if at == index else set()) == row & set(states) for at, row in enumerate(rows))
 
         wait_for(f"“{code}” to be {' and '.join(states)}", is_reached)
 

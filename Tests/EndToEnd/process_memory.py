@@ -71,9 +71,21 @@ def mappings(pid):
 
 
 def fragments(contents, secret):
-    """(encoding, offset, text) of everything in some bytes that is at least a fragment of the secret."""
+    """(encoding, offset, text) of everything in some bytes that is at least a fragment of the secret.
+
+    The secret is ASCII and has no repetitions.
+    """
+    # Without the bytes that are none of the secret's, a fragment is the same in every encoding, and little is left to
+    # search. Mostly that finds nothing, and nothing is there then.
+    others = bytes(set(range(256)) - set(secret.encode()))
+    if not _fragments(contents.translate(None, others), secret, ENCODINGS[:1]):
+        return []
+    return _fragments(contents, secret, ENCODINGS)
+
+
+def _fragments(contents, secret, encodings):
     found = set()
-    for encoding in ENCODINGS:
+    for encoding in encodings:
         whole = secret.encode(encoding)
         width = len(whole) // len(secret)
         for index in range(0, len(secret) - _PROBE_LENGTH + 1, _PROBE_DISTANCE):
@@ -103,8 +115,8 @@ def _extended(contents, whole, width, index, offset):
 def traces(pid, secret):
     """Every trace of the secret in all readable mappings of a process, which stands still meanwhile.
 
-    The secret is ASCII and has no repetitions. Raises MemoryNotReadable where this process lacks the right to look; an
-    empty list always means that everything was searched.
+    Raises MemoryNotReadable where this process lacks the right to look; an empty list always means that everything was
+    searched.
     """
     found = []
     with _standing_still(pid), _memory(pid) as memory:

@@ -8,7 +8,6 @@ import sys
 
 from waiting import wait_for
 
-_PR_SET_PDEATHSIG = 1
 _PR_SET_CHILD_SUBREAPER = 36
 _libc = ctypes.CDLL(None, use_errno=True)
 
@@ -16,9 +15,11 @@ _libc = ctypes.CDLL(None, use_errno=True)
 def take_charge():
     """Makes this process the parent of every descendant whose own parent ends, so that none is lost from sight.
 
-    A request to end unwinds it like an error, so that what it started is ended, too.
+    A request to end unwinds it like an error, so that what it started is ended, too. A shell has its background jobs
+    ignore SIGINT; what is tested here does not.
     """
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
+    for number in (signal.SIGTERM, signal.SIGINT):
+        signal.signal(number, lambda number, _: sys.exit(128 + number))
     if _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0:
         raise OSError(ctypes.get_errno(), "prctl")
 
@@ -44,11 +45,8 @@ def may_look_into(pid):
 
 def start(arguments, **options):
     """Starts a program that ends with this process, even if this process is killed."""
-
-    def end_with_parent():
-        _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0)
-
-    return subprocess.Popen(arguments, preexec_fn=end_with_parent, **options)
+    # Not by a function that runs between fork and exec, which is unsafe beside threads.
+    return subprocess.Popen(["setpriv", "--pdeathsig=TERM", *arguments], **options)
 
 
 def stop(process, seconds=10.0):

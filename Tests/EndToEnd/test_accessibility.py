@@ -1,13 +1,12 @@
 """Everything that is shown stands in the accessibility tree, with its role, its name and its states."""
 
-import unittest
-
 from accessibility import Announcements, StateChanges
 from catalogue import NO_ACCOUNT, OKAY, READ_ONLY, STEP_COMPLETED
 from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for
+import case_results
 
 CONTROLS = (Role.PUSH_BUTTON, Role.RADIO_BUTTON, Role.PASSWORD_TEXT, Role.LIST_ITEM)
 
@@ -231,4 +230,4 @@ class Accessibility(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -3,12 +3,12 @@
 import contextlib
 import dataclasses
 import shutil
-import unittest
 
 from engines import gated
 from package_digest import contents
 from recovery_test_case import RecoveryTestCase
 from samples import sample
+import case_results
 
 
 class BadPackages(RecoveryTestCase):
@@ -199,4 +199,4 @@ class BadPackages(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

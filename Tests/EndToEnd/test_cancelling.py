@@ -1,11 +1,11 @@
 """Stopping a long step, and going on afterwards."""
 
 import shlex
-import unittest
 
 from engines import LEAVE_INPUT, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import case_results
 import processes
 
 
@@ -92,4 +92,4 @@ class Cancelling(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

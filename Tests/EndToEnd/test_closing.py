@@ -2,13 +2,13 @@
 
 import os
 import signal
-import unittest
 
 from application import WINDOW_TITLE
 from catalogue import SHOW_IN_FINDER
 from engines import ignores_requests_to_end, waits
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import case_results
 import processes
 
 
@@ -156,4 +156,4 @@ class EndOfTheDisplay(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

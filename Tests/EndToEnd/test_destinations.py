@@ -2,12 +2,12 @@
 
 import os
 import shutil
-import unittest
 
 from engines import gated
 from package_digest import digest
 from recovery_test_case import RecoveryTestCase
 from samples import sample
+import case_results
 
 
 class Destinations(RecoveryTestCase):
@@ -86,4 +86,4 @@ class Destinations(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

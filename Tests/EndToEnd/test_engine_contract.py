@@ -1,10 +1,10 @@
 """What an engine is given: arguments, standard input, descriptors, signals, environment, output files."""
 
 import re
-import unittest
 
 from engines import prints, inspection, snapshot
 from recovery_test_case import RecoveryTestCase
+import case_results
 
 PRIVATE_DIRECTORY = re.compile(
     r"/com\.ambrel\.recovery-output\.[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}$")
@@ -96,4 +96,4 @@ class EngineContract(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -2,10 +2,10 @@
 
 import os
 import signal
-import unittest
 
 from engines import (LEAVE_INPUT, dies, export_report, fails, floods, inspection, prints, prints_and_fails)
 from recovery_test_case import RecoveryTestCase
+import case_results
 
 # Error text of the engine, and the failure for the passphrase and for the recovery key.
 ERROR_TEXTS = [
@@ -201,4 +201,4 @@ class UnusableEngines(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -1,7 +1,6 @@
 """The application where something is missing that every desktop has, or is not what it should be."""
 
 import pathlib
-import unittest
 
 from application import WINDOW_TITLE
 from foreign_socket import ForeignSocket
@@ -10,6 +9,7 @@ from package_digest import contents
 from recovery_test_case import RecoveryTestCase
 from samples import sample
 from waiting import wait_for
+import case_results
 import processes
 import window_manager
 
@@ -75,4 +75,4 @@ class HostileSurroundings(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -1,7 +1,6 @@
 """The application by keyboard alone: where the keyboard is on each screen, and what its keys do there."""
 
 import contextlib
-import unittest
 
 from accessibility import StateChanges
 from catalogue import NO_SNAPSHOTS, OKAY, SHOW_IN_FINDER
@@ -9,6 +8,7 @@ from engines import fails, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for
+import case_results
 import window_manager
 
 _THREE_SNAPSHOTS = [snapshot("newest", 1_700_000_000_000),
@@ -257,4 +257,4 @@ class Keyboard(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

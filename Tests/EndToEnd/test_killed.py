@@ -2,13 +2,13 @@
 
 import os
 import signal
-import unittest
 
 from engines import held_back, waits
 from package_digest import contents
 from recovery_test_case import RecoveryTestCase
 from samples import sample
 from waiting import wait_for
+import case_results
 import processes
 
 
@@ -73,4 +73,4 @@ class KilledApplication(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

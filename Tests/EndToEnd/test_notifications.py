@@ -1,13 +1,12 @@
 """The end of a long step is told to a user who looks at another window."""
 
-import unittest
-
 from gi.repository import GLib
 
 from bus_service import BusService
 from engines import fails, gated
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import case_results
 
 _INTERFACE = """
 <interface name="org.freedesktop.Notifications">
@@ -87,4 +86,4 @@ class Notifications(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

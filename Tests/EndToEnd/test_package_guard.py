@@ -7,6 +7,7 @@ import unittest
 
 from package_guard import PackageGuard
 from waiting import wait_for
+import case_results
 
 
 class WatchedPackage(unittest.TestCase):
@@ -150,4 +151,4 @@ class WatchedPackage(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

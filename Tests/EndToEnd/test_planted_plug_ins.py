@@ -4,9 +4,9 @@ import os
 import pathlib
 import shutil
 import tempfile
-import unittest
 
 from recovery_test_case import RecoveryTestCase
+import case_results
 
 _PLANTED = pathlib.Path(os.environ["AMBREL_BUILD"]) / "Tests" / "EndToEnd" / "libPlantedPlugIn.so"
 
@@ -44,4 +44,4 @@ class PlantedPlugIns(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -2,10 +2,10 @@
 
 import os
 import subprocess
-import unittest
 
 from installation import environment_of
 from recovery_test_case import RecoveryTestCase
+import case_results
 
 _LIBRARIES = ("libjemalloc.so.2", "libmimalloc.so.2", "libtcmalloc_minimal.so.4", "libc_malloc_debug.so.0")
 
@@ -41,4 +41,4 @@ class PreloadedAllocators(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -3,7 +3,6 @@
 import pathlib
 import shutil
 import tempfile
-import unittest
 
 from gi.repository import Gio
 
@@ -12,6 +11,7 @@ from recovery_test_case import RecoveryTestCase
 from role import Role
 from samples import sample
 from waiting import wait_for
+import case_results
 
 _ISOLATES = "\u2068\u2069"
 
@@ -90,4 +90,4 @@ class NoFileManager(RevealingTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -23,6 +23,7 @@ from process_memory import FRAGMENT_LENGTH, fragments, traces
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for
+import case_results
 import processes
 import x_selection
 
@@ -309,4 +310,4 @@ if __name__ == "__main__":
                                             stdin=subprocess.DEVNULL).returncode == 0
         if can_have_namespace:
             os.execvp("unshare", ["unshare", "--user", "--map-root-user", sys.executable, "-B", *sys.argv])
-    unittest.main()
+    case_results.main()

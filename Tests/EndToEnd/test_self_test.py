@@ -9,6 +9,7 @@ import unittest
 
 from engines import ScriptedEngine, dies, prints_and_fails
 from installation import Installation
+import case_results
 
 BUILT_APPLICATION = os.environ["AMBREL_APPLICATION"]
 
@@ -123,4 +124,4 @@ class SelfTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -1,12 +1,12 @@
 """The machine stays awake while the engine works, and not a moment longer, however the work or the application ends."""
 
 import shutil
-import unittest
 
 from engines import waits
 from recovery_test_case import RecoveryTestCase
 from sleep_services import LoginManager, Portal
 from waiting import wait_for
+import case_results
 import processes
 
 
@@ -98,4 +98,4 @@ class ThroughTheLoginManager(StayingAwake, RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

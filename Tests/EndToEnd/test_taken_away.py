@@ -8,10 +8,10 @@ import os
 import shlex
 import subprocess
 import sys
-import unittest
 
 from engines import export_report, prints
 from recovery_test_case import BUILT_APPLICATION, RecoveryTestCase
+import case_results
 
 _IN_NAMESPACE = "AMBREL_TEST_IN_NAMESPACE"
 
@@ -57,4 +57,4 @@ if __name__ == "__main__":
         if subprocess.run([*namespace, "true"], check=False).returncode == 0:
             os.environ[_IN_NAMESPACE] = "1"
             os.execvp("unshare", [*namespace, sys.executable, "-B", *sys.argv])
-    unittest.main()
+    case_results.main()

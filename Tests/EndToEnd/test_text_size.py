@@ -1,12 +1,11 @@
 """The window follows the text size of the desktop while it is open, and keeps what was typed."""
 
-import unittest
-
 from gi.repository import GLib
 
 from bus_service import BusService
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import case_results
 
 _GROUP = "org.gnome.desktop.interface"
 _KEY = "text-scaling-factor"
@@ -53,4 +52,4 @@ class TextSize(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

@@ -2,13 +2,13 @@
 
 import pathlib
 import tempfile
-import unittest
 
 from catalogue import SHOW_IN_FINDER
 from package_digest import contents
 from recovery_test_case import BUILT_APPLICATION, RecoveryTestCase
 from samples import sample
 from walkthrough import walk
+import case_results
 
 
 class WholeRoad(RecoveryTestCase):
@@ -82,4 +82,4 @@ class WholeRoad(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

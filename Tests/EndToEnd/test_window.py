@@ -1,11 +1,10 @@
 """The window: its size, its place, and that it comes to the front."""
 
-import unittest
-
 from accessibility import Activations
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for
+import case_results
 import window_manager
 
 _SIZE = (980, 720)
@@ -57,4 +56,4 @@ class Window(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

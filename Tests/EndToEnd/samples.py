@@ -1,6 +1,7 @@
 """Sample backups, made once for a build and kept there."""
 
 import dataclasses
+import fcntl
 import os
 import pathlib
 import subprocess
@@ -29,7 +30,11 @@ class Sample:
 def sample(kind):
     """The sample of a kind. It may be read by every test and changed by none. Quick to unlock, unlike a real one."""
     build = pathlib.Path(os.environ["AMBREL_BUILD"])
-    folder = build / "EndToEndSamples" / kind
-    subprocess.run([_PROJECT / "Tools" / "make-sample", build, folder, "--kind", kind, "--fast"], check=True,
-                   stdin=subprocess.DEVNULL)
-    return Sample.read(folder)
+    samples = build / "EndToEndSamples"
+    samples.mkdir(exist_ok=True)
+    with open(samples / f"{kind}.lock", "w", encoding="utf-8") as lock:
+        # Of several tests at once one makes it. A second one would put its own in the place of what is already read.
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        subprocess.run([_PROJECT / "Tools" / "make-sample", build, samples / kind, "--kind", kind, "--fast"],
+                       check=True, stdin=subprocess.DEVNULL)
+    return Sample.read(samples / kind)

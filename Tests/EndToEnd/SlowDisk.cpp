@@ -1,5 +1,6 @@
-// Preloaded into the application: every question about the path in AMBREL_SLOW_PATH takes four seconds. Its beginning,
-// with the kind of its thread, and its end are lines in the file AMBREL_SLOW_LOG.
+// Preloaded into the application: a question about the path in AMBREL_SLOW_PATH is not answered before the file
+// AMBREL_SLOW_GATE is there. Its beginning, with the kind of its thread, and its end are lines in the file
+// AMBREL_SLOW_LOG.
 
 #include <cerrno>
 #include <chrono>
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr std::chrono::seconds slowness(4);
+constexpr std::chrono::milliseconds pause(20);
 
 bool isSlow(const char* path) {
     const char* const slow = std::getenv("AMBREL_SLOW_PATH");
@@ -28,10 +29,20 @@ void note(std::string_view line) {
     ::close(log);
 }
 
+bool isGateOpen() {
+    const int gate = ::open(std::getenv("AMBREL_SLOW_GATE"), O_RDONLY | O_CLOEXEC);
+    if (gate >= 0) {
+        ::close(gate);
+    }
+    return gate >= 0;
+}
+
 void answerSlowly(const char* path) {
     if (isSlow(path)) {
         note(::gettid() == ::getpid() ? "main thread\n" : "other thread\n");
-        std::this_thread::sleep_for(slowness);
+        while (!isGateOpen()) {
+            std::this_thread::sleep_for(pause);
+        }
         note("answered\n");
     }
 }

@@ -1,4 +1,4 @@
-"""A disk that takes four seconds for each answer about a chosen path: the window answers at once all the same."""
+"""A disk that does not answer for a while what a chosen path is: the window answers at once all the same."""
 
 import os
 import pathlib
@@ -15,20 +15,21 @@ class SlowDisk(RecoveryTestCase):
         super().setUp()
         self.engine = self.scripted_engine()
         self.log = self.scratch / "asked of the disk"
+        self.gate = self.scratch / "gate"
 
     def start_with_slow(self, path):
-        return self.start(LD_PRELOAD=str(LIBRARY), AMBREL_SLOW_PATH=str(path), AMBREL_SLOW_LOG=str(self.log))
+        """The application, of whose questions about a path none is answered before the gate is open."""
+        return self.start(LD_PRELOAD=str(LIBRARY), AMBREL_SLOW_PATH=str(path), AMBREL_SLOW_LOG=str(self.log),
+                          AMBREL_SLOW_GATE=str(self.gate))
 
     def asked(self):
         return self.log.read_text().splitlines() if self.log.exists() else []
 
-    def is_waited_for(self):
-        """Whether a thread other than the main one waits for the disk. A panel may have asked before."""
-        return self.asked()[-1:] == ["other thread"]
-
     def wait_for_question(self):
-        wait_for("a question to the disk", self.is_waited_for)
-        self.assertNotIn("main thread", self.asked())
+        wait_for("a question to the disk", self.asked)
+
+    def assert_only_other_threads_wait(self):
+        self.assertEqual({"other thread"}, set(self.asked()))
 
     def test_a_package(self):
         package = self.empty_package()
@@ -38,7 +39,8 @@ class SlowDisk(RecoveryTestCase):
         application.choose_factor("recovery-key")
         application.choose_factor("passphrase")
         self.assertNotIn(package.name, application.texts())
-        self.assertTrue(self.is_waited_for(), "the disk answered before the window did")
+        self.assert_only_other_threads_wait()
+        self.gate.touch()
         application.wait_for_text(package.name)
         application.inspect("secret")
         application.wait_for_snapshots()
@@ -53,8 +55,10 @@ class SlowDisk(RecoveryTestCase):
         application.choose_destination(folder / "Recovered")
         self.wait_for_question()
         self.assertTrue(application.is_enabled(self.catalogue["files-export.start"]))
-        self.assertTrue(self.is_waited_for(), "the disk answered before the window did")
+        self.assert_only_other_threads_wait()
+        self.gate.touch()
         application.wait_for_completion()
+        self.assertNotIn("main thread", self.asked())
         self.assertEqual(2, len(self.engine.runs))
 
     def test_the_window_can_be_closed_meanwhile(self):
@@ -64,7 +68,7 @@ class SlowDisk(RecoveryTestCase):
         self.wait_for_question()
         application.close_window()
         self.assertEqual(0, application.wait_for_end())
-        self.assertTrue(self.is_waited_for(), "the application waited for the disk")
+        self.assert_only_other_threads_wait()
 
 
 if __name__ == "__main__":

@@ -12,6 +12,7 @@
 #include <unicode/numberformatter.h>
 #include <unicode/smpdtfmt.h>
 
+#include <cstddef>
 #include <memory>
 
 namespace {

@@ -1,5 +1,7 @@
 #include "SampleSnapshots.h"
 
+#include <utility>
+
 std::shared_ptr<const AmbrelRecoveryInspectionDocument> SampleSnapshots::inspection(int count) {
     constexpr std::int64_t firstMilliseconds = 1'000'000'000'000;
     constexpr std::int64_t quarterOfAnHour = 900'000;

@@ -3,6 +3,7 @@
 #include <QString>
 #include <unicode/locid.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>

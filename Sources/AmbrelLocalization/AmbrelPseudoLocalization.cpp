@@ -6,6 +6,7 @@
 
 #include <unicode/uchar.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 /// Formatters by the text that describes them, each made at its first use and then shared by all threads.
 /// What is kept must be safe to use from several threads at once through its const functions, as ICU's are.

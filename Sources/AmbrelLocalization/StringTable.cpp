@@ -3,6 +3,8 @@
 #include <QStringView>
 #include <simdjson.h>
 
+#include <utility>
+
 StringTable StringTable::decoded(std::string_view bytes) {
     StringTable table;
     simdjson::dom::parser parser;

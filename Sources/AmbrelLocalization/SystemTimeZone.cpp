@@ -19,6 +19,6 @@ std::chrono::seconds SystemTimeZone::offset(std::chrono::sys_seconds time, const
     if (!QTimeZone::isTimeZoneIdAvailable(identifier)) {
         return {};
     }
-    const QDateTime moment = QDateTime::fromSecsSinceEpoch(time.time_since_epoch().count(), Qt::UTC);
+    const QDateTime moment = QDateTime::fromSecsSinceEpoch(time.time_since_epoch().count(), QTimeZone::utc());
     return std::chrono::seconds(QTimeZone(identifier).offsetFromUtc(moment));
 }

@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 

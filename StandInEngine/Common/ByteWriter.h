@@ -3,6 +3,7 @@
 #include "Common/Bytes.h"
 
 #include <concepts>
+#include <cstddef>
 #include <string_view>
 
 /// Builds a record: whole numbers in little-endian order, texts with their length in front.

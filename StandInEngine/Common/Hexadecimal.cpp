@@ -1,5 +1,7 @@
 #include "Common/Hexadecimal.h"
 
+#include <cstddef>
+
 namespace {
 
 constexpr std::string_view digits = "0123456789abcdef";

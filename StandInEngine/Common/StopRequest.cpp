@@ -3,6 +3,7 @@
 #include "Common/Stopped.h"
 
 #include <atomic>
+#include <cstddef>
 
 #include <unistd.h>
 

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 namespace {
 

@@ -5,6 +5,7 @@
 
 #include <sodium.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>

@@ -3,6 +3,7 @@
 #include "Output/OutputFailure.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 

@@ -1,6 +1,7 @@
 #include "SampleBackup/SampleHistory.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 SampleHistory::Snapshot SampleHistory::add(std::vector<std::size_t> items, const std::optional<Snapshot>& parent,

@@ -5,6 +5,7 @@
 #include "SamplePictures/PngFile.h"
 
 #include <array>
+#include <ctime>
 #include <fstream>
 #include <stdexcept>
 

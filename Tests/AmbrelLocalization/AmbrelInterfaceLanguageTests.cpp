@@ -6,6 +6,7 @@
 
 #include <set>
 #include <unordered_set>
+#include <vector>
 
 namespace {
 

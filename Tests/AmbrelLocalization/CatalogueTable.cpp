@@ -2,6 +2,8 @@
 
 #include <simdjson.h>
 
+#include <string_view>
+
 CatalogueTable CatalogueTable::read(const std::filesystem::path& path) {
     CatalogueTable table;
     simdjson::dom::parser parser;

@@ -1,6 +1,7 @@
 #include "DocumentText.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <stdexcept>
 
 DocumentText DocumentText::inspection() {

@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryAppSupport/CloudItems.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <system_error>

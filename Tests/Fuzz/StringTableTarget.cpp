@@ -4,6 +4,7 @@
 #include "Fuzz/Fuzzing.h"
 #include "Fuzz/JsonReading.h"
 
+#include <string>
 #include <utility>
 
 namespace {

@@ -1,6 +1,7 @@
 #include "CannedDocuments.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 

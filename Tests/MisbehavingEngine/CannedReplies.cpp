@@ -4,6 +4,7 @@
 #include "Text.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <optional>
 #include <string>
 

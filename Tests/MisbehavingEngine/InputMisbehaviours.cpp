@@ -2,6 +2,7 @@
 #include "Misbehaviour.h"
 #include "Text.h"
 
+#include <cstddef>
 #include <string>
 
 #include <unistd.h>

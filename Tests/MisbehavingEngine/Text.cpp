@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <charconv>
+#include <cstddef>
+#include <system_error>
 
 #include <unistd.h>
 

@@ -1,5 +1,7 @@
 #include "StandInEngineTest.h"
 
+#include <cctype>
+
 #include <fcntl.h>
 
 namespace {

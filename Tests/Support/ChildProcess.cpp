@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <exception>
 #include <string_view>
 #include <system_error>

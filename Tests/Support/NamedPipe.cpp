@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <stdexcept>
 #include <system_error>
 #include <utility>

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <cstddef>
 #include <string_view>
 #include <system_error>
 

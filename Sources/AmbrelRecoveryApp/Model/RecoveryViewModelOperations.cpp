@@ -13,6 +13,7 @@
 #include <QPointer>
 
 #include <future>
+#include <system_error>
 
 using RecoveryErrorPresentation::errorPresentation;
 

@@ -5,9 +5,11 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <numeric>
 #include <string_view>
+#include <tuple>
 
 #include <dirent.h>
 #include <fcntl.h>

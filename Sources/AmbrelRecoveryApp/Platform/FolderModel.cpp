@@ -7,6 +7,7 @@
 #include "AmbrelRecoveryApp/Platform/PanelTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <tuple>
 
 namespace {

@@ -9,6 +9,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int rowHeight = 32;

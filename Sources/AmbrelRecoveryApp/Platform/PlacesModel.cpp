@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <cstddef>
 
 PlacesModel::PlacesModel(QObject* parent)
     : QAbstractListModel(parent), volumeTable_(QString::fromLatin1(MountedVolumes::tablePath)) {

@@ -4,8 +4,11 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 namespace {
 

@@ -10,6 +10,7 @@
 
 #include <cctype>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 #include <vector>

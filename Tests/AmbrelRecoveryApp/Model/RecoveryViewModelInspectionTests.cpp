@@ -2,6 +2,7 @@
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "RecoveryViewModelTestCase.h"
 
+#include <algorithm>
 #include <atomic>
 #include <system_error>
 

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <fstream>
 
 #include <sys/stat.h>

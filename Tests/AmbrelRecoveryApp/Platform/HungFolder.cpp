@@ -1,6 +1,7 @@
 #include "HungFolder.h"
 
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <mutex>
 #include <string>

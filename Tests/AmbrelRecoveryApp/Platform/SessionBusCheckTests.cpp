@@ -7,7 +7,9 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <future>
+#include <string>
 #include <string_view>
 
 #include <sys/socket.h>

@@ -25,6 +25,7 @@
 #include <QStyleOptionViewItem>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 

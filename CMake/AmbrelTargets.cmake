@@ -72,5 +72,5 @@ function(ambrel_add_test name)
     TIMEOUT 900
     ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;\
 ASAN_OPTIONS=hard_rss_limit_mb=6144;\
-TSAN_OPTIONS=hard_rss_limit_mb=6144:ignore_noninstrumented_modules=1:suppressions=${suppressions}")
+TSAN_OPTIONS=hard_rss_limit_mb=6144:ignore_noninstrumented_modules=1:suppressions='${suppressions}'")
 endfunction()

@@ -1,5 +1,6 @@
 """Tools/make-sample says where the sample lies, wherever that is."""
 
+import os
 import pathlib
 import subprocess
 import tempfile
@@ -33,10 +34,18 @@ class MakeSample(unittest.TestCase):
         self.assertEqual({"Family Photos.ambrel", "Pictures", "secrets.txt"},
                          {entry.name for entry in (self.folder / "sample").iterdir()})
 
-    def test_a_sample_that_is_there_is_left_as_it_is(self):
-        first = self.make()
-        self.stand_in("make-sample-backup", 'echo "package: $4"; echo "passphrase: three four"; mkdir "$4"')
-        self.assertEqual(first, self.make())
+    def test_a_sample_that_is_newer_than_its_tools_is_left_as_it_is(self):
+        self.stand_in("make-sample-backup", 'echo "package: $4"; echo "passphrase: $RANDOM$RANDOM"; mkdir "$4"')
+        self.assertEqual(self.make(), self.make())
+
+    def test_a_sample_is_made_anew_when_either_tool_is(self):
+        self.stand_in("make-sample-backup", 'echo "package: $4"; echo "passphrase: $RANDOM$RANDOM"; mkdir "$4"')
+        for tool in ("make-sample-backup", "draw-sample-pictures"):
+            first = self.make()
+            later = (self.folder / "sample/secrets.txt").stat().st_mtime + 1
+            os.utime(self.folder / "build/StandInEngine" / tool, (later, later))
+            self.assertNotEqual(first, self.make())
+            os.utime(self.folder / "build/StandInEngine" / tool, (0, 0))
 
 
 if __name__ == "__main__":

@@ -17,7 +17,8 @@ class NotedResult(unittest.TextTestResult):
     def __init__(self, *arguments, **options):
         super().__init__(*arguments, **options)
         self.cases = {}
-        self._began = None
+        # Some versions of Python do not start what is skipped as a whole.
+        self._began = time.monotonic()
 
     def startTest(self, test):
         self._began = time.monotonic()

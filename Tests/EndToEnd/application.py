@@ -8,7 +8,7 @@ import subprocess
 from accessibility import Gone
 from look import look_at
 from role import Role
-from waiting import wait_for
+from waiting import DEFAULT_SECONDS, wait_for
 import processes
 import window_manager
 
@@ -45,7 +45,7 @@ class Application:
         """Ends the application whatever it is doing."""
         return processes.stop(self.process)
 
-    def wait_for_end(self, seconds=30.0):
+    def wait_for_end(self, seconds=DEFAULT_SECONDS):
         """The exit status of the application, once it has ended by itself."""
         return self.process.wait(seconds)
 
@@ -82,7 +82,7 @@ class Application:
                                                  everything[index + 1:])))
                 for index, outer in enumerate(everything) if outer.role in roles]
 
-    def wait_for_shown(self, what, condition, seconds=30.0):
+    def wait_for_shown(self, what, condition, seconds=DEFAULT_SECONDS):
         """Waits for a condition on what is shown; a failure tells what was shown instead."""
         try:
             return wait_for(what, condition, seconds)
@@ -90,7 +90,7 @@ class Application:
             tree = "\n".join(f"{'  ' * shown.depth}{shown.role} “{shown.name}”" for shown in self.shown())
             raise AssertionError(f"{error}; shown is:\n{tree}") from None
 
-    def wait_for_object(self, name, *roles, seconds=30.0):
+    def wait_for_object(self, name, *roles, seconds=DEFAULT_SECONDS):
         return self.wait_for_shown(f"{' or '.join(map(str, roles)) or 'an object'} “{name}”",
                                    lambda: self.find(name, *roles), seconds)
 

@@ -16,7 +16,7 @@ class Cancelling(RecoveryTestCase):
         self.cancel = self.catalogue["recovery.action.cancel-restore"]
 
     def wait_for_engine_to_end(self):
-        wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)), 10.0)
+        wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)))
 
     def test_a_cancelled_inspection_shows_no_error_and_can_be_started_again(self):
         self.engine.behave(inspect=waits())

@@ -23,7 +23,7 @@ class Closing(RecoveryTestCase):
 
     def assert_ended_well(self, application):
         self.assertEqual(0, application.wait_for_end())
-        wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)), 10.0)
+        wait_for("the end of the engine", lambda: not processes.running(str(self.installation.engine)))
         self.assertEqual([], self.temporary_files())
 
     def test_at_the_start(self):

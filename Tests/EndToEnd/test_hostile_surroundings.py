@@ -8,7 +8,7 @@ from installation import environment_of
 from package_digest import contents
 from recovery_test_case import RecoveryTestCase
 from samples import sample
-from waiting import wait_for
+from waiting import DEFAULT_SECONDS, wait_for
 import case_results
 import processes
 import window_manager
@@ -56,7 +56,7 @@ class HostileSurroundings(RecoveryTestCase):
         window = wait_for("the window", lambda: window_manager.window_of(
             self.desktop.environment, process.pid, WINDOW_TITLE))
         window_manager.request_close(self.desktop.display, window)
-        self.assertEqual(0, process.wait(30))
+        self.assertEqual(0, process.wait(DEFAULT_SECONDS))
         self.assertEqual([], self.temporary_files())
 
     def test_a_session_bus_that_is_not_there(self):

@@ -60,7 +60,7 @@ class KilledApplication(RecoveryTestCase):
 
         application.process.send_signal(signal.SIGKILL)
         self.assertEqual(-signal.SIGKILL, application.wait_for_end())
-        wait_for("the end of the engine", lambda: run.pid not in processes.descendants(os.getpid()), 10.0)
+        wait_for("the end of the engine", lambda: run.pid not in processes.descendants(os.getpid()))
         self.assertFalse((self.scratch / "Recovered").exists())
         self.assertEqual(1, len(self.temporary_files()))
 

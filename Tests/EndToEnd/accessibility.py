@@ -1,4 +1,4 @@
-"""The accessibility tree, read and used as assistive technology does: over its bus, and asking anew each time."""
+"""The accessibility tree, read and used as assistive technology does: over its bus, and asking anew for what can change."""
 
 import collections
 import functools
@@ -16,8 +16,6 @@ _MANY_CHILDREN = 100
 _REGISTRY = "org.a11y.atspi.Registry"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
-_OBJECT_EVENT = "org.a11y.atspi.Event.Object"
-_WINDOW_EVENT = "org.a11y.atspi.Event.Window"
 
 # The library of the protocol serves only for its numbers. It keeps its own copy of the tree; here every look is fresh.
 STATES = {name: int(getattr(Atspi.StateType, name.upper()))
@@ -47,6 +45,7 @@ class AccessibilityBus:
             None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()[0]
         self._bus = _connect(address)
         self._answers = GLib.MainContext()
+        self._roles = {}
 
     def close(self):
         self._bus.close_sync(None)
@@ -82,10 +81,13 @@ class AccessibilityBus:
         return [answers[index] for index in range(len(calls))]
 
     def facts_of(self, items):
-        """The Facts of each of some objects."""
-        answers = iter(self.call_all([question for item in items for question in item.questions()]))
-        return {item: Facts(Role(role), name, _states(bits), count)
-                for item, (role,), (name,), (bits,), (count,) in zip(items, answers, answers, answers, answers)}
+        """The Facts of each of some objects. An object keeps its role, which is asked for once."""
+        new = [item for item in items if item not in self._roles]
+        answers = iter(self.call_all([item.question_for_role() for item in new] +
+                                     [question for item in items for question in item.questions()]))
+        self._roles.update((item, Role(role)) for item, (role,) in zip(new, answers))
+        return {item: Facts(self._roles[item], name, _states(bits), count)
+                for item, (name,), (bits,), (count,) in zip(items, answers, answers, answers)}
 
     def children_of(self, counts):
         """The children of each of some objects, given as a dictionary with their number; of very many, the first ones."""
@@ -121,72 +123,6 @@ class AccessibilityBus:
         return None
 
 
-class Activations:
-    """The names of the windows that have become active from its making on."""
-
-    def __init__(self, bus):
-        self._bus = bus
-        self._names = []
-        bus.ask_for("window:activate")
-        bus.subscribe(_WINDOW_EVENT, "Activate", self._on_activate)
-
-    @property
-    def names(self):
-        _take_events()
-        return list(self._names)
-
-    def _on_activate(self, owner, path, _arguments):
-        try:
-            self._names.append(Accessible(self._bus, owner, path).name)
-        except Gone:
-            pass
-
-
-class StateChanges:
-    """Every change of some states from its making on, as a list of (name of the object, state, whether it is set)."""
-
-    def __init__(self, bus, *states):
-        self._bus = bus
-        self._states = states
-        self._changes = []
-        for state in states:
-            bus.ask_for(f"object:state-changed:{state}")
-        bus.subscribe(_OBJECT_EVENT, "StateChanged", self._on_state_changed)
-
-    @property
-    def changes(self):
-        _take_events()
-        return list(self._changes)
-
-    def _on_state_changed(self, owner, path, arguments):
-        state, is_set = arguments[0], arguments[1]
-        if state not in self._states:
-            return
-        changed = Accessible(self._bus, owner, path)
-        try:
-            if self._concerns(changed):
-                self._changes.append((changed.name, state, bool(is_set)))
-        except Gone:
-            pass
-
-    def _concerns(self, _changed):
-        return True
-
-
-class Announcements(StateChanges):
-    """What a screen reader says of itself: every notification from its making on, as a list of texts."""
-
-    def __init__(self, bus):
-        super().__init__(bus, "showing")
-
-    @property
-    def texts(self):
-        return [name for name, _, is_set in self.changes if is_set]
-
-    def _concerns(self, changed):
-        return changed.role == Role.NOTIFICATION
-
-
 class Accessible:
     """One object of the tree. Every property is asked for when it is read."""
 
@@ -214,10 +150,12 @@ class Accessible:
         return self._call(*_get(interface, name))[0]
 
     def questions(self):
-        """What `AccessibilityBus.facts_of` asks for, as calls."""
-        asked = ((_ACCESSIBLE, "GetRole", None), _get(_ACCESSIBLE, "Name"), (_ACCESSIBLE, "GetState", None),
-                 _get(_ACCESSIBLE, "ChildCount"))
+        """The calls that ask for the name, the states and the number of children."""
+        asked = (_get(_ACCESSIBLE, "Name"), (_ACCESSIBLE, "GetState", None), _get(_ACCESSIBLE, "ChildCount"))
         return [(self._owner, self._path, *question) for question in asked]
+
+    def question_for_role(self):
+        return self._owner, self._path, _ACCESSIBLE, "GetRole", None
 
     def question_for_children(self, index=None):
         """The call that asks for all children, or for the one of an index."""
@@ -311,12 +249,6 @@ def _is_null(reference):
 @functools.cache
 def _get(interface, name):
     return "org.freedesktop.DBus.Properties", "Get", GLib.Variant("(ss)", (interface, name))
-
-
-def _take_events():
-    context = GLib.MainContext.default()
-    while context.iteration(False):
-        pass
 
 
 def _connect(address):

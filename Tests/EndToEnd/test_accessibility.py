@@ -1,6 +1,6 @@
 """Everything that is shown stands in the accessibility tree, with its role, its name and its states."""
 
-from accessibility import Announcements, StateChanges
+from accessibility_events import Announcements, StateChanges
 from catalogue import NO_ACCOUNT, OKAY, READ_ONLY, STEP_COMPLETED
 from engines import fails, gated, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase

@@ -2,7 +2,7 @@
 
 import contextlib
 
-from accessibility import StateChanges
+from accessibility_events import StateChanges
 from catalogue import NO_SNAPSHOTS, OKAY, SHOW_IN_FINDER
 from engines import fails, inspection, prints, snapshot, waits
 from recovery_test_case import RecoveryTestCase

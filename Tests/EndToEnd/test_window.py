@@ -1,6 +1,6 @@
 """The window: its size, its place, and that it comes to the front."""
 
-from accessibility import Activations
+from accessibility_events import Activations
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for

@@ -14,6 +14,7 @@ from role import Role  # noqa: E402
 _CALL_MILLISECONDS = 20_000
 _MANY_CHILDREN = 100
 _REGISTRY = "org.a11y.atspi.Registry"
+_REGISTRY_PATH = "/org/a11y/atspi/registry"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 
@@ -46,6 +47,8 @@ class AccessibilityBus:
         self._bus = _connect(address)
         self._answers = GLib.MainContext()
         self._roles = {}
+        self._events = []
+        self._subscriptions = []
 
     def close(self):
         self._bus.close_sync(None)
@@ -102,13 +105,22 @@ class AccessibilityBus:
 
     def ask_for(self, event):
         """Toolkits send only the events that somebody has asked for."""
-        self.call(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent", GLib.Variant("(s)", (event,)))
+        self._events.append(event)
+        self.call(_REGISTRY, _REGISTRY_PATH, _REGISTRY, "RegisterEvent", GLib.Variant("(s)", (event,)))
 
     def subscribe(self, interface, signal, receive):
         """Calls `receive` with sender, path and arguments whenever the signal comes and the main context runs."""
-        self._bus.signal_subscribe(
+        self._subscriptions.append(self._bus.signal_subscribe(
             None, interface, signal, None, None, Gio.DBusSignalFlags.NONE,
-            lambda _bus, owner, path, _interface, _signal, arguments: receive(owner, path, arguments.unpack()))
+            lambda _bus, owner, path, _interface, _signal, arguments: receive(owner, path, arguments.unpack())))
+
+    def stop_listening(self):
+        """Takes back everything that was asked for: toolkits do otherwise where somebody listens."""
+        while self._subscriptions:
+            self._bus.signal_unsubscribe(self._subscriptions.pop())
+        while self._events:
+            self.call(_REGISTRY, _REGISTRY_PATH, _REGISTRY, "DeregisterEvent",
+                      GLib.Variant("(s)", (self._events.pop(),)))
 
     def application_of(self, pid):
         """The application object of a process, or None while it has not registered."""

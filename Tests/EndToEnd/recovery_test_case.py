@@ -37,6 +37,7 @@ class RecoveryTestCase(unittest.TestCase):
         self.installation = Installation(BUILT_APPLICATION, self.scratch / "Ambrel Recovery")
         self.catalogue = self.installation.catalogue
         self.desktop.file_manager.calls.clear()
+        self.addCleanup(self.desktop.accessibility.stop_listening)
         self.packages = PackageGuard()
         self.addCleanup(lambda: self.assertEqual([], self.packages.changes(), "a package was changed"))
 

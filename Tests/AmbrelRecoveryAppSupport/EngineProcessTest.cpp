@@ -79,7 +79,7 @@ TEST_F(EngineProcessTest, DestructionEndsARunningEngineAndWaitsForIt) {
     expectNoChild();
 }
 
-TEST_F(EngineProcessTest, DestructionAfterTheEndSendsNothing) {
+TEST_F(EngineProcessTest, DestructionAfterTheEndLeavesNothing) {
     auto process = engine({"exit", "0"});
     process->launch();
     process->waitForExit();

@@ -14,7 +14,19 @@
 namespace {
 
 using ProcessRunnerCancellationTest = ConversingProcessRunnerTest;
-using ProcessRunnerSingleFlightTest = ConversingProcessRunnerTest;
+
+class ProcessRunnerSingleFlightTest : public ConversingProcessRunnerTest {
+protected:
+    /// The next line of the engines' log that tells of one.
+    std::string nextStartOrEnd() {
+        std::string line;
+        do {
+            line = awaitLog("");
+        } while (!line.starts_with("started ") && !line.starts_with("finished "));
+        return line;
+    }
+};
+
 using ProcessRunnersTest = ProcessRunnerTest;
 
 } // namespace
@@ -140,7 +152,7 @@ TEST_F(ProcessRunnerCancellationTest, AtWhateverMomentIsNeverMissed) {
     }
 }
 
-TEST_F(ProcessRunnerCancellationTest, AroundTheEndOfARunReachesNobodyElse) {
+TEST_F(ProcessRunnerCancellationTest, AroundTheEndOfARunGivesAnOrdinaryResult) {
     std::atomic<bool> finished = false;
     std::thread cancelling([&] {
         while (!finished) {
@@ -221,6 +233,11 @@ TEST_F(ProcessRunnerSingleFlightTest, OfManyRunsAtOnceEachRunsAloneOrIsRefused) 
     }
     EXPECT_GE(finished, 1);
     EXPECT_EQ(finished + refused, 4);
+    // The engines took turns.
+    for (int count = 0; count < finished; ++count) {
+        EXPECT_THAT(nextStartOrEnd(), testing::StartsWith("started "));
+        EXPECT_EQ(nextStartOrEnd(), "finished 9");
+    }
 }
 
 TEST_F(ProcessRunnersTest, StartedAtOnceDoNotLeakDescriptorsIntoEachOthersEngine) {

@@ -70,7 +70,7 @@ TEST_F(RecoveryViewModelCancellation, ofALaterInspectionGoesBackToTheSnapshots) 
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItsSleep) {
+TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItAndShowsNoError) {
     cloudItems->onProperties = [] {
         return CloudItems::Properties{
             .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};

@@ -1,6 +1,7 @@
 // Operations of the model in a storm, and the model destroyed at every point of an operation.
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "RecoveryViewModelTestCase.h"
 #include "Support/MisbehavingEngine.h"
 #include "Support/OpenDescriptors.h"
@@ -12,15 +13,31 @@
 #include <QEvent>
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <iostream>
 #include <map>
+#include <set>
 
 #include <sys/wait.h>
 
 namespace {
+
+using Kind = AmbrelRecoveryFailureKind;
+
+/// The errors that misbehaviours end in. All others end in none.
+const std::map<std::string, Kind> errorsOfEngines = {
+    {"wrong-schema", Kind::generic},
+    {"garbage", Kind::generic},
+    {"did-not-unlock", Kind::wrongPassphrase},
+    {"no-output", Kind::generic},
+    {"crash", Kind::generic},
+    {"silent-failure", Kind::generic},
+    {"write-both", Kind::generic},
+    {"litter-output-directory", Kind::generic},
+};
 
 /// A model on misbehaving-engine, whose misbehaviours a file names.
 class RecoveryViewModelStorm : public RecoveryViewModelTestCase {
@@ -34,6 +51,10 @@ protected:
 
     /// In one step, since an engine may be reading it.
     void misbehave(const std::string& text) {
+        if (!model || (!model->isBusy() && !model->presentedError())) {
+            inForce_.clear();
+        }
+        inForce_.insert(text.substr(0, text.find(' ')));
         TestFiles::write(path("next"), text);
         std::filesystem::rename(path("next"), path("misbehaviour"));
     }
@@ -64,6 +85,25 @@ protected:
         constexpr int milliseconds = 60;
         static_cast<void>(QTest::qWaitFor([this] { return !model->isBusy(); }, milliseconds));
     }
+
+    /// What the user is told is what one of the engines that may have run has done, and no engine that did its part is
+    /// told of as a failure.
+    void expectFittingError() {
+        if (!model || !model->presentedError()) {
+            return;
+        }
+        const auto fits = [this](const std::string& misbehaviour) {
+            const auto kind = errorsOfEngines.find(misbehaviour);
+            return kind != errorsOfEngines.end() &&
+                   RecoveryErrorPresentation::errorPresentation(kind->second).title == model->presentedError()->title;
+        };
+        EXPECT_TRUE(std::ranges::any_of(inForce_, fits))
+            << model->presentedError()->title.toStdString() << " after " << testing::PrintToString(inForce_);
+        ++errors_;
+        model->dismissPresentedError();
+    }
+
+    int errors() const { return errors_; }
 
     /// How many engines were really started.
     int startedEngines() const {
@@ -121,6 +161,9 @@ private:
     const ScopedEnvironment choice_;
     const ScopedEnvironment log_{"AMBREL_TEST_ENGINE_LOG", path("log").string()};
     int exports_ = 0;
+    int errors_ = 0;
+    /// Since the model was last idle and showed no error.
+    std::set<std::string> inForce_;
 };
 
 constexpr std::array<const char*, 11> misbehaviours = {"fork",
@@ -190,6 +233,7 @@ TEST_F(RecoveryViewModelStorm, leavesNothing) {
                     deliverEvents();
                 }
             }
+            expectFittingError();
         }
         if (round % 10 == 9) {
             model->cancelOperation();
@@ -204,15 +248,19 @@ TEST_F(RecoveryViewModelStorm, leavesNothing) {
     model->cancelOperation();
     settle();
     EXPECT_GT(completed, 0) << "the storm never let an export come to its end";
+    EXPECT_GT(errors(), 0) << "the storm never told of a failure";
     std::cout << runs << " operations, " << startedEngines() << " engines started, " << destroyed
               << " models destroyed, " << completed << " exports complete\n";
 }
 
 TEST_F(RecoveryViewModelStorm, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothing) {
     int points = 0;
+    std::map<int, std::string> descriptors;
     while (destroyAfter(points + 1)) {
         ++points;
-        const std::map<int, std::string> descriptors = openDescriptors();
+        if (descriptors.empty()) {
+            descriptors = openDescriptors();
+        }
         expectNothingLeft(descriptors);
         EXPECT_FALSE(model);
         makeModel();

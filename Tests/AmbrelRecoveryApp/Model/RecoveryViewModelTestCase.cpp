@@ -73,7 +73,7 @@ void RecoveryViewModelTestCase::setEngineThatFails(const std::string& text, int 
 }
 
 void RecoveryViewModelTestCase::setEngineThatWaits() {
-    setEngine("touch running\nexec sleep 1000\n");
+    setEngine("touch running\nexec sleep infinity\n");
 }
 
 void RecoveryViewModelTestCase::waitUntilEngineRuns() {
@@ -144,8 +144,13 @@ void RecoveryViewModelTestCase::waitForPhase(Phase phase) {
 }
 
 void RecoveryViewModelTestCase::waitForWork() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(generousMilliseconds);
     // Not true while a check runs, which nobody waits for at the end of the process.
     while (!BackgroundTask::waitForAll(std::chrono::milliseconds(generousMilliseconds))) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            ADD_FAILURE() << "the work in the background does not end";
+            return;
+        }
         std::this_thread::yield();
     }
 }

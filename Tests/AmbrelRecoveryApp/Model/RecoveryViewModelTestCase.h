@@ -85,7 +85,8 @@ protected:
     /// Lets the event loop run until `condition` holds; a condition that never does fails the test.
     void waitUntil(const std::function<bool()>& condition);
     void waitForPhase(Phase phase);
-    /// Waits for the end of all work in the background. What it posted does not arrive meanwhile.
+    /// Waits for the end of all work in the background; work that does not end fails the test. What it posted does not
+    /// arrive meanwhile.
     static void waitForWork();
     /// The same, and what it posted has arrived.
     static void settle();

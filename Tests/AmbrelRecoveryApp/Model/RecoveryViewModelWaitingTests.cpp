@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include <chrono>
+#include <fstream>
 #include <optional>
 #include <thread>
 
@@ -26,8 +27,16 @@ protected:
     /// One that tells that it runs, and goes on when it is asked to end.
     void setEngineThatIgnoresCancellation() {
         gate_.emplace(path("gate"));
-        setEngine("trap '' TERM\ntouch running\nread line < gate\n");
+        setEngine("trap '' TERM\ntouch running\nread line < gate\ntouch ended\n");
     }
+
+    /// One that notes where it was started before the one before it had ended.
+    void setNextEngineThatPrints(const std::string& document) {
+        std::ofstream(path("document")) << document;
+        setEngine("test -e ended || touch overlapped\nprintf '%s\\n' \"$@\" > arguments\ncat > input\ncat document\n");
+    }
+
+    void expectOneAfterTheOther() const { EXPECT_FALSE(std::filesystem::exists(path("overlapped"))); }
 
     void letEngineEnd() {
         if (gate_) {
@@ -79,12 +88,12 @@ private:
 TEST_F(RecoveryViewModelWaiting, anInspectionRunsWhenTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnInspection();
-    setEngineThatPrints(inspectionDocument());
+    setNextEngineThatPrints(inspectionDocument());
     startInspection();
     waitForPhase(Phase::inspecting);
-    EXPECT_FALSE(isNextEngineStarted());
     letEngineEnd();
     waitForPhase(Phase::snapshots);
+    expectOneAfterTheOther();
     EXPECT_FALSE(model->presentedError());
     EXPECT_EQ(engineInput(), "secret\n");
 }
@@ -92,12 +101,12 @@ TEST_F(RecoveryViewModelWaiting, anInspectionRunsWhenTheCancelledOneHasEnded) {
 TEST_F(RecoveryViewModelWaiting, anExportRunsWhenTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnExport();
-    setEngineThatPrints(exportDocument());
+    setNextEngineThatPrints(exportDocument());
     chooseDestination(path("Another folder"));
     EXPECT_EQ(model->phase(), Phase::exporting);
-    EXPECT_FALSE(isNextEngineStarted());
     letEngineEnd();
     waitForPhase(Phase::complete);
+    expectOneAfterTheOther();
     EXPECT_FALSE(model->presentedError());
     EXPECT_EQ(engineInput(), "correct horse\n");
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <thread>
@@ -49,7 +50,9 @@ std::filesystem::path writeInPlace(const std::filesystem::path& path, std::strin
 void waitUntilSettled(const std::filesystem::path& path) {
     const std::optional<FileStamp> stamp = FileStamp::ofFile(path);
     ASSERT_TRUE(stamp) << path;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!stamp->isSettled()) {
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline) << path;
         std::this_thread::yield();
     }
 }

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <barrier>
+#include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -25,9 +27,12 @@ TEST(AmbrelRecoveryCredentialSessionConcurrencyTest, GivesTheWholeCredentialOrNo
         for (int reader = 0; reader < 2; ++reader) {
             readers.emplace_back([&] {
                 together.arrive_and_wait();
-                while (const std::optional<SecretBytes> copy = session.credential(recoveryKey)) {
+                const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+                std::optional<SecretBytes> copy;
+                while ((copy = session.credential(recoveryKey)) && std::chrono::steady_clock::now() < deadline) {
                     EXPECT_TRUE(isWhole(*copy));
                 }
+                EXPECT_FALSE(copy);
                 EXPECT_FALSE(session.containsCredential(recoveryKey));
             });
         }

@@ -52,49 +52,49 @@ class InstallDependencies(unittest.TestCase):
         return file.read_text(encoding="utf-8").splitlines() if file.exists() else []
 
     def test_what_is_missing_alone_is_installed(self):
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual((0, "Installing 1 Debian packages: libclang-rt-dev\n", ""),
                          (result.returncode, result.stdout, result.stderr))
         self.assertEqual(["-qq update", "-qq install --yes --no-install-recommends libclang-rt-dev"], self.calls())
 
     def test_nothing_is_asked_of_the_network_where_all_is_there(self):
         self.stand_in("dpkg-query", "echo installed clang; echo installed libclang-rt-dev")
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual((0, "", ""), (result.returncode, result.stdout, result.stderr))
         self.assertEqual([], self.calls())
 
     def test_a_check_names_what_is_missing_and_changes_nothing(self):
-        result = self.run_tool("--check", "fuzz")
+        result = self.run_tool("--check", "clang")
         self.assertEqual((1, "libclang-rt-dev\n"), (result.returncode, result.stdout))
         self.assertEqual([], self.calls())
 
     def test_the_lock_of_the_package_lists_is_awaited(self):
         self.let_fail("update", _LISTS_LOCK, _LISTS_LOCK)
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual((0, 1), (result.returncode, result.stdout.count(_WAITING)), result.stderr)
         self.assertEqual(4, len(self.calls()))
 
     def test_the_lock_of_the_installed_packages_is_awaited(self):
         self.let_fail("install", _SYSTEM_LOCK, _SYSTEM_LOCK)
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual((0, 1), (result.returncode, result.stdout.count(_WAITING)), result.stderr)
         self.assertEqual(4, len(self.calls()))
 
     def test_a_lock_that_nobody_gives_back_is_an_error_in_the_end(self):
         self.let_fail("install", *[_SYSTEM_LOCK] * 1000)
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual(1, result.returncode)
         self.assertIn(_SYSTEM_LOCK, result.stderr)
         self.assertIn("The packages could not be installed.", result.stderr)
 
     def test_a_source_that_cannot_be_read_may_be_one_that_is_not_needed(self):
         self.let_fail("update", "E: The repository does not have a Release file.")
-        self.assertEqual(0, self.run_tool("fuzz").returncode)
+        self.assertEqual(0, self.run_tool("clang").returncode)
 
     def test_a_package_that_cannot_be_had_is_an_error_at_once(self):
         self.let_fail("update", "E: No network.")
         self.let_fail("install", "E: Unable to locate package libclang-rt-dev")
-        result = self.run_tool("fuzz")
+        result = self.run_tool("clang")
         self.assertEqual(1, result.returncode)
         self.assertEqual("E: No network.\nE: Unable to locate package libclang-rt-dev\n"
                          "The packages could not be installed.\n", result.stderr)
@@ -129,7 +129,7 @@ class InstallDependencies(unittest.TestCase):
         self.environment["APT_CONFIG"] = str(self.folder / "apt.conf")
         with open(self.folder / "lists/lock", "w", encoding="utf-8") as lock:
             fcntl.lockf(lock, fcntl.LOCK_EX)
-            with subprocess.Popen([_TOOL, "fuzz"], env=self.environment, stdin=subprocess.DEVNULL,
+            with subprocess.Popen([_TOOL, "clang"], env=self.environment, stdin=subprocess.DEVNULL,
                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as tool:
                 self.assertEqual("Installing 1 Debian packages: libclang-rt-dev\n", tool.stdout.readline())
                 self.assertEqual(_WAITING, tool.stdout.readline())

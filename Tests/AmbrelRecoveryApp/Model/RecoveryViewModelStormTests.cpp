@@ -10,6 +10,7 @@
 #include "Support/TestFiles.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <QTest>
 
@@ -66,9 +67,11 @@ protected:
 
     /// Waits for the end of all work and of what follows from it.
     static void settle() {
+        const QDeadlineTimer deadline(std::chrono::minutes(1));
         do {
             waitForWork();
             deliverEvents();
+            ASSERT_FALSE(deadline.hasExpired()) << "work leads to work";
         } while (!BackgroundTask::waitForAll(std::chrono::seconds(0)));
     }
 
@@ -145,9 +148,7 @@ protected:
             }
         });
         startInspection();
-        while (model && model->isBusy()) {
-            waitUntil([this] { return !model || !model->isBusy(); });
-        }
+        waitUntil([this] { return !model || !model->isBusy(); });
         if (model) {
             chooseDestination(nextDestination());
             waitUntil([this] { return !model || !model->isBusy(); });
@@ -254,9 +255,10 @@ TEST_F(RecoveryViewModelStorm, leavesNothing) {
 }
 
 TEST_F(RecoveryViewModelStorm, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothing) {
+    constexpr int far = 1000;
     int points = 0;
     std::map<int, std::string> descriptors;
-    while (destroyAfter(points + 1)) {
+    while (points < far && destroyAfter(points + 1)) {
         ++points;
         if (descriptors.empty()) {
             descriptors = openDescriptors();

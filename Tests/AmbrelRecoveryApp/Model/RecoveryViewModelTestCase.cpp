@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Model/BackgroundTask.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QTest>
@@ -144,13 +145,10 @@ void RecoveryViewModelTestCase::waitForPhase(Phase phase) {
 }
 
 void RecoveryViewModelTestCase::waitForWork() {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(generousMilliseconds);
+    const QDeadlineTimer deadline(generousMilliseconds);
     // Not true while a check runs, which nobody waits for at the end of the process.
     while (!BackgroundTask::waitForAll(std::chrono::milliseconds(generousMilliseconds))) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            ADD_FAILURE() << "the work in the background does not end";
-            return;
-        }
+        ASSERT_FALSE(deadline.hasExpired()) << "work goes on and on";
         std::this_thread::yield();
     }
 }

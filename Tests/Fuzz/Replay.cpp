@@ -1,4 +1,4 @@
-// Runs a fuzz target on the files of its corpus, as an ordinary test of any build.
+// Runs a fuzz target on the files of its corpus and on those that once failed, as an ordinary test of any build.
 
 #include "Fuzz/Fuzzing.h"
 
@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -43,14 +44,16 @@ int main(int argumentCount, char** arguments) {
         if (LLVMFuzzerInitialize != nullptr) {
             LLVMFuzzerInitialize(&argumentCount, &arguments);
         }
-        if (argumentCount != 2) {
-            std::fprintf(stderr, "Usage: %s CORPUS-FOLDER\n", arguments[0]);
+        if (argumentCount < 2) {
+            std::fprintf(stderr, "Usage: %s FOLDER...\n", arguments[0]);
             return 2;
         }
-        const std::vector<fs::path> files = filesIn(arguments[1]);
-        Fuzzing::expect(!files.empty(), "the corpus holds inputs");
-        std::ranges::for_each(files, replay);
-        std::printf("%zu inputs\n", files.size());
+        for (const char* const folder : std::span(arguments, static_cast<std::size_t>(argumentCount)).subspan(1)) {
+            const std::vector<fs::path> files = filesIn(folder);
+            Fuzzing::expect(!files.empty(), "a folder holds inputs");
+            std::ranges::for_each(files, replay);
+            std::printf("%zu inputs in %s\n", files.size(), folder);
+        }
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

@@ -32,7 +32,7 @@ class InstallDependencies(unittest.TestCase):
         self.environment = os.environ | {"PATH": f"{self.folder}:/usr/bin:/bin", "STAND_INS": str(self.folder)}
         self.stand_in("id", "echo 0")
         self.stand_in("sleep", "")
-        self.stand_in("dpkg-query", "echo installed clang")
+        self.stand_in("dpkg-query", "echo installed clang; echo installed xz-utils")
         self.stand_in("apt-get", _PACKAGE_MANAGER)
 
     def stand_in(self, name, script):
@@ -58,7 +58,7 @@ class InstallDependencies(unittest.TestCase):
         self.assertEqual(["-qq update", "-qq install --yes --no-install-recommends libclang-rt-dev"], self.calls())
 
     def test_nothing_is_asked_of_the_network_where_all_is_there(self):
-        self.stand_in("dpkg-query", "echo installed clang; echo installed libclang-rt-dev")
+        self.stand_in("dpkg-query", "echo installed clang; echo installed libclang-rt-dev; echo installed xz-utils")
         result = self.run_tool("clang")
         self.assertEqual((0, "", ""), (result.returncode, result.stdout, result.stderr))
         self.assertEqual([], self.calls())

@@ -55,7 +55,7 @@ class InstallDependencies(unittest.TestCase):
         result = self.run_tool("clang")
         self.assertEqual((0, "Installing 1 Debian packages: libclang-rt-dev\n", ""),
                          (result.returncode, result.stdout, result.stderr))
-        self.assertEqual(["-qq update", "-qq install --yes --no-install-recommends libclang-rt-dev"], self.calls())
+        self.assertEqual(["--quiet update", "--quiet install --yes --no-install-recommends libclang-rt-dev"], self.calls())
 
     def test_nothing_is_asked_of_the_network_where_all_is_there(self):
         self.stand_in("dpkg-query", "echo installed clang; echo installed libclang-rt-dev; echo installed xz-utils")

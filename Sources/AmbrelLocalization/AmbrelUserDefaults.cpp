@@ -22,17 +22,39 @@ const std::shared_ptr<AmbrelUserDefaults>& AmbrelUserDefaults::standard() {
     return defaults;
 }
 
-AmbrelUserDefaults::AmbrelUserDefaults(std::filesystem::path path)
-    : path_(std::move(path)), text_(path_, maximumFileSize) {}
+AmbrelUserDefaults::AmbrelUserDefaults(std::filesystem::path path) : path_(std::move(path)) {}
 
 std::optional<QString> AmbrelUserDefaults::string(const QString& key) const {
-    const std::shared_ptr<const SettingsText> text = text_.current();
-    return text ? text->text(key) : std::nullopt;
+    const std::optional<FileStamp> stamp = FileStamp::ofFile(path_);
+    if (!stamp || stamp->size() > maximumFileSize) {
+        return std::nullopt;
+    }
+    const std::lock_guard lock(mutex_);
+    if (stamp_ != stamp) {
+        read(*stamp);
+    }
+    const auto text = texts_.constFind(key);
+    return text == texts_.constEnd() ? std::nullopt : std::optional(*text);
+}
+
+void AmbrelUserDefaults::read(const FileStamp& stamp) const {
+    const QSettings settings(QFile::decodeName(path_.c_str()), QSettings::IniFormat);
+    texts_.clear();
+    for (const QString& key : settings.allKeys()) {
+        const QVariant value = settings.value(key);
+        if (value.typeId() == QMetaType::QString) {
+            texts_.insert(key, value.toString());
+        }
+    }
+    // A file that could not be read may be readable the next time without being changed, and one that has just been
+    // changed may be changed again without another stamp.
+    const bool isFinal = settings.status() != QSettings::AccessError && stamp.isSettled();
+    stamp_ = isFinal ? std::optional(stamp) : std::nullopt;
 }
 
 bool AmbrelUserDefaults::setString(const QString& key, const QString& value) {
     // A save reads, merges and replaces the file. Between processes QSettings locks it for that.
-    const std::lock_guard lock(writing_);
+    const std::lock_guard lock(mutex_);
     QSettings settings(QFile::decodeName(path_.c_str()), QSettings::IniFormat);
     settings.setValue(key, value);
     settings.sync();

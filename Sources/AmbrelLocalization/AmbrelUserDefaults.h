@@ -1,8 +1,8 @@
 #pragma once
 
-#include "AmbrelLocalization/FileBackedValue.h"
-#include "AmbrelLocalization/SettingsText.h"
+#include "AmbrelLocalization/FileStamp.h"
 
+#include <QHash>
 #include <QString>
 
 #include <filesystem>
@@ -11,7 +11,9 @@
 #include <optional>
 
 /// Texts that a user's programs keep by key, in a settings file that several processes may read and write.
-/// What another process saves is seen at the next read. May be used on any thread; nothing throws.
+/// What another process saves is seen at the next read; of two saves of the same length within one millisecond, or one
+/// step of the file system's clock, the second one may be missed until the next. May be used on any thread; nothing
+/// throws.
 class AmbrelUserDefaults {
 public:
     /// The product's own: Ambrel/Recovery.conf in the user's configuration folder (XDG_CONFIG_HOME, else ~/.config).
@@ -32,7 +34,12 @@ public:
     bool setString(const QString& key, const QString& value);
 
 private:
-    std::filesystem::path path_;
-    mutable FileBackedValue<SettingsText> text_;
-    std::mutex writing_;
+    void read(const FileStamp& stamp) const;
+
+    const std::filesystem::path path_;
+    /// Guards all that follows, and one save after the other.
+    mutable std::mutex mutex_;
+    mutable QHash<QString, QString> texts_;
+    /// Of the file that the texts were read from; none where it is to be read again.
+    mutable std::optional<FileStamp> stamp_;
 };

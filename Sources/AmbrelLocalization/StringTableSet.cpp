@@ -22,5 +22,5 @@ StringTableSet::StringTableSet(const std::filesystem::path& bundlePath) {
 std::shared_ptr<const StringTable> StringTableSet::table(AmbrelInterfaceLanguage language) const {
     const auto selectable = AmbrelInterfaceLanguage::selectableLanguages();
     const auto found = std::ranges::find(selectable, language);
-    return tables_[static_cast<std::size_t>(found - selectable.begin())]->currentOrLast();
+    return tables_[static_cast<std::size_t>(found - selectable.begin())]->current();
 }

@@ -6,6 +6,7 @@
 #include <QSize>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 
 #include <sys/stat.h>
@@ -131,17 +132,25 @@ TEST_F(AmbrelUserDefaultsTest, followALinkInTheFilesPlace) {
     EXPECT_EQ(defaults_.string(key), QStringLiteral("tr"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, seeAChangeOfTheSameLengthAtTheSameTime) {
+TEST_F(AmbrelUserDefaultsTest, seeAChangeOfTheSameLength) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
-    EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=fr\n"), QStringLiteral("fr"));
-    EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=it\n"), QStringLiteral("it"));
+    writeInPlace(defaults_.path(), "[General]\nambrel.interface-language.v1=fr\n");
+    const auto written = std::filesystem::last_write_time(defaults_.path());
+    std::filesystem::last_write_time(defaults_.path(), written + std::chrono::milliseconds(10));
+    EXPECT_EQ(defaults_.string(key), QStringLiteral("fr"));
+}
+
+TEST_F(AmbrelUserDefaultsTest, seeEveryChangeOfTheLengthAtTheSameTime) {
+    for (const char* const language : {"de", "pt-BR", "it", "zh-Hans"}) {
+        EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=" + std::string(language) + "\n"), language);
+    }
 }
 
 TEST_F(AmbrelUserDefaultsTest, seeTheFileGoAndComeBack) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     std::filesystem::remove(defaults_.path());
     EXPECT_EQ(defaults_.string(key), std::nullopt);
-    EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=fr\n"), QStringLiteral("fr"));
+    EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=pt-BR\n"), QStringLiteral("pt-BR"));
 }
 
 TEST(StandardUserDefaults, lieInTheUsersConfigurationFolder) {

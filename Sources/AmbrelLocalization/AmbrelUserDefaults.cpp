@@ -41,7 +41,7 @@ void AmbrelUserDefaults::read(const FileStamp& stamp) const {
     const QSettings settings(QFile::decodeName(path_.c_str()), QSettings::IniFormat);
     texts_.clear();
     for (const QString& key : settings.allKeys()) {
-        const QVariant value = settings.value(key);
+        const QVariant value = key.isEmpty() ? QVariant() : settings.value(key);
         if (value.typeId() == QMetaType::QString) {
             texts_.insert(key, value.toString());
         }

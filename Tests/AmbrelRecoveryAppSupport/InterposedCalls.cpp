@@ -151,7 +151,7 @@ int close(int descriptor) {
     return faulted("close", -1, [&] { return result; });
 }
 
-DIR* fdopendir(int descriptor) noexcept {
+DIR* fdopendir(int descriptor) {
     static auto* const real = next<DIR*(int)>("fdopendir");
     return faulted("fdopendir", static_cast<DIR*>(nullptr), [&] { return real(descriptor); });
 }

@@ -165,13 +165,10 @@ PrivateOutputDirectory::~PrivateOutputDirectory() {
     if (rmdir(path_.c_str()) == 0) {
         return;
     }
-    const bool replacedByAnotherFile = errno == ENOTDIR;
     removeDirectoryContents(descriptor_.get());
     // An engine may have put a link in the directory's place; where that leads is nothing of ours.
-    if (replacedByAnotherFile) {
+    if (rmdir(path_.c_str()) != 0 && errno == ENOTDIR) {
         unlink(path_.c_str());
-    } else {
-        rmdir(path_.c_str());
     }
 }
 

@@ -2,6 +2,8 @@
 // and the last test here compares.
 
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
+#include "FittingErrors.h"
+#include "ImportedFunctions.h"
 #include "ProcessRunnerTest.h"
 #include "Support/MemoryScan.h"
 #include "Support/OpenDescriptors.h"
@@ -20,43 +22,9 @@
 
 namespace {
 
-/// The errors that the call can really come back with in a run.
-const std::map<std::string, std::vector<int>, std::less<>>& fittingErrors() {
-    static const std::map<std::string, std::vector<int>, std::less<>> errors = {
-        {"access", {EACCES, EIO, ENOMEM, EROFS}},
-        {"chmod", {EACCES, EINTR, EIO, ENOMEM, EPERM, EROFS}},
-        {"clone", {EAGAIN, ENOMEM, ENOSPC, EPERM}},
-        {"close", {EINTR, EIO, ENOSPC}},
-        {"fchmod", {EINTR, EIO, EPERM, EROFS}},
-        {"fchmodat", {EACCES, EIO, ENOMEM, EOPNOTSUPP, EROFS}},
-        {"fdopendir", {ENOMEM}},
-        {"flock", {EINTR, ENOLCK, EWOULDBLOCK}},
-        {"fstat", {EIO, ENOMEM}},
-        {"getrandom", {EAGAIN, EINTR, ENOSYS}},
-        {"lstat", {EACCES, EIO, ENOMEM}},
-        {"madvise", {EAGAIN, EINVAL, ENOMEM}},
-        {"mkdir", {EACCES, EDQUOT, EINTR, EIO, ENOMEM, ENOSPC, EROFS}},
-        {"mlock", {EAGAIN, ENOMEM, EPERM}},
-        {"mmap", {EAGAIN, ENOMEM}},
-        {"new", {ENOMEM}},
-        {"open", {EACCES, EINTR, EIO, EMFILE, ENFILE, ENOMEM}},
-        {"openat", {EACCES, EDQUOT, EINTR, EIO, EMFILE, ENFILE, ENOMEM, ENOSPC, EROFS}},
-        {"pipe2", {EMFILE, ENFILE, ENOMEM}},
-        {"poll", {EINTR, ENOMEM}},
-        {"pread", {EINTR, EIO}},
-        {"readdir", {EIO}},
-        {"rmdir", {EACCES, EBUSY, EIO, EROFS}},
-        {"stat", {EACCES, EIO, ENOMEM}},
-        {"unlinkat", {EACCES, EBUSY, EIO, EROFS}},
-        {"waitid", {EINTR}},
-        {"write", {EINTR, EIO, EPIPE}},
-    };
-    return errors;
-}
-
 /// Calls whose number or order differs between runs, builds, file systems, or with what a library does for itself.
 bool isCounted(std::string_view call) {
-    constexpr std::array<std::string_view, 8> uncounted = {"madvise", "mlock",   "mmap",     "new",
+    constexpr std::array<std::string_view, 9> uncounted = {"madvise", "mlock",   "mmap",     "munmap", "new",
                                                            "poll",    "readdir", "unlinkat", "waitid"};
     return std::ranges::find(uncounted, call) == uncounted.end();
 }
@@ -72,18 +40,27 @@ struct Scenario {
     const char* title;
     std::vector<std::string> arguments;
     double timeout;
-    /// Whether a single failure may leave the directory to removeAbandoned().
-    bool mayLeaveDirectory;
+    /// What a single failure may leave: the directory to removeAbandoned(), or what the engine put in its place.
+    bool mayLeave = false;
+    /// Whether the engine waits at the gate before it exits.
+    bool hasGate = false;
 };
 
 class FaultSweepTest : public ProcessRunnerTest {
 protected:
     static std::vector<Scenario> scenarios() {
         return {
-            {"A run with a credential.", {"echo-input"}, patience, false},
-            {"An engine that is asked to end at its time-out, where that differs.", {"wait"}, 0, false},
+            {"A run with a credential.", {"echo-input"}, patience},
+            {.title = "An engine that is asked to end at its time-out, where that differs.",
+             .arguments = {"exit", "0"},
+             .timeout = 0,
+             .hasGate = true},
             {"An engine that leaves a folder and files of its own in the directory, where that differs.",
              {"litter-output-directory", "/nowhere"},
+             patience,
+             true},
+            {"An engine that puts a link in the place of the directory, where that differs.",
+             {"replace-output-directory", "/nowhere"},
              patience,
              true},
         };
@@ -116,10 +93,15 @@ protected:
     /// Looks for everything that a run could leave, and adds it to the outcome.
     std::string leftovers(const Scenario& scenario) {
         std::string found;
-        if (!privateDirectories().empty()) {
-            found += ", the directory is left to the next start";
-            EXPECT_TRUE(scenario.mayLeaveDirectory);
-            PrivateOutputDirectory::removeAbandoned();
+        for (const std::string& name : privateDirectories()) {
+            EXPECT_TRUE(scenario.mayLeave);
+            if (std::filesystem::is_symlink(temporary_ / name)) {
+                found += ", the engine's link is left";
+                std::filesystem::remove(temporary_ / name);
+            } else {
+                found += ", the directory is left to the next start";
+                PrivateOutputDirectory::removeAbandoned();
+            }
         }
         EXPECT_EQ(TestFiles::names(temporary_), std::set<std::string>());
         EXPECT_EQ(openDescriptors(), descriptors_);
@@ -134,9 +116,16 @@ protected:
         SCOPED_TRACE(testing::Message() << call << " " << occurrence << " " << strerrorname_np(error));
         SystemCallFaults::reset();
         SystemCallFaults::fail(call, occurrence, error);
+        if (call == "pidfd_send_signal") {
+            // An engine that the system keeps from being asked to end is awaited until it ends by itself.
+            SystemCallFaults::during(call, [this] { gate_.write("."); });
+        }
         const std::string outcome = outcomeOfRun(scenario);
         // How often a run waits depends on how fast the engine is.
-        faults_ += SystemCallFaults::calls(call) >= occurrence ? 1 : 0;
+        if (SystemCallFaults::calls(call) >= occurrence) {
+            ++faults_;
+            faulted_.insert(call);
+        }
         const bool waits = call == "poll" || call == "waitid";
         EXPECT_GE(SystemCallFaults::calls(call), waits ? 1 : occurrence) << "the fault did not happen";
         return outcome + leftovers(scenario);
@@ -145,7 +134,7 @@ protected:
     /// Lets the call fail at each of its occurrences and notes what came of it.
     void fail(const Scenario& scenario, const std::string& call, int count, const std::string& clean) {
         for (int occurrence = 1; occurrence <= count; ++occurrence) {
-            for (const int error : fittingErrors().at(call)) {
+            for (const int error : FittingErrors::ofCalls().at(call)) {
                 std::string outcome = outcomeWithFault(scenario, call, occurrence, error);
                 if (error == EINTR) {
                     EXPECT_EQ(outcome, clean) << call << " " << occurrence << " was interrupted";
@@ -192,6 +181,10 @@ protected:
     }
 
     std::string tableOf(const Scenario& scenario) {
+        std::optional<ScopedEnvironment> gateVariable;
+        if (scenario.hasGate) {
+            gateVariable.emplace("AMBREL_TEST_ENGINE_GATE", gate_.path().string());
+        }
         // What libraries do once for themselves comes first.
         outcomeOfRun(scenario);
         descriptors_ = openDescriptors();
@@ -199,7 +192,7 @@ protected:
         SystemCallFaults::reset();
         const std::string clean = outcomeOfRun(scenario);
         for (const auto& [call, count] : SystemCallFaults::allCalls()) {
-            if (fittingErrors().contains(call)) {
+            if (FittingErrors::ofCalls().contains(call)) {
                 fail(scenario, call, count, clean);
             }
         }
@@ -209,7 +202,11 @@ protected:
 
     int faults() const { return faults_; }
 
+    /// The calls that have failed in one run or another.
+    const std::set<std::string>& faulted() const { return faulted_; }
+
 private:
+    NamedPipe gate_{directory_ / "gate"};
     std::string credential_;
     std::map<int, std::string> descriptors_;
     /// What came out, with the occurrences of the call; 0 stands for each.
@@ -217,6 +214,7 @@ private:
     /// The same of the scenarios before.
     std::map<Observation, std::set<int>> known_;
     int faults_ = 0;
+    std::set<std::string> faulted_;
 };
 
 std::string documentedTables() {
@@ -231,6 +229,13 @@ std::string documentedTables() {
 
 } // namespace
 
+TEST(FittingErrorsTest, KnowEveryFunctionThatTheEngineClientCalls) {
+    for (const std::string& function : importedFunctions(AMBREL_ENGINE_CLIENT)) {
+        EXPECT_NE(FittingErrors::ofCalls().contains(function), FittingErrors::unfailing().contains(function))
+            << function << ": FittingErrors.cpp has to say with what it can come back";
+    }
+}
+
 TEST_F(FaultSweepTest, EveryFailureOfEveryCallEndsAsTheDocumentSaysAndLeavesNothing) {
     std::string tables;
     for (const Scenario& scenario : scenarios()) {
@@ -238,5 +243,9 @@ TEST_F(FaultSweepTest, EveryFailureOfEveryCallEndsAsTheDocumentSaysAndLeavesNoth
     }
     EXPECT_EQ(MemoryScan::copiesOfHiddenSecret(), 1) << "the test's own, and no other";
     EXPECT_EQ(tables, documentedTables()) << "Docs/Testing.md has to say this between its two marks:\n\n" << tables;
+    for (const std::string& function : importedFunctions(AMBREL_ENGINE_CLIENT)) {
+        EXPECT_TRUE(!FittingErrors::ofCalls().contains(function) || faulted().contains(function))
+            << function << " is called by the engine client, and failed in no run";
+    }
     std::cout << faults() << " faults, each in a run of its own\n";
 }

@@ -9,7 +9,7 @@ namespace FaultedCall {
 /// Counts the call. The error with which it has to fail, or 0.
 int error(std::string_view name);
 
-/// To be called once the system has done its part.
+/// To be called once the system has done its part, or the call has failed in its place.
 void done(std::string_view name);
 
 /// How many bytes a call that transfers `wanted` may move.

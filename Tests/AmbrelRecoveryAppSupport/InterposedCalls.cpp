@@ -4,6 +4,7 @@
 #include "FaultedCall.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <cstdlib>
 #include <ctime>
@@ -33,6 +34,7 @@ Function* next(const char* name) {
 template<typename Result, typename Call>
 Result faulted(const char* name, Result failure, const Call& call) {
     if (const int error = FaultedCall::error(name); error != 0) {
+        FaultedCall::done(name);
         errno = error;
         return failure;
     }
@@ -144,6 +146,16 @@ int openat(int directory, const char* path, int flags, ...) {
     return faulted("openat", -1, [&] { return real(directory, path, flags, mode); });
 }
 
+/// Every command that this project uses takes a number or nothing.
+int fcntl(int descriptor, int command, ...) {
+    static auto* const real = next<int(int, int, ...)>("fcntl");
+    va_list rest;
+    va_start(rest, command);
+    const long argument = va_arg(rest, long);
+    va_end(rest);
+    return faulted("fcntl", -1, [&] { return real(descriptor, command, argument); });
+}
+
 int close(int descriptor) {
     static auto* const real = next<int(int)>("close");
     // A close that fails has closed all the same.
@@ -211,6 +223,17 @@ int pidfd_send_signal(int descriptor, int signal, siginfo_t* information, unsign
     return faulted("pidfd_send_signal", -1, [&] { return real(descriptor, signal, information, flags); });
 }
 
+int sigtimedwait(const sigset_t* signals, siginfo_t* information, const timespec* limit) {
+    static auto* const real = next<int(const sigset_t*, siginfo_t*, const timespec*)>("sigtimedwait");
+    return faulted("sigtimedwait", -1, [&] { return real(signals, information, limit); });
+}
+
+/// Cannot fail; its “failure” is that this process has become another one.
+pid_t getpid() noexcept {
+    static auto* const real = next<pid_t()>("getpid");
+    return FaultedCall::error("getpid") != 0 ? getppid() : real();
+}
+
 int kill(pid_t identifier, int signal) noexcept {
     static auto* const real = next<int(pid_t, int)>("kill");
     return faulted("kill", -1, [&] { return real(identifier, signal); });
@@ -229,6 +252,11 @@ int __clone(int (*function)(void*), void* stack, int flags, void* context, ...) 
 void* mmap(void* address, size_t length, int protection, int flags, int descriptor, off_t offset) noexcept {
     static auto* const real = next<void*(void*, size_t, int, int, int, off_t)>("mmap");
     return faulted("mmap", MAP_FAILED, [&] { return real(address, length, protection, flags, descriptor, offset); });
+}
+
+int munmap(void* address, size_t length) noexcept {
+    static auto* const real = next<int(void*, size_t)>("munmap");
+    return faulted("munmap", -1, [&] { return real(address, length); });
 }
 
 int mlock(const void* address, size_t length) noexcept {

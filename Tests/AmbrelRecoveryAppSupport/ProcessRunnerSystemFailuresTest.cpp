@@ -2,6 +2,7 @@
 
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "ProcessRunnerTest.h"
+#include "Support/ChildProcess.h"
 #include "Support/OpenDescriptors.h"
 #include "Support/TestFiles.h"
 #include "SystemCallFaults.h"
@@ -16,6 +17,7 @@
 
 #include <fcntl.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -83,6 +85,27 @@ TEST_F(ProcessRunnerSystemFailuresTest, ThatHideTheStatusNeverLookLikeASuccess) 
     EXPECT_EQ(waitid(P_ALL, 0, &information, WEXITED), 0);
 }
 
+TEST_F(ProcessRunnerSystemFailuresTest, ToGetADescriptorOutOfTheWayOfTheStandardStreamsFailTheRun) {
+    const std::string outcome = ChildProcess::outcome([this] {
+        close(STDIN_FILENO);
+        std::string findings;
+        std::set<std::string_view> outcomes;
+        for (int occurrence = 1; !outcomes.contains("none"); ++occurrence) {
+            SystemCallFaults::reset();
+            SystemCallFaults::fail("fcntl", occurrence, EMFILE);
+            const std::optional<Error> error = errorOfRun({"echo-input"}, "credential");
+            SystemCallFaults::pause();
+            outcomes.insert(error ? nameOf(*error) : "none");
+            findings += privateDirectories().empty() ? "" : "a private directory is left\n";
+        }
+        for (const std::string_view expected : {"temporaryOutputUnavailable", "launchFailed"}) {
+            findings += outcomes.contains(expected) ? "" : "never " + std::string(expected);
+        }
+        return findings;
+    });
+    EXPECT_EQ(outcome, "");
+}
+
 TEST_F(ProcessRunnerSystemFailuresTest, DoNotComeFromDescriptorsInOtherProgramsThatAreStartedMeanwhile) {
     // Whatever the application starts in the middle of a run gets nothing of it: a copy of the pipe would keep the
     // engine waiting for the end of its input.
@@ -106,7 +129,18 @@ TEST_F(ProcessRunnerSystemFailuresTest, AreNotCausedByTerminationRequestsToAnIde
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1);
     EXPECT_EQ(SystemCallFaults::calls("kill"), 0);
     runner_.cancelCurrentOperation();
-    EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1) << "nothing is running any more";
+    run({"exit", "0"});
+    EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1) << "nothing else is asked to end";
+}
+
+TEST_F(ProcessRunnerSystemFailuresTest, AnEngineWhoseApplicationIsGoneByThenDoesNotBegin) {
+    // The new process finds another parent than the one that launched it.
+    constexpr int mostCalls = 4;
+    for (int occurrence = 1; occurrence <= mostCalls; ++occurrence) {
+        SystemCallFaults::fail("getpid", occurrence, ESRCH);
+    }
+    EXPECT_EQ(errorOfRun({"exit", "0"}), Error::launchFailed);
+    EXPECT_EQ(SystemCallFaults::calls("clone"), 1);
 }
 
 TEST_F(ProcessRunnerSystemFailuresTest, ARequestToEndInTheMiddleOfTheLaunchIsNotLost) {

@@ -21,7 +21,7 @@ void pause();
 /// released all the same, as the system does. Failing "new" is the failure of an allocation.
 void fail(std::string_view name, int occurrence, int error);
 
-/// `action` is called within the next call of `name`, once the system has done its part.
+/// `action` is called within the next call of `name`, once the system has done its part or it has failed.
 void during(std::string_view name, std::function<void()> action);
 
 /// Every call of write() or pread() from now on moves at most one byte.

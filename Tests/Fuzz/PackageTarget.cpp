@@ -14,6 +14,7 @@
 #include <sodium.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -59,8 +60,9 @@ std::optional<std::string> printed(const Command& command) {
                "a package is refused for what is wrong with it");
         return std::nullopt;
     } catch (const Stopped&) {
-        // Somebody ended the program by a signal while it exported.
-        std::exit(0);
+        // Somebody ended the program by a signal while it exported. What is behind this input was not tried.
+        std::fputs("Stopped by a signal\n", stderr);
+        std::_Exit(EXIT_FAILURE);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -37,6 +38,16 @@ void replay(const fs::path& file) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }
 
+bool isFinished = false;
+
+/// A target, or what it calls, that ends the process has not tried the other inputs, whatever status it ends with.
+void failUnlessFinished() {
+    if (!isFinished) {
+        std::fputs("Ended before its last input\n", stderr);
+        std::_Exit(1);
+    }
+}
+
 } // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -48,12 +59,14 @@ int main(int argumentCount, char** arguments) {
             std::fprintf(stderr, "Usage: %s FOLDER...\n", arguments[0]);
             return 2;
         }
+        std::atexit(failUnlessFinished);
         for (const char* const folder : std::span(arguments, static_cast<std::size_t>(argumentCount)).subspan(1)) {
             const std::vector<fs::path> files = filesIn(folder);
             Fuzzing::expect(!files.empty(), "a folder holds inputs");
             std::ranges::for_each(files, replay);
             std::printf("%zu inputs in %s\n", files.size(), folder);
         }
+        isFinished = true;
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

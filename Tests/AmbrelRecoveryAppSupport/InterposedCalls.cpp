@@ -223,9 +223,9 @@ int pidfd_send_signal(int descriptor, int signal, siginfo_t* information, unsign
     return faulted("pidfd_send_signal", -1, [&] { return real(descriptor, signal, information, flags); });
 }
 
-int sigtimedwait(const sigset_t* signals, siginfo_t* information, const timespec* limit) {
+int sigtimedwait(const sigset_t* awaited, siginfo_t* information, const timespec* limit) {
     static auto* const real = next<int(const sigset_t*, siginfo_t*, const timespec*)>("sigtimedwait");
-    return faulted("sigtimedwait", -1, [&] { return real(signals, information, limit); });
+    return faulted("sigtimedwait", -1, [&] { return real(awaited, information, limit); });
 }
 
 /// Cannot fail; its “failure” is that this process has become another one.

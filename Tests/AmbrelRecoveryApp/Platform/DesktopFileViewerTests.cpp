@@ -7,8 +7,10 @@
 #include "TestBus.h"
 
 #include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -61,6 +63,10 @@ protected:
     template<typename Condition>
     static void waitUntil(Condition condition) {
         EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
+    }
+
+    static bool hasUnansweredCall(const DesktopFileViewer& asking) {
+        return !asking.findChildren<QDBusPendingCallWatcher*>().isEmpty();
     }
 
     static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
@@ -147,6 +153,11 @@ TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
     const SilentSocket silentBus(bus.socketPath());
     ASSERT_TRUE(silentBus.isListening());
     const FolderOpener opener;
+    DesktopFileViewer patient(1min);
+    patient.reveal("/home/someone/y");
+    // Asked, not answered, and the main thread goes on.
+    waitUntil([&] { return hasUnansweredCall(patient); });
+    EXPECT_TRUE(opener.opened.isEmpty());
     DesktopFileViewer impatient(200ms);
     impatient.reveal("/home/someone/x");
     waitUntil([&] { return !opener.opened.isEmpty(); });
@@ -161,9 +172,13 @@ TEST_F(DesktopFileViewerTest, holdsUpNoOtherConnectionWhereTheBusDoesNotAnswer) 
     const FolderOpener opener;
     DesktopFileViewer patient(1min);
     patient.reveal("/home/someone/x");
-    QTest::qWait(1);
-    // Connecting, greeting and taking a name, all of which wait for an answer.
+    waitUntil([&] { return hasUnansweredCall(patient); });
+    // Connecting, greeting and taking a name, all of which wait for an answer. The toolkit gives one up after 25 s.
+    QElapsedTimer wait;
+    wait.start();
     const FakeService service(other.address(), "org.example.Other", "/", FakeService::refuses);
+    EXPECT_LT(wait.elapsed(), 20'000);
+    EXPECT_TRUE(hasUnansweredCall(patient));
     EXPECT_TRUE(opener.opened.isEmpty());
 }
 

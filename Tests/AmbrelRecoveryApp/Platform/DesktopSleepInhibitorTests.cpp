@@ -118,6 +118,14 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
     }
 
+    static SleepInhibition& inhibition(const DesktopSleepInhibitor& asking) {
+        return *asking.findChildren<SleepInhibition*>().last();
+    }
+
+    static qsizetype unansweredCalls(const QObject& asking) {
+        return asking.findChildren<QDBusPendingCallWatcher*>(Qt::FindDirectChildrenOnly).size();
+    }
+
     static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
 
     TestBus session{"DBUS_SESSION_BUS_ADDRESS"};
@@ -242,7 +250,8 @@ TEST_F(DesktopSleepInhibitorTest, neverWaitsForABusThatDoesNotAnswer) {
     DesktopSleepInhibitor inhibitor(1min);
     for (int round = 0; round < 3; ++round) {
         inhibitor.begin("Exporting…");
-        QTest::qWait(1);
+        // Both asked, neither answered, and the main thread goes on.
+        waitUntil([&] { return unansweredCalls(inhibitor) == 1 && unansweredCalls(inhibition(inhibitor)) == 1; });
         inhibitor.end();
     }
     waitUntil([&] { return inhibitor.findChildren<SleepInhibition*>().isEmpty(); });

@@ -162,7 +162,7 @@ TEST_F(SnapshotListTests, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
     EXPECT_EQ(list.currentIndex().row(), 1);
 }
 
-TEST_F(SnapshotListTests, aHundredThousandRowsAreThereWithoutBeingVisited) {
+TEST_F(SnapshotListTests, aHundredThousandRowsAreThereAndNamed) {
     show(100'000);
     select("99999");
     EXPECT_EQ(list.model()->rowCount(), 100'000);

@@ -122,6 +122,10 @@ class Keyboard(RecoveryTestCase):
         application.wait_for_keyboard_on(self.export, Role.PUSH_BUTTON)
         self.assertIsNone(application.find(self.catalogue["files-export.choose-destination"], Role.DIALOG))
 
+    def test_return_that_is_held_stops_at_the_snapshots_where_assistive_technology_listens(self):
+        StateChanges(self.desktop.accessibility, "focused")
+        self.test_return_that_is_held_stops_at_the_snapshots()
+
     def test_a_key_that_brought_an_alert_up_dismisses_it_only_when_it_is_pressed_again(self):
         self.engine.behave(inspect=fails("did not unlock"))
         application = self.started()

@@ -23,16 +23,21 @@ HeldKeys::HeldKeys(QObject* parent) : QObject(parent) {
 }
 
 bool HeldKeys::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {
+        return QObject::eventFilter(object, event);
+    }
+    // For assistive technology that listens, a filter of the toolkit takes every key and sends it once more, without
+    // its time. So this one goes before it, which may have been installed later.
+    QCoreApplication::instance()->installEventFilter(this);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
     if (event->type() == QEvent::KeyPress) {
-        const auto& press = static_cast<const QKeyEvent&>(*event);
-        return presses(press) && !isTyped(press) && isRepeat(press);
+        return presses(key) && !isTyped(key) && isRepeat(key);
     }
-    if (event->type() == QEvent::KeyRelease) {
-        const auto& release = static_cast<const QKeyEvent&>(*event);
-        releasedKey_ = release.key();
-        timeOfRelease_ = release.timestamp();
+    if (key.timestamp() != 0) {
+        releasedKey_ = key.key();
+        timeOfRelease_ = key.timestamp();
     }
-    return QObject::eventFilter(object, event);
+    return false;
 }
 
 /// A display tells of a repeat as of a release and a press at the same time. Where the toolkit has read the one before

@@ -69,6 +69,41 @@ TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStr
     EXPECT_FALSE(isAlertShown());
 }
 
+TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiveTechnology) {
+    // As the toolkit does: each key is taken, and comes back later without its time.
+    class SendingOnceMore final : public QObject {
+    public:
+        bool eventFilter(QObject* object, QEvent* event) override {
+            const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+            const auto* const key = isKey ? static_cast<const QKeyEvent*>(event) : nullptr;
+            if (key == nullptr || key->timestamp() == 0) {
+                return false;
+            }
+            QCoreApplication::postEvent(object, new QKeyEvent(key->type(), key->key(), key->modifiers()));
+            return true;
+        }
+    } sending;
+    open();
+    QCoreApplication::instance()->installEventFilter(&sending);
+    const auto send = [](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+        event.setTimestamp(time);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+        QCoreApplication::processEvents();
+    };
+    panels.answer = path("not there");
+    untilAnnounced([&send] { send(QEvent::KeyPress, 500); });
+    redraw();
+    for (const quint64 time : {1000U, 1040U}) {
+        send(QEvent::KeyRelease, time);
+        send(QEvent::KeyPress, time);
+    }
+    EXPECT_TRUE(isAlertShown());
+    send(QEvent::KeyRelease, 1060);
+    send(QEvent::KeyPress, 1061);
+    EXPECT_FALSE(isAlertShown());
+}
+
 TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     open();
     panels.answer = path("not there");

@@ -48,9 +48,10 @@ TEST_F(FormattedDate, andTimeHaveTheOrderAndTheDigitsOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::russian), QStringLiteral("14 июн. 2026\u202Fг., 09:41"));
     EXPECT_EQ(dateTime(morning, Language::polish), QStringLiteral("14 cze 2026, 09:41"));
     EXPECT_EQ(dateTime(morning, Language::turkish), QStringLiteral("14 Haz 2026 09:41"));
-    EXPECT_EQ(dateTime(morning, Language::arabic), QStringLiteral("١٤ يونيو ٢٠٢٦، ٩:٤١ ص"));
     EXPECT_EQ(dateTime(morning, Language::simplifiedChinese), QStringLiteral("2026年6月14日 09:41"));
     EXPECT_EQ(dateTime(morning, Language::traditionalChinese), QStringLiteral("2026年6月14日 上午9:41"));
+    // What the digits of Arabic are depends on the region.
+    EXPECT_EQ(AmbrelStrings::formattedDateTime(morning, icu::Locale("ar_EG")), QStringLiteral("١٤ يونيو ٢٠٢٦، ٩:٤١ ص"));
 }
 
 TEST_F(FormattedDate, followsTheSystemsTimeZone) {

@@ -7,7 +7,7 @@ from installation import environment_of
 from recovery_test_case import RecoveryTestCase
 import case_results
 
-_LIBRARIES = ("libjemalloc.so.2", "libmimalloc.so.2", "libtcmalloc_minimal.so.4", "libc_malloc_debug.so.0")
+_LIBRARIES = ("libjemalloc.so.2", "libmimalloc.so", "libtcmalloc_minimal.so.4", "libc_malloc_debug.so.0")
 
 
 class PreloadedAllocators(RecoveryTestCase):

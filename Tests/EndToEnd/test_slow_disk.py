@@ -19,8 +19,9 @@ class SlowDisk(RecoveryTestCase):
 
     def start_with_slow(self, path):
         """The application, of whose questions about a path none is answered before the gate is open."""
-        return self.start(LD_PRELOAD=str(LIBRARY), AMBREL_SLOW_PATH=str(path), AMBREL_SLOW_LOG=str(self.log),
-                          AMBREL_SLOW_GATE=str(self.gate))
+        # The library is named without its folder, since a space would end its name.
+        return self.start(LD_PRELOAD=LIBRARY.name, LD_LIBRARY_PATH=str(LIBRARY.parent), AMBREL_SLOW_PATH=str(path),
+                          AMBREL_SLOW_LOG=str(self.log), AMBREL_SLOW_GATE=str(self.gate))
 
     def asked(self):
         return self.log.read_text().splitlines() if self.log.exists() else []

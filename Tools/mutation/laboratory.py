@@ -50,7 +50,7 @@ class Laboratory:
         say("Building the unchanged code…")
         launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
         self._must(["cmake", "--preset", "debug", *launcher, *_OPTIONS], self.tree)
-        self._must(["ninja", *self.programs], self.build)
+        self._must(["ninja", f"-j{os.cpu_count()}", *self.programs], self.build)
         self._read_build()
         for suite in self.suites:
             before, started = self._processor_time(), time.monotonic()
@@ -149,7 +149,7 @@ class Laboratory:
         return None
 
     def _make(self, *targets):
-        return run(["ninja", *targets], self._log, _LONGEST_BUILD, place=self.build)
+        return run(["ninja", f"-j{os.cpu_count()}", *targets], self._log, _LONGEST_BUILD, place=self.build)
 
     def _must(self, command, place):
         if run(command, self._log, None, place=place) != 0:

@@ -5,6 +5,7 @@
 #include "Support/MemoryScan.h"
 #include "ThreadShortage.h"
 
+#include <filesystem>
 #include <string>
 #include <system_error>
 #include <thread>

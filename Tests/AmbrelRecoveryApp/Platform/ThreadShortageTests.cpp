@@ -17,6 +17,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
 
 namespace {
 

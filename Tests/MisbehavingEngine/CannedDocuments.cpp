@@ -9,7 +9,7 @@ namespace {
 constexpr long newestMilliseconds = 1735689599000;
 constexpr long dayInMilliseconds = 86400000;
 
-std::string quoted(std::string_view text) {
+std::string jsonText(std::string_view text) {
     std::string literal = "\"";
     for (const char character : text) {
         if (character == '"' || character == '\\') {
@@ -21,11 +21,11 @@ std::string quoted(std::string_view text) {
 }
 
 std::string member(std::string_view key, long value) {
-    return quoted(key) + ":" + std::to_string(value);
+    return jsonText(key) + ":" + std::to_string(value);
 }
 
 std::string member(std::string_view key, std::string_view value) {
-    return quoted(key) + ":" + quoted(value);
+    return jsonText(key) + ":" + jsonText(value);
 }
 
 std::string code(long index) {
@@ -59,7 +59,8 @@ std::string snapshot(const CannedDocuments::Inspection& inspection, long index) 
 }
 
 std::string branch(long index) {
-    return "{" + member("tipSelectionCode", code(index)) + ",\"snapshotSelectionCodes\":[" + quoted(code(index)) + "]}";
+    return "{" + member("tipSelectionCode", code(index)) + ",\"snapshotSelectionCodes\":[" + jsonText(code(index)) +
+           "]}";
 }
 
 template<typename Element>
@@ -81,7 +82,7 @@ std::string CannedDocuments::text(const Inspection& inspection) {
            member("formatIdentifier", inspection.formatIdentifier) + "," + member("formatVersion", 1) + "," +
            member("unlockedFactor", inspection.unlockedFactor) + "," +
            member("branchDisposition", inspection.branchDisposition) +
-           ",\"canonicalTipSelectionCode\":" + (hasTip ? quoted(code(0)) : "null") + "," +
+           ",\"canonicalTipSelectionCode\":" + (hasTip ? jsonText(code(0)) : "null") + "," +
            member("authenticatedCommitCount", inspection.snapshotCount) + "," +
            member("authenticatedHeadCount", inspection.retainedTipCount) + "," + member("maximumWriterEpoch", 1) +
            ",\"preservedBranches\":" + list(forked ? inspection.retainedTipCount : 0, branch) + ",\"snapshots\":" +

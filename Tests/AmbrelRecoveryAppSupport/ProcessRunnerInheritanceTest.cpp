@@ -12,6 +12,7 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/syscall.h>
 #include <sys/time.h>
 #include <unistd.h>
@@ -130,6 +131,22 @@ TEST_F(ProcessRunnerInheritanceTest, NoSignalIsBlockedIgnoredOrPendingInTheEngin
     for (const char* const name : {"SigPnd", "ShdPnd", "SigBlk", "SigIgn", "SigCgt"}) {
         EXPECT_EQ(value(report, name), "0000000000000000") << name;
     }
+}
+
+TEST_F(ProcessRunnerInheritanceTest, AnEngineWhoseApplicationIsGoneDoesNotStart) {
+    // Orphans belong to another process by then. So it looks from within a namespace that the application is not in.
+    const std::string outcome = ChildProcess::outcome([&]() -> std::string {
+        const int privileges = geteuid() == 0 ? 0 : CLONE_NEWUSER;
+        if (unshare(CLONE_NEWPID | privileges) != 0) {
+            return "not allowed";
+        }
+        const std::optional<Error> error = errorOf([&] { run({"exit", "0"}); });
+        return error ? std::string(nameOf(*error)) : "started";
+    });
+    if (outcome == "not allowed") {
+        GTEST_SKIP() << "this system grants no namespaces";
+    }
+    EXPECT_EQ(outcome, "launchFailed");
 }
 
 TEST_F(ProcessRunnerInheritanceTest, TheCallersSignalMaskIsAsBefore) {

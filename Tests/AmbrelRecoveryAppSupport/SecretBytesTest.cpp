@@ -106,6 +106,9 @@ TEST(SecretBytesTest, IsEmptyAfterItWasMovedFrom) {
     EXPECT_TRUE(original.empty()); // NOLINT(bugprone-use-after-move)
     original = secret("again");
     EXPECT_EQ(textOf(original), "again");
+    SecretBytes assigned;
+    assigned = std::move(original);
+    EXPECT_TRUE(original.empty()); // NOLINT(bugprone-use-after-move)
 }
 
 TEST(SecretBytesTest, SurvivesAnAssignmentToItself) {

@@ -71,6 +71,5 @@ function(ambrel_add_test name)
   set_tests_properties(${name} PROPERTIES
     LABELS "${test_LABELS}"
     TIMEOUT 900
-    ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;\
-ASAN_OPTIONS=hard_rss_limit_mb=6144;${AMBREL_TSAN_OPTIONS}:hard_rss_limit_mb=6144")
+    ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;${AMBREL_TSAN_OPTIONS}")
 endfunction()

@@ -15,7 +15,8 @@
 namespace {
 
 constexpr unsigned int defaultSeconds = 300;
-/// The longest document takes eight. Sanitizers reserve much more than they use: CTest sets a limit of their own.
+/// The longest document takes eight. Sanitizers reserve much more than they use, and the same tests
+/// have run without them before.
 constexpr rlim_t mostBytes = rlim_t{10} << 30;
 
 std::string runningTest;

@@ -30,8 +30,9 @@ int pixelsOf(const QIcon& icon, int size, const QColor& color) {
 
 class RecoveryWindowTests : public testing::Test {
 protected:
+    RecoveryWindowTests() { window.setContent(field); }
+
     void open() {
-        window.setContent(field);
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));

@@ -28,7 +28,7 @@ BareRows::BareRows(const SnapshotRows& rows, QWidget* parent)
       factsFont_(recoveryFont(12, QFont::Normal)), payloadFont_(recoveryFont(12, QFont::Medium)),
       selectedMark_(symbol(RecoverySymbol::checkmarkCircleFill, 22, RecoveryPalette::copper())),
       mark_(symbol(RecoverySymbol::circle, 22, RecoveryPalette::muted())),
-      complete_(symbol(RecoverySymbol::checkmarkCircle, 16, RecoveryPalette::success())),
+      complete_(symbol(RecoverySymbol::checkmarkCircleFill, 16, RecoveryPalette::success())),
       incomplete_(symbol(RecoverySymbol::exclamationmarkTriangleFill, 16, RecoveryPalette::warning())) {
     for (std::size_t row = 0; row < rows.count(); ++row) {
         contents_.push_back(rows.row(row));

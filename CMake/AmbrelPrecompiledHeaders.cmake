@@ -20,10 +20,10 @@ function(ambrel_precompile_headers target kind)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     return()
   endif()
-  # Qt wants every target compiled so that it can be loaded anywhere. Without it, a program's code differs from a library's.
+  # A program's code differs from a library's, unless Qt wants both alike.
   get_target_property(type ${target} TYPE)
   set(position PIC)
-  if(kind STREQUAL "STANDARD" AND type STREQUAL "EXECUTABLE")
+  if(type STREQUAL "EXECUTABLE")
     set(position PIE)
   endif()
   get_directory_property(options COMPILE_OPTIONS)

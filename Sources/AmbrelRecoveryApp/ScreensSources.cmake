@@ -4,7 +4,6 @@ set(screens_sources
   RecoveryPalette.cpp
   RecoveryRootView.cpp
   RecoveryWindow.cpp
-  Symbols/Symbols.qrc
   Controls/Announcer.cpp
   Controls/Card.cpp
   Controls/CenteredText.cpp

@@ -35,6 +35,10 @@ bool isTaken(const Path& path) {
 /// Whether `folder`, which exists, is `package` or somewhere in it; so it is, too, where that cannot be found out.
 bool isInside(const Path& folder, const Path& package) {
     std::error_code error;
+    // Libraries differ in whether a comparison with a missing file is an error.
+    if (std::filesystem::status(package, error).type() == std::filesystem::file_type::not_found) {
+        return false;
+    }
     Path ancestor = std::filesystem::canonical(folder, error);
     if (error) {
         return true;

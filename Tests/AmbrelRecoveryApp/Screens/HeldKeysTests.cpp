@@ -31,6 +31,25 @@ protected:
     }
 
     static void letGo(Qt::Key key) { QTest::keyRelease(QApplication::focusWidget(), key); }
+
+    /// Return as a display tells of it, in milliseconds.
+    static void sendReturn(QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+        event.setTimestamp(time);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+        QCoreApplication::processEvents();
+    }
+
+    void expectOnlyAnotherStrokeToDismissTheAlert() {
+        for (const quint64 time : {1000U, 1040U}) {
+            sendReturn(QEvent::KeyRelease, time);
+            sendReturn(QEvent::KeyPress, time);
+        }
+        EXPECT_TRUE(isAlertShown());
+        sendReturn(QEvent::KeyRelease, 1060);
+        sendReturn(QEvent::KeyPress, 1061);
+        EXPECT_FALSE(isAlertShown());
+    }
 };
 
 TEST_F(HeldKeysTests, noneDismissesAnAlert) {
@@ -53,20 +72,7 @@ TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStr
     open();
     untilAnnounced([this] { model->acceptPackage(path("not there")); });
     redraw();
-    const auto send = [](QEvent::Type type, quint64 time) {
-        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
-        event.setTimestamp(time);
-        QApplication::sendEvent(QApplication::focusWidget(), &event);
-        QCoreApplication::processEvents();
-    };
-    for (const quint64 time : {1000U, 1040U}) {
-        send(QEvent::KeyRelease, time);
-        send(QEvent::KeyPress, time);
-    }
-    EXPECT_TRUE(isAlertShown());
-    send(QEvent::KeyRelease, 1060);
-    send(QEvent::KeyPress, 1061);
-    EXPECT_FALSE(isAlertShown());
+    expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
 TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiveTechnology) {
@@ -85,23 +91,10 @@ TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiv
     } sending;
     open();
     QCoreApplication::instance()->installEventFilter(&sending);
-    const auto send = [](QEvent::Type type, quint64 time) {
-        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
-        event.setTimestamp(time);
-        QApplication::sendEvent(QApplication::focusWidget(), &event);
-        QCoreApplication::processEvents();
-    };
     panels.answer = path("not there");
-    untilAnnounced([&send] { send(QEvent::KeyPress, 500); });
+    untilAnnounced([] { sendReturn(QEvent::KeyPress, 500); });
     redraw();
-    for (const quint64 time : {1000U, 1040U}) {
-        send(QEvent::KeyRelease, time);
-        send(QEvent::KeyPress, time);
-    }
-    EXPECT_TRUE(isAlertShown());
-    send(QEvent::KeyRelease, 1060);
-    send(QEvent::KeyPress, 1061);
-    EXPECT_FALSE(isAlertShown());
+    expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
 TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {

@@ -32,6 +32,9 @@ protected:
 
     void removeRest() const {
         for (const std::string& name : TestFiles::names(temporary_)) {
+            if (fs::is_directory(fs::symlink_status(temporary_ / name))) {
+                fs::permissions(temporary_ / name, fs::perms::owner_all);
+            }
             fs::remove_all(temporary_ / name);
         }
     }

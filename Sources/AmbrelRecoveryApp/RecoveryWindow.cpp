@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/RecoveryWindow.h"
 
 #include "AmbrelRecoveryApp/RecoveryIcon.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -17,6 +18,8 @@ constexpr QSize smallestSize(880, 660);
 } // namespace
 
 RecoveryWindow::RecoveryWindow() {
+    // Some versions of the toolkit decide at the title what the window is to assistive technology.
+    RecoveryAccessibility::install();
     setWindowTitle(QStringLiteral("Ambrel Recovery"));
     setMinimumSize(smallestSize);
     resize(initialSize);

@@ -51,11 +51,15 @@ mode_t modeOf(int flags, va_list rest) {
 } // namespace
 
 void* operator new(std::size_t size) {
-    void* const memory = FaultedCall::error("new") != 0 ? nullptr : std::malloc(size == 0 ? 1 : size);
+    void* const memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
     return memory;
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return FaultedCall::error("new") != 0 ? nullptr : std::malloc(size == 0 ? 1 : size);
 }
 
 void operator delete(void* memory) noexcept {

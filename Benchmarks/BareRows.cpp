@@ -1,8 +1,8 @@
 #include "BareRows.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
 #include <QScrollBar>

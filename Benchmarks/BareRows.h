@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRows.h"
 
 #include <QAbstractScrollArea>
 #include <QFont>

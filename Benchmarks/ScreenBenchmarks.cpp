@@ -3,12 +3,12 @@
 // Of a picture the time is taken that the program needs for it: the display draws what it was sent afterwards.
 
 #include "AmbrelRecoveryApp/Controls/CopperGlow.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Desktop/DesktopFileViewer.h"
+#include "AmbrelRecoveryApp/FilePanels/FilePanels.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
-#include "AmbrelRecoveryApp/Platform/DesktopFileViewer.h"
-#include "AmbrelRecoveryApp/Platform/FilePanels.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
 #include "BareRows.h"
 #include "RowWidgets.h"

@@ -1,8 +1,7 @@
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
-#include "AmbrelRecoveryApp/Platform/SessionBusCheck.h"
-#include "AmbrelRecoveryApp/PlugInFolders.h"
-#include "AmbrelRecoveryApp/ProcessSetup.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/RecoveryApplicationDelegate.h"
+#include "AmbrelRecoveryApp/Secrets/PlugInFolders.h"
+#include "AmbrelRecoveryApp/Secrets/ProcessSetup.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
 #include "AmbrelRecoveryApp/TerminationSignals.h"
 #include "AmbrelRecoveryAppSupport/EngineProcess.h"
@@ -22,10 +21,6 @@ namespace {
 /// How long the end of the process waits for an engine that was asked to end, and for what one that was killed leaves
 /// to be removed.
 constexpr std::chrono::seconds endOfProcessWait(5);
-
-/// How long a session bus may take for its first word. A busy machine has its reasons; nothing is asked of it
-/// afterwards.
-constexpr std::chrono::seconds sessionBusWait(5);
 
 /// The delegate while there is one.
 RecoveryApplicationDelegate* livingDelegate = nullptr;
@@ -64,7 +59,6 @@ void removeWhatKilledApplicationsLeft() {
 
 /// The toolkit gets no argument but the program's name: it would take some of them for options of its own.
 int runApplication(char* programName) {
-    SessionBusCheck::passBy(sessionBusWait);
     PlugInFolders::useSystemsAlone();
     // The same window everywhere: the desktop's own style plays no part in it.
     QApplication::setStyle(QStringLiteral("Fusion"));

@@ -3,7 +3,6 @@
 import pathlib
 
 from application import WINDOW_TITLE
-from foreign_socket import ForeignSocket
 from installation import environment_of
 from package_digest import contents
 from recovery_test_case import RecoveryTestCase
@@ -63,11 +62,6 @@ class HostileSurroundings(RecoveryTestCase):
         for address in (f"unix:path={self.scratch}/nowhere", "no address at all"):
             with self.subTest(address=address):
                 self.open_and_close(address)
-
-    def test_a_session_bus_that_says_nothing_or_nonsense(self):
-        for answer in (b"", b"\xff\x00 nonsense\r\n"):
-            with self.subTest(answer=answer), ForeignSocket(self.scratch / "bus", answer) as bus:
-                self.open_and_close(f"unix:path={bus.path}")
 
     def test_options_of_the_toolkit_are_no_arguments_of_the_application(self):
         self.walk("-platform", "bogus", "-reverse", "-style", "windows", "-stylesheet", "/nowhere",

@@ -1,9 +1,9 @@
 // Names of files as others write them: the system's table of volumes, the URL of what is dropped, and a name to be
 // shown.
 
-#include "AmbrelRecoveryApp/Controls/FileNameText.h"
-#include "AmbrelRecoveryApp/Platform/FileURL.h"
-#include "AmbrelRecoveryApp/Platform/MountedVolumes.h"
+#include "AmbrelRecoveryApp/FilePanels/MountedVolumes.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+#include "AmbrelRecoveryApp/Foundation/FileURL.h"
 #include "Fuzz/FuzzInput.h"
 #include "Fuzz/Fuzzing.h"
 

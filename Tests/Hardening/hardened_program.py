@@ -19,9 +19,6 @@ _CHECKED_FUNCTION = re.compile(r"\b__\w+_chk\b")
 # What a program calls that talks over a network, and the libraries that would do it for it.
 _NETWORK_FUNCTIONS = {"socket", "connect", "bind", "listen", "accept", "accept4", "sendto", "getaddrinfo",
                       "gethostbyname"}
-# Two of them are called by one file, which opens a socket of this machine to see whether the session bus answers.
-_SOCKET_FUNCTIONS = {"socket", "connect"}
-_FILE_WITH_A_SOCKET = "SessionBusCheck_linux.cpp.o"
 _NETWORK_LIBRARIES = re.compile(r"lib(Qt6Network|Qt6WebSockets|curl|soup|ssl|gnutls|resolv)\b")
 # What does not show in every file, since not every file has a place for it.
 _OPTIONS = ["-D_FORTIFY_SOURCE=3", "-D_GLIBCXX_ASSERTIONS", "-fstack-protector-strong", "-fstack-clash-protection"]
@@ -76,8 +73,8 @@ def _inside(folder):
     return re.match(r"\$(ORIGIN|\{ORIGIN\})(/|$)", folder) is not None and ".." not in folder.split("/")
 
 
-def missing_in_program(path, explained=frozenset()):
-    """What a program lacks, as a list of texts. `explained` are functions of the network that it may call."""
+def missing_in_program(path):
+    """What a program lacks, as a list of texts."""
     dynamic, segments, imports = _readelf(path, "--dynamic"), _segments(path), _imports(path)
     header = _readelf(path, "--file-header")
     return [text for text, present in {
@@ -89,7 +86,7 @@ def missing_in_program(path, explained=frozenset()):
         "memory is writable and executable": not any({"W", "E"} <= set(flags) for flags in segments.values()),
         "the stack is not guarded (__stack_chk_fail)": "__stack_chk_fail" in imports,
         "return addresses are not checked (SHSTK)": _RETURN_CHECKS[_machine(path)] <= _features(path),
-        "it can reach for the network": not _NETWORK_FUNCTIONS & imports - explained
+        "it can reach for the network": not _NETWORK_FUNCTIONS & imports
                                         and not any(map(_NETWORK_LIBRARIES.match, _needed(path))),
         "libraries are looked for outside of its folder": all(map(_inside, _library_paths(path))),
     }.items() if not present]
@@ -99,11 +96,6 @@ def missing_in_object(path):
     """What an object file lacks, as a list of texts."""
     missing = _LANDING_PADS[_machine(path)] - _features(path)
     return [f"control flow is not protected ({', '.join(sorted(missing))})"] if missing else []
-
-
-def opens_sockets(path):
-    """Whether an object file calls what opens a socket."""
-    return bool(_SOCKET_FUNCTIONS & set(re.findall(r"\bUND +(\w+)", _readelf(path, "--symbols"))))
 
 
 def checks_sizes(path):
@@ -124,9 +116,7 @@ def missing_in_command(command):
 
 def complaints_about(programs, objects, commands):
     """Everything that is missing, as a list of texts. `commands` are command lines by the object file they make."""
-    with_sockets = {os.path.basename(path) for path in objects if opens_sockets(path)}
-    explained = _SOCKET_FUNCTIONS if with_sockets == {_FILE_WITH_A_SOCKET} else frozenset()
-    complaints = [f"{path}: {text}" for path in programs for text in missing_in_program(path, explained)]
+    complaints = [f"{path}: {text}" for path in programs for text in missing_in_program(path)]
     for path in objects:
         texts = missing_in_object(path)
         texts += missing_in_command(commands[path]) if path in commands else ["no command is known that made it"]

@@ -12,8 +12,8 @@ class IncludeDirections(unittest.TestCase):
         directory = tempfile.TemporaryDirectory()
         self.addCleanup(directory.cleanup)
         self.top = pathlib.Path(directory.name).resolve()
-        for module in include_directions.MODULES:
-            self.write(f"{module}/Type.h", "#pragma once\n")
+        for library in include_directions.LIBRARIES:
+            self.write(f"{library}/Type.h", "#pragma once\n")
         self.write("StandInEngine/Common/Bytes.h", "#pragma once\n")
 
     def write(self, path, text):
@@ -28,28 +28,51 @@ class IncludeDirections(unittest.TestCase):
     def test_allowed_includes_pass(self):
         self.write("StandInEngine/Common/Bytes.cpp", '#include "Common/Bytes.h"\n')
         self.assertEqual([], self.violations_of(
-            "Sources/AmbrelRecoveryApp/Screens/Screen.cpp",
-            '#include "AmbrelRecoveryApp/Type.h"', '#include "AmbrelRecoveryAppSupport/Type.h"',
+            "Sources/AmbrelRecoveryApp/Screens/List/Rows.cpp",
+            '#include "AmbrelRecoveryApp/Screens/Type.h"', '#include "AmbrelRecoveryApp/Controls/Type.h"',
+            '#include "AmbrelRecoveryApp/Model/Type.h"', '#include "AmbrelRecoveryAppSupport/Type.h"',
             '#include "AmbrelLocalization/Type.h"', '#include "AmbrelPlatform/Type.h"', "#include <QWidget>",
             '#include "Screen.moc"'))
         self.assertEqual([], self.violations_of(
             "Sources/AmbrelLocalization/Store.cpp", "#include <QSettings>", "#include <unicode/locid.h>"))
 
-    def test_modules_side_by_side_do_not_know_each_other(self):
+    def test_libraries_side_by_side_do_not_know_each_other(self):
         self.assertEqual(
             ['Sources/AmbrelLocalization/Table.cpp:1: '
              'Sources/AmbrelLocalization may not include "AmbrelRecoveryAppSupport/Type.h"'],
             self.violations_of("Sources/AmbrelLocalization/Table.cpp", '#include "AmbrelRecoveryAppSupport/Type.h"'))
 
-    def test_a_lower_module_does_not_include_a_higher_one(self):
-        for module, included in (("AmbrelRecoveryAppSupport", "AmbrelRecoveryApp"),
+    def test_a_lower_library_does_not_include_a_higher_one(self):
+        for library, included in (("AmbrelRecoveryAppSupport", "AmbrelRecoveryApp"),
                                  ("AmbrelRecoveryAppSupport", "AmbrelLocalization"),
                                  ("AmbrelLocalization", "AmbrelRecoveryApp"),
                                  ("AmbrelPlatform", "AmbrelRecoveryAppSupport")):
-            with self.subTest(module=module, included=included):
+            with self.subTest(library=library, included=included):
                 self.assertEqual(1, len(self.violations_of(
-                    f"Sources/{module}/File.cpp", "", f'  #  include "{included}/Type.h"')))
-                (self.top / f"Sources/{module}/File.cpp").unlink()
+                    f"Sources/{library}/File.cpp", "", f'  #  include "{included}/Type.h"')))
+                (self.top / f"Sources/{library}/File.cpp").unlink()
+
+    def test_the_folders_of_the_application_do_not_know_those_above_or_beside_them(self):
+        for library, included in (("Foundation", "Secrets"), ("Secrets", "Model"), ("Model", "Controls"),
+                                  ("Controls", "Model"), ("FilePanels", "Desktop"), ("Desktop", "Screens"),
+                                  ("Screens", "FilePanels"), ("Screens", ".")):
+            with self.subTest(library=library, included=included):
+                path = pathlib.PurePath("AmbrelRecoveryApp", included, "Type.h")
+                self.assertEqual(
+                    [f'Sources/AmbrelRecoveryApp/{library}/File.cpp:1: Sources/AmbrelRecoveryApp/{library} may not '
+                     f'include "{path}"'],
+                    self.violations_of(f"Sources/AmbrelRecoveryApp/{library}/File.cpp", f'#include "{path}"'))
+                (self.top / f"Sources/AmbrelRecoveryApp/{library}/File.cpp").unlink()
+
+    def test_there_is_no_circle(self):
+        known = set()
+        for library, allowed in include_directions.LIBRARIES.items():
+            self.assertLessEqual(set(allowed), known, library)
+            known.add(library)
+
+    def test_a_file_outside_of_every_library_is_reported(self):
+        self.assertEqual(["Sources/Stray.cpp: it is in no library's folder"],
+                         self.violations_of("Sources/Stray.cpp", "#include <vector>"))
 
     def test_the_stand_in_engine_shares_no_code(self):
         self.assertEqual(1, len(self.violations_of(
@@ -64,12 +87,12 @@ class IncludeDirections(unittest.TestCase):
 
     def test_the_toolkit_stays_out_of_the_engine_client(self):
         for line in ("#include <QString>", "#include <QtCore/QString>", "#include <qglobal.h>", "# include <QtGlobal>"):
-            for module in ("AmbrelRecoveryAppSupport", "AmbrelPlatform"):
-                with self.subTest(line=line, module=module):
-                    self.assertEqual(1, len(self.violations_of(f"Sources/{module}/File.h", line)))
-                    (self.top / f"Sources/{module}/File.h").unlink()
+            for library in ("AmbrelRecoveryAppSupport", "AmbrelPlatform"):
+                with self.subTest(line=line, library=library):
+                    self.assertEqual(1, len(self.violations_of(f"Sources/{library}/File.h", line)))
+                    (self.top / f"Sources/{library}/File.h").unlink()
 
-    def test_a_project_without_its_modules_is_not_called_clean(self):
+    def test_a_project_without_its_libraries_is_not_called_clean(self):
         with tempfile.TemporaryDirectory() as empty:
             self.assertEqual(2, include_directions.main([empty]))
 

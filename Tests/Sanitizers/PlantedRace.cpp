@@ -1,7 +1,7 @@
 // A worker hands its result to the main thread as the program does. Called with an argument, it changes the result
 // afterwards, while the main thread reads it.
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 
 #include <QCoreApplication>
 

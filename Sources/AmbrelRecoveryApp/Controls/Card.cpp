@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/Card.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 
-#include "AmbrelRecoveryApp/Controls/ParagraphDirection.h"
+#include "AmbrelRecoveryApp/Foundation/ParagraphDirection.h"
 
 #include <QPainter>
 

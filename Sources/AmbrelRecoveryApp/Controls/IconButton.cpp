@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Controls/IconButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Controls/Notice.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QHBoxLayout>
 

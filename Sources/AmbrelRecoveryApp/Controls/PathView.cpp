@@ -1,10 +1,10 @@
 #include "AmbrelRecoveryApp/Controls/PathView.h"
 
-#include "AmbrelRecoveryApp/Controls/FileNameText.h"
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 
 #include <QFile>
 #include <QMimeData>

@@ -2,7 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButtonStyle.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 
 #include <QPainter>
 

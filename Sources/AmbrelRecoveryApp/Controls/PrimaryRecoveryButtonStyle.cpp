@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButtonStyle.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 
 namespace {
 

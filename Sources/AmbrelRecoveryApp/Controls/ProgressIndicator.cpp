@@ -1,8 +1,8 @@
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 
 #include "AmbrelRecoveryApp/Controls/Motion.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QAccessible>
 #include <QAccessibleValueChangeEvent>

@@ -3,8 +3,8 @@
 #include "AmbrelRecoveryApp/Controls/IconButton.h"
 #include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QHBoxLayout>
 

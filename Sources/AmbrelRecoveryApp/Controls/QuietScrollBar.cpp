@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Controls/QuietScrollBar.h"
 
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 
 #include <QPainter>
 #include <QStyle>

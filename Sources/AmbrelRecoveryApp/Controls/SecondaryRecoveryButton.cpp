@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButtonStyle.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
 

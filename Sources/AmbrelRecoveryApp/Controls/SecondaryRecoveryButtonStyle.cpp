@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButtonStyle.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 
 QFont SecondaryRecoveryButtonStyle::labelFont() {
     return recoveryFont(15, QFont::Medium);

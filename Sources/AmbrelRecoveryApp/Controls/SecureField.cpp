@@ -4,11 +4,11 @@
 #include "AmbrelRecoveryApp/Controls/ClipboardSecret.h"
 #include "AmbrelRecoveryApp/Controls/FittedText.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldStyle.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/ProcessSetup.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Secrets/ProcessSetup.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
 #include <QGuiApplication>

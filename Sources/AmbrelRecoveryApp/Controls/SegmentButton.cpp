@@ -3,9 +3,9 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QKeyEvent>
 #include <QPainter>

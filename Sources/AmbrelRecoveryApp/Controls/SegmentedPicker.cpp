@@ -1,8 +1,8 @@
 #include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/SegmentButton.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

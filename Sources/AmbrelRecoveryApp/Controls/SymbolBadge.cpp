@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QPainter>
 

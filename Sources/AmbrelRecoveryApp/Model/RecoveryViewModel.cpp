@@ -5,7 +5,6 @@
 #include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
 #include "AmbrelRecoveryApp/Model/RecoveryFileViewer.h"
-#include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
@@ -13,6 +12,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace {
@@ -198,12 +198,14 @@ void RecoveryViewModel::cancelOperation() {
     publish(phase_, inspection_ ? Phase::snapshots : Phase::chooseBackup);
 }
 
-QString RecoveryViewModel::formattedPercent(double fraction) const {
-    return RecoveryFormats::percent(fraction, AmbrelStrings::currentFormattingLocale());
+QString RecoveryViewModel::formattedPercent(double fraction) {
+    return AmbrelStrings::formattedPercent(fraction, AmbrelStrings::currentFormattingLocale());
 }
 
-QString RecoveryViewModel::formattedDate(std::int64_t milliseconds) const {
-    return RecoveryFormats::date(milliseconds, AmbrelStrings::currentFormattingLocale());
+QString RecoveryViewModel::formattedDate(std::int64_t milliseconds) {
+    using Time = std::chrono::sys_time<std::chrono::milliseconds>;
+    return AmbrelStrings::formattedDateTime(Time(std::chrono::milliseconds(milliseconds)),
+                                            AmbrelStrings::currentFormattingLocale());
 }
 
 void RecoveryViewModel::forgetPackageContents() {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
-#include "AmbrelRecoveryApp/Model/SecretText.h"
+#include "AmbrelRecoveryApp/Secrets/SecretText.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryAppFactor.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExportDocument.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryInspectionDocument.h"
@@ -114,10 +114,10 @@ public:
     /// Cancels what is running. An accepted inspection and its credential stay.
     void cancelOperation();
 
-    /// A fraction as a whole percentage in the interface language, not clamped.
-    QString formattedPercent(double fraction) const;
-    /// A time, in milliseconds since the Unix epoch, as date and time in the interface language.
-    QString formattedDate(std::int64_t milliseconds) const;
+    /// A fraction as a whole percentage in the interface language, not clamped. Any thread.
+    static QString formattedPercent(double fraction);
+    /// A time, in milliseconds since the Unix epoch, as date and time in the interface language. Any thread.
+    static QString formattedDate(std::int64_t milliseconds);
 
 signals:
     /// A published property is about to change. Its new value can be read in a later turn of the event loop.

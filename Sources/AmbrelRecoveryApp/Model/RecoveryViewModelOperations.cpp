@@ -1,7 +1,7 @@
 // The long operations of the model. Each step runs on a thread of its own; what it leaves is applied on the main
 // thread.
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngine.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"

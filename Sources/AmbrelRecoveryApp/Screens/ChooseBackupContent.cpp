@@ -1,8 +1,8 @@
 #include "AmbrelRecoveryApp/Screens/ChooseBackupContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/Controls/FileNameText.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
 #include <algorithm>

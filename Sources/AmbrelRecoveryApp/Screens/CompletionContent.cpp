@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/CompletionContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 CompletionContent completionContent(const RecoveryScreenState& state) {
     using AmbrelStrings::localized;

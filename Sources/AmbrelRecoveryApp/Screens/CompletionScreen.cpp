@@ -4,10 +4,10 @@
 #include "AmbrelRecoveryApp/Controls/PathView.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/ButtonRow.h"
 #include "AmbrelRecoveryApp/Screens/TrailingInset.h"
 

@@ -1,10 +1,10 @@
 #include "AmbrelRecoveryApp/Screens/CredentialCard.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QVBoxLayout>
 

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/DropArea.h"
 
-#include "AmbrelRecoveryApp/Platform/FileURL.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Foundation/FileURL.h"
 
 #include <QApplication>
 #include <QDropEvent>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/ErrorAlertContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 std::optional<ErrorAlertContent> errorAlertContent(const RecoveryScreenState& state) {
     if (!state.presentedError) {

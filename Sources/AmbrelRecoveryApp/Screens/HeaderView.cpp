@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryApp/Screens/HeaderView.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QVBoxLayout>
 

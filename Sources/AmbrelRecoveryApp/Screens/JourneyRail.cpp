@@ -1,10 +1,10 @@
 #include "AmbrelRecoveryApp/Screens/JourneyRail.h"
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/RailBadge.h"
 #include "AmbrelRecoveryApp/Screens/RailStepList.h"
 

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/JourneyRailContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 JourneyRailContent journeyRailContent(const RecoveryScreenState& state) {
     using AmbrelStrings::localized;

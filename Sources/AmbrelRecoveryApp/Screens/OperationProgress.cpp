@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/Model/RecoveryFormats.h"
+#include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 
 ProgressRowContent operationProgress(const QString& title, const std::optional<double>& fraction) {
     ProgressRowContent content{
@@ -11,7 +11,7 @@ ProgressRowContent operationProgress(const QString& title, const std::optional<d
         .cancelLabel = AmbrelStrings::localized(AmbrelStrings::recoveryActionCancelRestore()),
     };
     if (fraction) {
-        content.percent = RecoveryFormats::percent(*fraction, AmbrelStrings::currentFormattingLocale());
+        content.percent = RecoveryViewModel::formattedPercent(*fraction);
     }
     return content;
 }

@@ -2,8 +2,8 @@
 
 #include "AmbrelRecoveryApp/Controls/ProgressRow.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QVBoxLayout>
 

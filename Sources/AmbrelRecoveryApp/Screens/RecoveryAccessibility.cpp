@@ -6,14 +6,14 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
-#include "AmbrelRecoveryApp/RecoveryWindow.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/RailStep.h"
 #include "AmbrelRecoveryApp/Screens/RailStepAccessible.h"
 #include "AmbrelRecoveryApp/Screens/RailStepList.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotListAccessible.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotListAccessible.h"
 
 namespace {
 

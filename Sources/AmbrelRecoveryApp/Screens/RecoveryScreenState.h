@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
-#include "AmbrelRecoveryApp/Screens/SortedSnapshots.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SortedSnapshots.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotsContent.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
 namespace {

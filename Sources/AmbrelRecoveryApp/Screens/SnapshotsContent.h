@@ -3,7 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/NoticeContent.h"
 #include "AmbrelRecoveryApp/Controls/ProgressRowContent.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryScreenState.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotRows.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRows.h"
 
 #include <QString>
 

@@ -5,12 +5,12 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ProgressRow.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ShownPart.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Screens/ButtonRow.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/TrailingInset.h"
 
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Screens/StepAnnouncement.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/CompletionContent.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotsContent.h"
 

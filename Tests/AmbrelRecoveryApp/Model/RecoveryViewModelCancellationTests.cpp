@@ -1,4 +1,4 @@
-#include "RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
 
 #include <QCoreApplication>
 

@@ -1,5 +1,5 @@
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "RecoveryViewModelTestCase.h"
 
 #include <fstream>
 

@@ -1,8 +1,8 @@
 // What the user does while a disk does not answer what it was asked about a chosen path.
 
-#include "../Platform/HungFolder.h"
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
-#include "RecoveryViewModelTestCase.h"
+#include "../Support/HungFolder.h"
+#include "../Support/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 
 #include <chrono>
 #include <memory>

@@ -1,6 +1,6 @@
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
-#include "RecoveryViewModelTestCase.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,7 +1,7 @@
 // What is left of the credential in this process, at each point where the session is dropped or kept.
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
-#include "RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "Support/MemoryScan.h"
 #include "Support/NamedPipe.h"
 

@@ -1,8 +1,8 @@
 // Operations of the model in a storm, and the model destroyed at every point of an operation.
 
-#include "AmbrelRecoveryApp/Model/BackgroundTask.h"
+#include "../Support/RecoveryViewModelTestCase.h"
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Model/RecoveryErrorPresentation.h"
-#include "RecoveryViewModelTestCase.h"
 #include "Support/MisbehavingEngine.h"
 #include "Support/OpenDescriptors.h"
 #include "Support/ScopedEnvironment.h"

@@ -1,9 +1,9 @@
 // What the user gets where the system has no thread for a step.
 
+#include "../Support/RecoveryViewModelTestCase.h"
+#include "../Support/ThreadShortage.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "RecoveryViewModelTestCase.h"
 #include "Support/MemoryScan.h"
-#include "ThreadShortage.h"
 
 #include <filesystem>
 #include <string>

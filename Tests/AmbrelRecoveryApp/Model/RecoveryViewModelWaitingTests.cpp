@@ -1,8 +1,8 @@
 // An engine that was cancelled and does not end at once, and what is begun meanwhile.
 
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
-#include "RecoveryViewModelTestCase.h"
 #include "Support/NamedPipe.h"
 
 #include <QCoreApplication>

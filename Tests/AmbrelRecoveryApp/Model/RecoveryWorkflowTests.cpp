@@ -1,6 +1,6 @@
 // The table of the workflow against the model: every operation where everything is there, and every sequence of a few.
 
-#include "RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "WorkflowTable.h"
 #include "WorkflowWalk.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "ScriptedEngine.h"
 #include "WorkflowState.h"
 

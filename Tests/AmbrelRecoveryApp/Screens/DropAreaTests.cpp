@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Screens/DropArea.h"
 
-#include "AmbrelRecoveryApp/Platform/FileURL.h"
+#include "AmbrelRecoveryApp/Foundation/FileURL.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 

@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Screens/FocusPlan.h"
 
-#include "AmbrelRecoveryApp/Screens/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 #include "ScreensTestSupport.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/RecoveryAppCopy.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 

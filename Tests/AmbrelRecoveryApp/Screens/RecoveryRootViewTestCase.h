@@ -1,11 +1,11 @@
 #pragma once
 
-#include "../Model/RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 
 #include <QAbstractButton>
 #include <QApplication>

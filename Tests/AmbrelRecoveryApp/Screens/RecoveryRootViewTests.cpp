@@ -1,9 +1,9 @@
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"

@@ -1,8 +1,8 @@
-#include "../Model/RecoveryViewModelTestCase.h"
+#include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/RecoveryRootView.h"
-#include "AmbrelRecoveryApp/RecoveryWindow.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 
 #include <QApplication>
 #include <QPointer>

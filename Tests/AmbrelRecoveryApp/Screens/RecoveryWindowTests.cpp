@@ -1,7 +1,7 @@
-#include "AmbrelRecoveryApp/RecoveryWindow.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/RecoveryPalette.h"
 
 #include <QApplication>
 #include <QDialog>

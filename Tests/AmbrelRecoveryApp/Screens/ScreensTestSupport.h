@@ -1,35 +1,12 @@
 #pragma once
 
+#include "../Support/TestEnvironment.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryScreenState.h"
-
-#include <QByteArray>
-#include <QString>
 
 #include <cstdint>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
-
-// GoogleTest shows failed comparisons through this.
-void PrintTo(const QString& text, std::ostream* stream);
-
-/// Until the end of the scope the system asks for another language than English.
-class ScopedLanguage {
-public:
-    /// `language` is a language tag such as "de", `locale` the POSIX locale that goes with it.
-    ScopedLanguage(const char* language, const char* locale);
-    ScopedLanguage(const ScopedLanguage&) = delete;
-    ScopedLanguage& operator=(const ScopedLanguage&) = delete;
-    ~ScopedLanguage();
-
-private:
-    const QByteArray previousLanguage_;
-    const QByteArray previousLocale_;
-};
-
-/// Makes the program independent of the user's settings: English, UTC, no stored language. To be called first in main.
-void prepareEnvironment();
 
 /// A snapshot with this code and creation time, complete and of a few items.
 AmbrelRecoveryInspectionDocument::Snapshot snapshot(const std::string& code, std::int64_t createdAtUTCMilliseconds);

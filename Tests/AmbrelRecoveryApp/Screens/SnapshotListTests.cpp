@@ -1,6 +1,6 @@
-#include "AmbrelRecoveryApp/Screens/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 
-#include "AmbrelRecoveryApp/Screens/SnapshotListModel.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotListModel.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotsContent.h"
 #include "ScreensTestSupport.h"
 

@@ -1,4 +1,4 @@
-#include "AmbrelRecoveryApp/Screens/SnapshotRowLayout.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRowLayout.h"
 
 #include "ScreensTestSupport.h"
 

@@ -1,0 +1,209 @@
+#include "AmbrelRecoveryApp/FilePanels/FolderModel.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
+#include "AmbrelRecoveryApp/FilePanels/FolderWatch.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <tuple>
+
+namespace {
+
+using Item = FolderContents::Item;
+
+constexpr std::chrono::milliseconds changeDelay(250);
+
+RecoverySymbol symbolOf(Item::Kind kind) {
+    switch (kind) {
+    case Item::Kind::folder:
+        return RecoverySymbol::folder;
+    case Item::Kind::package:
+        return RecoverySymbol::shippingboxFill;
+    case Item::Kind::file:
+        return RecoverySymbol::doc;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+FolderModel::FolderModel(QObject* parent)
+    : QAbstractTableModel(parent), locale_(AmbrelStrings::currentFormattingLocale()) {
+    change_.setSingleShot(true);
+    change_.setInterval(changeDelay);
+    connect(&change_, &QTimer::timeout, this, &FolderModel::read);
+}
+
+void FolderModel::setFolder(const std::filesystem::path& folder) {
+    change_.stop();
+    watch({});
+    beginResetModel();
+    folder_ = folder;
+    contents_ = {};
+    rows_.clear();
+    state_ = State::loading;
+    endResetModel();
+    read();
+}
+
+void FolderModel::setShowsHidden(bool showsHidden) {
+    beginResetModel();
+    showsHidden_ = showsHidden;
+    arrange();
+    endResetModel();
+}
+
+/// What changes while the folder is read is seen, since it is watched before.
+void FolderModel::read() {
+    const bool isStarted = reading_.start(
+        [folder = folder_, locale = locale_](const std::stop_token& stopToken) {
+            return Reading{FolderWatch::begin(folder), FolderContents::read(folder, locale, stopToken)};
+        },
+        [this](Reading reading) { take(std::move(reading)); });
+    if (!isStarted) {
+        take({});
+    }
+}
+
+void FolderModel::take(Reading reading) {
+    const State state = reading.contents ? State::loaded : State::unreadable;
+    FolderContents taken = std::move(reading.contents).value_or(FolderContents());
+    if (state != state_ || taken != contents_) {
+        beginResetModel();
+        state_ = state;
+        contents_ = std::move(taken);
+        arrange();
+        endResetModel();
+    }
+    if (reading.watch) {
+        watch(std::move(reading.watch));
+    } else if (changes_) {
+        // The folder may be readable again later, of which the last watch tells.
+        FolderWatch::clear(watch_.get());
+        changes_->setEnabled(true);
+    }
+    emit wasRead();
+}
+
+void FolderModel::watch(UniqueDescriptor watch) {
+    changes_.reset();
+    watch_ = std::move(watch);
+    if (watch_) {
+        changes_ = std::make_unique<QSocketNotifier>(watch_.get(), QSocketNotifier::Read);
+        connect(changes_.get(), &QSocketNotifier::activated, this, [this] {
+            // Until the folder has been read.
+            changes_->setEnabled(false);
+            change_.start();
+        });
+    }
+}
+
+void FolderModel::arrange() {
+    rows_.clear();
+    for (std::size_t index = 0; index < contents_.items.size(); ++index) {
+        if (showsHidden_ || !contents_.items[index].isHidden()) {
+            rows_.push_back(index);
+        }
+    }
+    const auto key = [this](std::size_t index) {
+        const Item& item = contents_.items[index];
+        const std::int64_t value =
+            sortColumn_ == size
+                ? item.size
+                : item.modified.value_or(decltype(item.modified)::value_type()).time_since_epoch().count();
+        return sortColumn_ == name ? static_cast<std::int64_t>(index) : value;
+    };
+    const auto isFile = [this](std::size_t index) { return contents_.items[index].kind != Item::Kind::folder; };
+    std::ranges::stable_sort(rows_, [&](std::size_t left, std::size_t right) {
+        const bool isAscending = sortOrder_ == Qt::AscendingOrder;
+        return std::tuple(isFile(left), key(isAscending ? left : right)) <
+               std::tuple(isFile(right), key(isAscending ? right : left));
+    });
+}
+
+const Item& FolderModel::item(const QModelIndex& index) const {
+    return contents_.items.at(rows_.at(static_cast<std::size_t>(index.row())));
+}
+
+QModelIndex FolderModel::indexOf(const std::string& itemName) const {
+    const auto found =
+        std::ranges::find_if(rows_, [&](std::size_t place) { return contents_.items[place].name == itemName; });
+    return found == rows_.end() ? QModelIndex() : index(static_cast<int>(found - rows_.begin()), Column::name);
+}
+
+int FolderModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int FolderModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columnCountOfModel;
+}
+
+QVariant FolderModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) {
+        return {};
+    }
+    if (role == Qt::DisplayRole) {
+        return text(item(index), index.column());
+    }
+    if (index.column() == name && role == SymbolRole) {
+        return static_cast<int>(symbolOf(item(index).kind));
+    }
+    if (index.column() == name && role == Qt::AccessibleDescriptionRole && item(index).kind == Item::Kind::folder) {
+        return AmbrelStrings::localized(AmbrelStrings::filesExportFolder());
+    }
+    return {};
+}
+
+QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) {
+        return QVariant(Qt::AlignLeading | Qt::AlignVCenter);
+    }
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+        return {};
+    }
+    switch (section) {
+    case name:
+        return AmbrelStrings::localized(AmbrelStrings::organizationName());
+    case size:
+        return AmbrelStrings::localized(AmbrelStrings::detailsSize());
+    default:
+        return PanelTexts::localized(PanelTexts::Text::dateModified);
+    }
+}
+
+void FolderModel::sort(int column, Qt::SortOrder order) {
+    beginResetModel();
+    sortColumn_ = column;
+    sortOrder_ = order;
+    arrange();
+    endResetModel();
+}
+
+QString FolderModel::text(const Item& item, int column) const {
+    switch (column) {
+    case name:
+        return FileNameText::readable(item.name);
+    case size:
+        return item.kind == Item::Kind::file ? AmbrelStrings::formattedFileSize(item.size, locale_) : QString();
+    default:
+        return item.modified ? AmbrelStrings::formattedDateTime(*item.modified, locale_) : QString();
+    }
+}
+
+int FolderModel::widestText(Column column, const QFontMetrics& metrics) const {
+    using namespace std::chrono;
+    constexpr std::int64_t wideSize = 888'800'000;
+    constexpr sys_time<milliseconds> wideDate = sys_days(year(2028) / 9 / 28) + hours(20) + minutes(48);
+    int widest = 0;
+    // Nothing at all is written in words.
+    for (const std::int64_t byteCount : {std::int64_t(0), wideSize}) {
+        const QString shown =
+            text({.name = {}, .kind = Item::Kind::file, .size = byteCount, .modified = wideDate}, column);
+        widest = std::max(widest, metrics.horizontalAdvance(shown));
+    }
+    return widest;
+}

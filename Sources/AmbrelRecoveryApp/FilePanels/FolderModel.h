@@ -1,0 +1,86 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
+#include "AmbrelRecoveryApp/FilePanels/LatestTask.h"
+#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
+
+#include <QAbstractTableModel>
+#include <QFontMetrics>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+/// What one folder holds, with names, sizes and dates as the interface language writes them. The folder is read on a
+/// thread of its own, and again when it changes, so that one that does not answer delays nothing. Main thread.
+class FolderModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { name, size, date, columnCountOfModel };
+    enum Role {
+        /// The `RecoverySymbol` of an item, as an int.
+        SymbolRole = Qt::UserRole
+    };
+    enum class State { loading, loaded, unreadable };
+
+    explicit FolderModel(QObject* parent = nullptr);
+
+    /// Shows another folder, given by its absolute path: nothing at first, and what it holds after `wasRead`.
+    void setFolder(const std::filesystem::path& folder);
+    const std::filesystem::path& folder() const { return folder_; }
+    State state() const { return state_; }
+    bool isFolderWritable() const { return contents_.isWritable; }
+
+    void setShowsHidden(bool showsHidden);
+    bool showsHidden() const { return showsHidden_; }
+
+    /// The item in the row of a valid index, and where it lies.
+    const FolderContents::Item& item(const QModelIndex& index) const;
+    std::filesystem::path path(const QModelIndex& index) const { return folder_ / item(index).name; }
+    /// The index of the item of this name in the first column; invalid where none is shown.
+    QModelIndex indexOf(const std::string& itemName) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    void sort(int column, Qt::SortOrder order) override;
+
+    /// The width of the widest size or date that is likely to be shown, in the font of `metrics`.
+    int widestText(Column column, const QFontMetrics& metrics) const;
+
+signals:
+    /// The folder was read; `state()` says with what result.
+    void wasRead();
+
+private:
+    /// What was read, and a watch that began before.
+    struct Reading {
+        UniqueDescriptor watch;
+        std::optional<FolderContents> contents;
+    };
+
+    void read();
+    void take(Reading reading);
+    void watch(UniqueDescriptor watch);
+    void arrange();
+    QString text(const FolderContents::Item& item, int column) const;
+
+    const icu::Locale locale_;
+    std::filesystem::path folder_;
+    State state_ = State::loaded;
+    bool showsHidden_ = false;
+    int sortColumn_ = name;
+    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    FolderContents contents_;
+    /// The shown items in the order of the rows, as places in `contents_`.
+    std::vector<std::size_t> rows_;
+    LatestTask reading_;
+    UniqueDescriptor watch_;
+    std::unique_ptr<QSocketNotifier> changes_;
+    /// Gathers changes, so that a folder in which much happens is not read without pause.
+    QTimer change_;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/FilePanels/FolderModel.h"
+
+#include <QTreeView>
+
+/// The list of a folder's items, in which one is selected. Return and a double click activate an item; nothing in it
+/// can be moved, renamed or deleted. Where there is nothing to list, it says why.
+class FolderView final : public QTreeView {
+    Q_OBJECT
+
+public:
+    /// `model` must outlive the view.
+    explicit FolderView(FolderModel& model, QWidget* parent = nullptr);
+
+    /// The selected item's index in the first column; invalid where there is none.
+    QModelIndex selectedItem() const;
+
+    void keyboardSearch(const QString& search) override;
+    void reset() override;
+
+signals:
+    void itemActivated(const QModelIndex& index);
+    void itemSelected();
+    void upRequested();
+    /// A path, and no name in the list, is being typed; `beginning` is its first character.
+    void pathTyped(const QString& beginning);
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    QString message() const;
+    void takeReset();
+    void restore();
+
+    FolderModel& model_;
+    /// The names of the selected and of the current item, for the next time that the folder is read.
+    std::string selectedName_;
+    std::string currentName_;
+    int scrollPlace_ = 0;
+    bool isSlow_ = false;
+    QTimer slowness_;
+};

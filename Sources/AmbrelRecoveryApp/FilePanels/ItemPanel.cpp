@@ -1,0 +1,343 @@
+#include "AmbrelRecoveryApp/FilePanels/ItemPanel.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
+#include "AmbrelRecoveryApp/FilePanels/FolderView.h"
+#include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelButton.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelPalette.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/FilePanels/PathLabel.h"
+#include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
+#include "AmbrelRecoveryApp/FilePanels/SpaceView.h"
+#include "AmbrelRecoveryApp/FilePanels/TypedItem.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <utility>
+
+using namespace AmbrelStrings;
+
+namespace {
+
+constexpr QSize initialSize(860, 560);
+constexpr QSize leastSize(660, 420);
+constexpr int padding = 20;
+constexpr int sidebarPadding = 12;
+constexpr int spacing = 10;
+
+RecoverySymbol backSymbol() {
+    return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
+}
+
+/// `size`, enlarged as the texts are where the screen has room for that.
+QSize scaledToScreen(const QSize& size, const QScreen& screen) {
+    const QSize enlarged(TextScale::scaled(size.width()), TextScale::scaled(size.height()));
+    return enlarged.boundedTo(screen.availableSize()).expandedTo(size);
+}
+
+} // namespace
+
+ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
+                     RecoveryPanels::Completion completion, QWidget* window)
+    : QDialog(window), purpose_(purpose), proposedName_(request.proposedName), completion_(std::move(completion)),
+      files_(new FolderModel(this)), list_(new FolderView(*files_, this)), places_(new PlacesView(this)),
+      path_(new PathLabel(this)), back_(new PanelButton(backSymbol(), localized(genericBack()), this)),
+      up_(new PanelButton(RecoverySymbol::arrowUp, PanelTexts::localized(PanelTexts::Text::enclosingFolder), this)),
+      newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
+      fileName_(new PanelNameField(localized(detailsFilename()), this)),
+      space_(purpose == Purpose::newItem ? new SpaceView(request.requiredByteCount, this) : nullptr),
+      cancel_(new SecondaryRecoveryButton(std::nullopt, this)), accept_(new PrimaryRecoveryButton(std::nullopt, this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setLayoutDirection(interfaceDirection());
+    setWindowTitle(request.title);
+    setAccessibleName(request.title);
+    QPalette colors = PanelPalette::colors();
+    colors.setColor(QPalette::Window, RecoveryPalette::background());
+    setPalette(colors);
+    list_->setAccessibleName(localized(detailsResources()));
+    newFolder_->setLabel(localized(organizationNewFolder()));
+    cancel_->setLabel(localized(genericCancel()));
+    accept_->setLabel(request.prompt);
+    accept_->setDefault(true);
+    fileName_->setText(proposedName_);
+    fileName_->selectAll();
+    layOut();
+    connectParts();
+    addShortcuts();
+    takeNameChange();
+    showFolder(folder);
+    setMinimumSize(scaledToScreen(leastSize, *screen()));
+    resize(scaledToScreen(initialSize, *screen()));
+    if (purpose == Purpose::newItem) {
+        fileName_->setFocus();
+    } else {
+        list_->setFocus();
+    }
+}
+
+ItemPanel::~ItemPanel() {
+    complete(std::nullopt);
+}
+
+const std::filesystem::path& ItemPanel::folder() const {
+    return files_->folder();
+}
+
+void ItemPanel::done(int result) {
+    finding_.drop();
+    QDialog::done(result);
+    complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
+}
+
+/// Takes what the user named or selected, whichever was last.
+void ItemPanel::accept() {
+    const QModelIndex selected = list_->selectedItem();
+    if (!selected.isValid()) {
+        findTyped();
+    } else if (purpose_ == Purpose::newItem) {
+        activate(selected);
+    } else {
+        take(files_->path(selected));
+    }
+}
+
+void ItemPanel::layOut() {
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(sidebar());
+    auto* const content = new QVBoxLayout;
+    content->setContentsMargins(padding, padding, padding, padding);
+    content->setSpacing(spacing);
+    content->addLayout(pathRow());
+    content->addWidget(list_, 1);
+    content->addLayout(nameRow());
+    if (space_) {
+        content->addWidget(space_);
+    }
+    content->addSpacing(spacing / 2);
+    content->addLayout(buttonRow());
+    layout->addLayout(content, 1);
+}
+
+QWidget* ItemPanel::sidebar() {
+    auto* const sidebar = new QWidget(this);
+    QPalette colors = PanelPalette::colors();
+    colors.setColor(QPalette::Window, RecoveryPalette::rail());
+    colors.setColor(QPalette::Base, RecoveryPalette::rail());
+    sidebar->setPalette(colors);
+    sidebar->setAutoFillBackground(true);
+    auto* const layout = new QVBoxLayout(sidebar);
+    layout->setContentsMargins(sidebarPadding, padding, sidebarPadding, padding);
+    layout->addWidget(places_);
+    return sidebar;
+}
+
+QBoxLayout* ItemPanel::pathRow() {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addWidget(back_);
+    row->addWidget(up_);
+    row->addWidget(path_, 1);
+    newFolder_->setFont(recoveryFont(13, QFont::Medium));
+    newFolder_->setButtonHeight(34);
+    newFolder_->setVisible(purpose_ == Purpose::newItem);
+    row->addWidget(newFolder_);
+    return row;
+}
+
+QBoxLayout* ItemPanel::nameRow() {
+    auto* const label = new QLabel(localized(detailsFilename()), this);
+    label->setFont(recoveryFont(13, QFont::Medium));
+    label->setBuddy(fileName_);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addWidget(label);
+    row->addWidget(fileName_, 1);
+    return row;
+}
+
+QBoxLayout* ItemPanel::buttonRow() {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addStretch();
+    cancel_->setButtonHeight(accept_->sizeHint().height());
+    row->addWidget(cancel_);
+    row->addWidget(accept_);
+    return row;
+}
+
+void ItemPanel::connectParts() {
+    connect(files_, &FolderModel::wasRead, this, &ItemPanel::takeReading);
+    connect(list_, &FolderView::itemActivated, this, &ItemPanel::activate);
+    connect(list_, &FolderView::itemSelected, this, &ItemPanel::nameSelectedItem);
+    connect(list_, &FolderView::upRequested, this, &ItemPanel::goUp);
+    connect(list_, &FolderView::pathTyped, this, &ItemPanel::beginPath);
+    connect(places_, &PlacesView::placeChosen, this, &ItemPanel::goTo);
+    connect(back_, &PanelButton::clicked, this, &ItemPanel::goBack);
+    connect(up_, &PanelButton::clicked, this, &ItemPanel::goUp);
+    connect(newFolder_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::makeFolder);
+    connect(fileName_, &PanelNameField::textChanged, this, &ItemPanel::takeNameChange);
+    connect(accept_, &PrimaryRecoveryButton::clicked, this, &ItemPanel::accept);
+    connect(cancel_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::reject);
+}
+
+void ItemPanel::addShortcuts() {
+    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this,
+            [this] { files_->setShowsHidden(!files_->showsHidden()); });
+    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, &ItemPanel::goBack);
+    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, this, &ItemPanel::goUp);
+}
+
+void ItemPanel::activate(const QModelIndex& index) {
+    const std::filesystem::path path = files_->path(index);
+    if (files_->item(index).kind == FolderContents::Item::Kind::folder) {
+        goTo(path);
+    } else {
+        take(path);
+    }
+}
+
+/// Where a new item is named, a selected folder is a place to go to and leaves the name as it is.
+void ItemPanel::nameSelectedItem() {
+    const QModelIndex selected = list_->selectedItem();
+    if (!selected.isValid()) {
+        return;
+    }
+    finding_.drop();
+    const FolderContents::Item& item = files_->item(selected);
+    if (purpose_ == Purpose::existingItem || item.kind != FolderContents::Item::Kind::folder) {
+        const QScopedValueRollback naming(isNamingSelection_, true);
+        fileName_->setText(FileNameText::readable(item.name));
+    }
+}
+
+void ItemPanel::takeNameChange() {
+    finding_.drop();
+    accept_->setEnabled(!fileName_->text().isEmpty());
+    if (!isNamingSelection_) {
+        list_->clearSelection();
+    }
+    showSpace();
+}
+
+void ItemPanel::beginPath(const QString& beginning) {
+    fileName_->setText(beginning);
+    fileName_->setFocus();
+    fileName_->deselect();
+    fileName_->end(false);
+}
+
+void ItemPanel::takeReading() {
+    const bool isOfNoUse = files_->state() == FolderModel::State::unreadable ||
+                           (purpose_ == Purpose::newItem && !files_->isFolderWritable());
+    const std::filesystem::path home = PanelPlaces::home().path;
+    if (std::exchange(isAtBeginning_, false) && isOfNoUse && folder() != home) {
+        showFolder(home);
+        return;
+    }
+    newFolder_->setEnabled(files_->isFolderWritable());
+    if (space_) {
+        space_->refresh();
+    }
+}
+
+void ItemPanel::makeFolder() {
+    auto* const panel = new NewFolderPanel(folder(), this);
+    connect(panel, &NewFolderPanel::made, this, &ItemPanel::goTo);
+    panel->open();
+}
+
+void ItemPanel::findTyped() {
+    if (finding_.isRunning()) {
+        return;
+    }
+    const bool isStarted =
+        finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
+                       [this](const std::optional<TypedItem>& item) {
+                           if (item) {
+                               takeTyped(*item);
+                           }
+                       });
+    if (!isStarted) {
+        // No thread can be had: what the text stands for is found out by whoever gets the path.
+        take(folder() / QFile::encodeName(fileName_->text()).toStdString());
+    }
+}
+
+void ItemPanel::takeTyped(const TypedItem& item) {
+    if (!item.isFolderToEnter) {
+        take(item.path);
+        return;
+    }
+    goTo(item.path);
+    fileName_->setText(proposedName_);
+    fileName_->selectAll();
+}
+
+void ItemPanel::goTo(const std::filesystem::path& folder) {
+    if (folder != files_->folder()) {
+        history_.push_back(files_->folder());
+    }
+    showFolder(folder);
+}
+
+void ItemPanel::goBack() {
+    if (!history_.empty()) {
+        const std::filesystem::path last = std::move(history_.back());
+        history_.pop_back();
+        showFolder(last);
+    }
+}
+
+void ItemPanel::goUp() {
+    if (folder().has_relative_path()) {
+        goTo(folder().parent_path());
+    }
+}
+
+void ItemPanel::showFolder(const std::filesystem::path& folder) {
+    finding_.drop();
+    isAtBeginning_ = isAtBeginning_ && files_->folder().empty();
+    if (purpose_ == Purpose::existingItem) {
+        fileName_->clear();
+    }
+    newFolder_->setEnabled(false);
+    files_->setFolder(folder);
+    places_->showFolder(folder);
+    path_->setPath(folder);
+    back_->setEnabled(!history_.empty());
+    up_->setEnabled(folder.has_relative_path());
+    showSpace();
+}
+
+void ItemPanel::showSpace() {
+    if (space_) {
+        space_->setPlace(folder(), fileName_->text());
+    }
+}
+
+void ItemPanel::take(const std::filesystem::path& path) {
+    choice_ = path;
+    done(Accepted);
+}
+
+void ItemPanel::complete(std::optional<std::filesystem::path> choice) {
+    if (const auto completion = std::exchange(completion_, nullptr)) {
+        completion(std::move(choice));
+    }
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
+
+#include <stop_token>
+#include <system_error>
+#include <type_traits>
+#include <utility>
+
+/// Blocking work whose latest outcome alone is wanted: what ran before counts for nothing once it is started again or
+/// dropped, or its owner is gone. The end of the process does not wait for it. Main thread.
+class LatestTask {
+public:
+    LatestTask() = default;
+    LatestTask(const LatestTask&) = delete;
+    LatestTask& operator=(const LatestTask&) = delete;
+    ~LatestTask() { drop(); }
+
+    /// Calls `work`, with a token that says when its outcome is no longer wanted if it takes one, on a new thread, and
+    /// then `take` with the outcome on the main thread. False where no thread can be had: neither is called then.
+    template<typename Work, typename Take>
+    bool start(Work work, Take take) {
+        drop();
+        wanted_ = std::stop_source();
+        const std::stop_token token = wanted_.get_token();
+        auto completion = [this, token, take = std::move(take)](auto& outcome) {
+            if (!token.stop_requested()) {
+                wanted_ = std::stop_source(std::nostopstate);
+                take(outcome.get());
+            }
+        };
+        try {
+            if constexpr (std::is_invocable_v<Work, std::stop_token>) {
+                BackgroundTask::run([work = std::move(work), token] { return work(token); }, std::move(completion),
+                                    BackgroundTask::AtEnd::abandoned);
+            } else {
+                BackgroundTask::run(std::move(work), std::move(completion), BackgroundTask::AtEnd::abandoned);
+            }
+            return true;
+        } catch (const std::system_error&) {
+            drop();
+            return false;
+        }
+    }
+
+    /// The outcome of what runs is no longer wanted.
+    void drop() { wanted_.request_stop(); }
+
+    bool isRunning() const { return wanted_.stop_possible() && !wanted_.stop_requested(); }
+
+private:
+    std::stop_source wanted_{std::nostopstate};
+};

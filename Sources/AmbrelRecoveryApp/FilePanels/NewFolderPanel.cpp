@@ -1,0 +1,126 @@
+#include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
+
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
+#include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelPalette.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <cerrno>
+
+#include <sys/stat.h>
+
+using namespace AmbrelStrings;
+using PanelTexts::Text;
+
+namespace {
+
+constexpr int panelWidth = 380;
+constexpr int padding = 24;
+
+std::error_code makeFolder(const std::filesystem::path& folder) {
+    // Neither in a package nor one that would be taken for a package.
+    if (FolderContents::isWithinPackage(folder)) {
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
+    constexpr mode_t everyoneAsTheMaskAllows = 0777;
+    const bool isMade = mkdir(folder.c_str(), everyoneAsTheMaskAllows) == 0;
+    return isMade ? std::error_code() : std::error_code(errno, std::generic_category());
+}
+
+bool canBeName(const QString& name) {
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') && !name.contains(QChar::Null);
+}
+
+} // namespace
+
+NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
+    : QDialog(panel), folder_(std::move(folder)), name_(new PanelNameField(localized(organizationName()), this)),
+      message_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::warning(), this)),
+      create_(new PrimaryRecoveryButton(std::nullopt, this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setLayoutDirection(interfaceDirection());
+    setPalette(PanelPalette::colors());
+    setWindowTitle(localized(organizationNewFolder()));
+    setAccessibleName(localized(organizationNewFolder()));
+    setFixedWidth(TextScale::scaled(panelWidth));
+    message_->hide();
+    create_->setLabel(PanelTexts::localized(Text::create));
+    create_->setDefault(true);
+    auto* const cancel = new SecondaryRecoveryButton(std::nullopt, this);
+    cancel->setLabel(localized(genericCancel()));
+    cancel->setButtonHeight(create_->sizeHint().height());
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(10);
+    auto* const label = new TextLabel(recoveryFont(13, QFont::Medium), RecoveryPalette::secondary(), this);
+    label->setText(localized(organizationName()));
+    layout->addWidget(label);
+    layout->addWidget(name_);
+    layout->addWidget(message_);
+    layout->addSpacing(8);
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(10);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(create_);
+    layout->addLayout(buttons);
+
+    name_->setText(localized(organizationNewFolder()));
+    name_->selectAll();
+    name_->setFocus();
+    connect(name_, &QLineEdit::textChanged, this, &NewFolderPanel::follow);
+    connect(create_, &PrimaryRecoveryButton::clicked, this, &NewFolderPanel::accept);
+    connect(cancel, &SecondaryRecoveryButton::clicked, this, &NewFolderPanel::reject);
+}
+
+void NewFolderPanel::accept() {
+    if (making_.isRunning() || !canBeName(name_->text())) {
+        return;
+    }
+    const std::filesystem::path folder = folder_ / QFile::encodeName(name_->text()).toStdString();
+    create_->setEnabled(false);
+    const bool isStarted = making_.start([folder] { return makeFolder(folder); },
+                                         [this, folder](const std::error_code& error) { take(folder, error); });
+    if (!isStarted) {
+        take(folder, std::make_error_code(std::errc::resource_unavailable_try_again));
+    }
+}
+
+void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_code& error) {
+    create_->setEnabled(true);
+    if (!error) {
+        emit made(folder);
+        QDialog::accept();
+        return;
+    }
+    const bool isTaken = error == std::errc::file_exists;
+    showMessage(PanelTexts::localized(isTaken ? Text::nameIsTaken : Text::folderNotCreated));
+    name_->setFocus();
+    name_->selectAll();
+}
+
+void NewFolderPanel::follow() {
+    create_->setEnabled(!making_.isRunning() && canBeName(name_->text()));
+    showMessage({});
+}
+
+void NewFolderPanel::showMessage(const QString& message) {
+    message_->setText(message);
+    message_->setVisible(!message.isEmpty());
+    setAccessibleDescription(message);
+    layout()->activate();
+    adjustSize();
+}

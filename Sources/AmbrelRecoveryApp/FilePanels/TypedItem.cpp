@@ -1,0 +1,52 @@
+#include "AmbrelRecoveryApp/FilePanels/TypedItem.h"
+
+#include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
+
+#include <QFile>
+
+namespace {
+
+std::filesystem::path native(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+std::filesystem::path withoutTrailingSeparators(std::string path) {
+    while (path.size() > 1 && path.ends_with('/')) {
+        path.pop_back();
+    }
+    return path;
+}
+
+bool isWrittenAsFolder(const std::string& path) {
+    return path.ends_with('/') || path.ends_with("/.") || path.ends_with("/..");
+}
+
+bool isFolderToEnter(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error) && !FolderContents::isWithinPackage(path);
+}
+
+/// The home sign is a name like any other where there is an item of that name.
+std::filesystem::path pathOf(const QString& text, const std::filesystem::path& folder) {
+    std::filesystem::path path = folder / native(text);
+    const bool isFromHome = text == u"~" || text.startsWith(u"~/");
+    std::error_code error;
+    return isFromHome && !std::filesystem::exists(path, error)
+               ? std::filesystem::path(PanelPlaces::home().path.native() + native(text.sliced(1)).native())
+               : path;
+}
+
+} // namespace
+
+std::optional<TypedItem> TypedItem::find(const QString& text, const std::filesystem::path& folder) {
+    if (text.isEmpty() || text.contains(QChar::Null)) {
+        return std::nullopt;
+    }
+    const std::filesystem::path path = pathOf(text, folder);
+    const std::filesystem::path entered = withoutTrailingSeparators(path.lexically_normal());
+    if (isWrittenAsFolder(path) && ::isFolderToEnter(entered)) {
+        return TypedItem{.path = entered, .isFolderToEnter = true};
+    }
+    return TypedItem{.path = withoutTrailingSeparators(path), .isFolderToEnter = false};
+}

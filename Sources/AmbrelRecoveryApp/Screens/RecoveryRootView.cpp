@@ -1,0 +1,304 @@
+#include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
+
+#include "AmbrelRecoveryApp/Controls/Announcer.h"
+#include "AmbrelRecoveryApp/Controls/HeldKeys.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/ReturnKey.h"
+#include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
+#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
+#include "AmbrelRecoveryApp/Screens/DropArea.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
+#include "AmbrelRecoveryApp/Screens/HeaderView.h"
+#include "AmbrelRecoveryApp/Screens/InterfaceFont.h"
+#include "AmbrelRecoveryApp/Screens/JourneyRail.h"
+#include "AmbrelRecoveryApp/Screens/MainContent.h"
+#include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
+#include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
+#include "AmbrelRecoveryApp/Screens/StepAnnouncement.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QThread>
+
+#include <utility>
+
+RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
+    RecoveryAccessibility::install();
+    new HeldKeys(this);
+    // Before the widgets are made, which would otherwise take a new font later.
+    applyInterfaceFont();
+    setPalette(RecoveryPalette::ofToolkit());
+    rail_ = new JourneyRail(this);
+    content_ = new MainContent(this);
+    transition_ = new ScreenTransition(this);
+    announcer_ = new Announcer(this);
+    dropArea_ = new DropArea(this);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(rail_);
+    layout->addWidget(content_, 1);
+    connectChooseBackup();
+    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
+    connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
+    applyContents();
+    nextFocus_ = widgetOf(FocusPlan::first(state_));
+}
+
+void RecoveryRootView::connectChooseBackup() {
+    const ChooseBackupScreen* const choose = content_->chooseBackup();
+    connect(choose, &ChooseBackupScreen::chooseRequested, &model_, &RecoveryViewModel::chooseBackup);
+    connect(choose, &ChooseBackupScreen::factorChosen, &model_,
+            [this](int index) { model_.setFactor(allRecoveryAppFactors.at(static_cast<std::size_t>(index))); });
+    connect(choose, &ChooseBackupScreen::secretEdited, &model_,
+            [this] { model_.setCredential(SecretText(content_->chooseBackup()->secretField()->secret())); });
+    connect(choose, &ChooseBackupScreen::inspectRequested, this, &RecoveryRootView::inspect);
+    connect(choose, &ChooseBackupScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+}
+
+void RecoveryRootView::addSnapshots() {
+    const SnapshotsScreen* const snapshots = content_->addSnapshots();
+    connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
+    connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
+    connect(snapshots, &SnapshotsScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
+    connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
+}
+
+void RecoveryRootView::addCompletion() {
+    const CompletionScreen* const completion = content_->addCompletion();
+    connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
+    connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
+}
+
+/// Makes it where it is shown for the first time.
+QWidget* RecoveryRootView::screenOfThePhase() {
+    using Phase = RecoveryScreenState::Phase;
+    switch (state_.phase) {
+    case Phase::chooseBackup:
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+        return content_->chooseBackup();
+    case Phase::snapshots:
+    case Phase::exporting:
+        if (content_->snapshots() == nullptr) {
+            addSnapshots();
+        }
+        return content_->snapshots();
+    case Phase::complete:
+        if (content_->completion() == nullptr) {
+            addCompletion();
+        }
+        return content_->completion();
+    }
+    Q_UNREACHABLE();
+}
+
+void RecoveryRootView::inspect() {
+    model_.inspectBackup();
+    // At once: what is typed before the next turn must find no field to go into.
+    redraw();
+}
+
+void RecoveryRootView::chooseSnapshot(int row) {
+    if (state_.snapshots) {
+        model_.setSelectedSnapshotCode(state_.snapshots->at(static_cast<std::size_t>(row)).selectionCode);
+    }
+}
+
+void RecoveryRootView::scheduleRedraw() {
+    if (!isRedrawScheduled_) {
+        isRedrawScheduled_ = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                // Unless it has been drawn again meanwhile.
+                if (isRedrawScheduled_) {
+                    redraw();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void RecoveryRootView::redraw() {
+    Q_ASSERT(QThread::currentThread() == thread());
+    isRedrawScheduled_ = false;
+    const RecoveryScreenState before = std::exchange(state_, RecoveryScreenState::of(model_, state_.snapshots));
+    const bool hadAlert = before.presentedError.has_value();
+    if (state_.presentedError && !hadAlert) {
+        nextFocus_ = focusWidget();
+    }
+    const std::optional<FocusPlan::Target> target = FocusPlan::target(before, state_);
+    applyContents();
+    if (target) {
+        nextFocus_ = widgetOf(*target);
+    }
+    if ((target || hadAlert) && !state_.presentedError) {
+        takeNextFocus();
+    }
+    announceStep(before);
+    emit redrawn();
+}
+
+/// After the focus has moved, which would interrupt the announcement.
+void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
+    if (const std::optional<QString> announcement = stepAnnouncement(before, state_)) {
+        announcer_->announce(*announcement);
+    } else if (before.phase != state_.phase || (before.presentedError && !state_.presentedError)) {
+        announcer_->withdraw();
+    }
+}
+
+/// What was there before the window has had no redraw to tell of it.
+void RecoveryRootView::announceErrorOfTheStart() {
+    RecoveryScreenState before = state_;
+    before.presentedError.reset();
+    announceStep(before);
+}
+
+void RecoveryRootView::applyContents() {
+    QWidget* const screen = screenOfThePhase();
+    if (screen->isHidden()) {
+        transition_->begin(content_->geometry());
+    }
+    applyInterfaceFont();
+    setLayoutDirection(interfaceDirection());
+    rail_->apply(journeyRailContent(state_));
+    content_->header()->apply(headerContent());
+    applyScreens();
+    content_->showScreen(screen);
+    applyCredential();
+    applyAlert();
+    dropArea_->setAccepting(!state_.isBusy() && !state_.presentedError);
+}
+
+/// Those out of sight, too: they let go of what is no longer the model's.
+void RecoveryRootView::applyScreens() {
+    content_->chooseBackup()->apply(chooseBackupContent(state_));
+    if (content_->snapshots() != nullptr) {
+        content_->snapshots()->apply(snapshotsContent(state_));
+    }
+    if (model_.destinationURL() != shownPath_) {
+        shownPath_.reset();
+    }
+    if (content_->completion() != nullptr) {
+        content_->completion()->apply(completionContent(state_));
+        content_->completion()->applyPath(shownPath_);
+    }
+}
+
+void RecoveryRootView::applyAlert() {
+    const std::optional<ErrorAlertContent> content = errorAlertContent(state_);
+    if (content && alert_ == nullptr) {
+        alert_ = new ErrorAlert(this);
+        connect(alert_, &ErrorAlert::dismissed, &model_, &RecoveryViewModel::dismissPresentedError);
+    }
+    if (alert_ != nullptr) {
+        alert_->apply(content);
+    }
+}
+
+void RecoveryRootView::showPath(const std::filesystem::path& folder) {
+    if (state_.phase == RecoveryScreenState::Phase::complete && model_.destinationURL() == folder) {
+        shownPath_ = folder;
+        content_->completion()->applyPath(shownPath_);
+        content_->completion()->selectPath();
+    }
+}
+
+void RecoveryRootView::applyCredential() {
+    SecureField* const field = content_->chooseBackup()->secretField();
+    if (field->secret() != model_.credential().view()) {
+        field->setSecret(model_.credential().view());
+    }
+}
+
+QWidget* RecoveryRootView::widgetOf(FocusPlan::Target target) const {
+    using Target = FocusPlan::Target;
+    switch (target) {
+    case Target::chooseButton:
+        return content_->chooseBackup()->chooseButton();
+    case Target::secretField:
+        return content_->chooseBackup()->secretField();
+    case Target::cancelButton:
+        return state_.phase == RecoveryScreenState::Phase::exporting ? content_->snapshots()->cancelButton()
+                                                                     : content_->chooseBackup()->cancelButton();
+    case Target::snapshotList:
+        return content_->snapshots()->list();
+    case Target::exportButton:
+        return content_->snapshots()->exportButton();
+    case Target::chooseAnotherButton:
+        return content_->snapshots()->chooseAnotherButton();
+    case Target::revealButton:
+        return content_->completion()->revealButton();
+    }
+    Q_UNREACHABLE();
+}
+
+void RecoveryRootView::takeNextFocus() {
+    QWidget* const next = nextFocus_;
+    nextFocus_ = nullptr;
+    if (next != nullptr && next->isVisible() && next->isEnabled()) {
+        next->setFocus();
+        content_->ensureWidgetVisible(next);
+    }
+}
+
+void RecoveryRootView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (state_.presentedError) {
+        alert_->takeFocus();
+        if (!event->spontaneous()) {
+            announceErrorOfTheStart();
+        }
+    } else {
+        takeNextFocus();
+    }
+}
+
+void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isForTheScreen = isPlain && !state_.presentedError;
+    if (isForTheScreen && ReturnKey::is(*event)) {
+        pressMainButton();
+    } else if (isForTheScreen && event->key() == Qt::Key_Escape && model_.isBusy()) {
+        model_.cancelOperation();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+/// A button that cannot be used is not pressed.
+void RecoveryRootView::pressMainButton() {
+    using Phase = RecoveryScreenState::Phase;
+    switch (state_.phase) {
+    case Phase::chooseBackup:
+        content_->chooseBackup()->inspectButton()->click();
+        break;
+    case Phase::snapshots:
+        content_->snapshots()->exportButton()->click();
+        break;
+    case Phase::complete:
+        content_->completion()->revealButton()->click();
+        break;
+    case Phase::preparingPackage:
+    case Phase::inspecting:
+    case Phase::exporting:
+        break;
+    }
+}
+
+void RecoveryRootView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), RecoveryPalette::background());
+    glow_.paint(painter, size(), layoutDirection());
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRowContent.h"
+
+#include <QAbstractItemDelegate>
+
+/// Draws the rows of the snapshot list. Every row is as high as the first one; below each is a gap.
+class SnapshotRowDelegate final : public QAbstractItemDelegate {
+    Q_OBJECT
+
+public:
+    using QAbstractItemDelegate::QAbstractItemDelegate;
+
+    /// The row itself, without the gap below it, where `item` is the whole place of the item.
+    static QRect rowRect(const QRect& item);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};

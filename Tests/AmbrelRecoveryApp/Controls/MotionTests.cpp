@@ -1,0 +1,136 @@
+#include "AmbrelRecoveryApp/Controls/Motion.h"
+
+#include "AmbrelRecoveryApp/Controls/ProgressIndicator.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
+#include "MovingStyle.h"
+
+#include <QPainter>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int generousMilliseconds = 60'000;
+
+/// A widget of one colour.
+class Plain : public QWidget {
+public:
+    explicit Plain(const QColor& ground) : color(ground) { resize(200, 100); }
+
+    QColor color;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).fillRect(rect(), color); }
+};
+
+class MotionTests : public testing::Test {
+protected:
+    ~MotionTests() override { Motion::setReduced(false); }
+
+    static QColor middleOf(QWidget& widget) {
+        const QImage picture = widget.grab().toImage();
+        return picture.pixelColor(picture.rect().center());
+    }
+
+    MovingStyle moving{200};
+    MovingStyle still{0};
+};
+
+/// How much of the bar is filled, in pixels.
+int filledWidth(QWidget& bar) {
+    const QImage picture = bar.grab().toImage();
+    int width = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        width += picture.pixel(x, picture.height() / 2) == RecoveryPalette::copper().rgb() ? 1 : 0;
+    }
+    return width;
+}
+
+} // namespace
+
+TEST_F(MotionTests, isShortAndThereOnlyWhereTheDesktopWantsIt) {
+    QWidget widget;
+    widget.setStyle(&moving);
+    EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
+    EXPECT_LE(Motion::duration(widget), std::chrono::milliseconds(250));
+    widget.setStyle(&still);
+    EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
+}
+
+TEST_F(MotionTests, isGoneWhereLessMotionIsWantedAndComesBack) {
+    QWidget widget;
+    widget.setStyle(&moving);
+    Motion::setReduced(true);
+    EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
+    Motion::setReduced(false);
+    EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
+}
+
+TEST_F(MotionTests, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
+    Plain parent(Qt::red);
+    ScreenTransition transition(&parent);
+    transition.setStyle(&moving);
+    Motion::setReduced(true);
+    parent.show();
+    transition.begin(parent.rect());
+    parent.color = Qt::blue;
+    EXPECT_FALSE(transition.isVisible());
+    EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
+}
+
+TEST_F(MotionTests, theEarlierScreenFadesAndLeavesTheNewOne) {
+    Plain parent(Qt::red);
+    ScreenTransition transition(&parent);
+    transition.setStyle(&moving);
+    parent.show();
+    transition.begin(parent.rect());
+    parent.color = Qt::blue;
+    EXPECT_TRUE(transition.isVisible());
+    EXPECT_GT(middleOf(parent).red(), 0) << "the earlier screen was gone at once";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !transition.isVisible(); }, generousMilliseconds));
+    EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
+}
+
+TEST_F(MotionTests, theNewScreenCanBeClickedDuringTheFade) {
+    Plain parent(Qt::red);
+    ScreenTransition transition(&parent);
+    transition.setStyle(&moving);
+    parent.show();
+    transition.begin(parent.rect());
+    EXPECT_EQ(parent.childAt(parent.rect().center()), nullptr);
+}
+
+TEST_F(MotionTests, withoutMotionTheNewScreenIsThereAtOnce) {
+    Plain parent(Qt::red);
+    ScreenTransition transition(&parent);
+    transition.setStyle(&still);
+    parent.show();
+    transition.begin(parent.rect());
+    parent.color = Qt::blue;
+    EXPECT_FALSE(transition.isVisible());
+    EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
+}
+
+TEST_F(MotionTests, theBarGlidesToANewFraction) {
+    ProgressIndicator bar;
+    bar.setStyle(&moving);
+    bar.setFraction(0.1);
+    bar.resize(bar.sizeHint());
+    bar.show();
+    const int before = filledWidth(bar);
+    bar.setFraction(0.9);
+    EXPECT_LT(filledWidth(bar), bar.width() * 8 / 10) << "the bar jumped";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return filledWidth(bar) > bar.width() * 8 / 10; }, generousMilliseconds));
+    EXPECT_GT(before, 0);
+}
+
+TEST_F(MotionTests, withoutMotionTheBarIsAtItsFractionAtOnce) {
+    ProgressIndicator bar;
+    bar.setStyle(&still);
+    bar.setFraction(0.1);
+    bar.resize(bar.sizeHint());
+    bar.show();
+    bar.setFraction(0.9);
+    EXPECT_GT(filledWidth(bar), bar.width() * 8 / 10);
+}

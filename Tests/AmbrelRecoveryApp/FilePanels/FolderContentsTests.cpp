@@ -1,0 +1,120 @@
+#include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <fstream>
+
+#include <sys/stat.h>
+
+namespace {
+
+using Kind = FolderContents::Item::Kind;
+
+class FolderContentsTest : public testing::Test {
+protected:
+    // The toolkit cannot remove files whose names are no text.
+    ~FolderContentsTest() override { std::filesystem::remove_all(folder()); }
+
+    std::filesystem::path folder() const { return directory_.path().toStdString(); }
+
+    std::optional<FolderContents> read(const char* language = "en") const {
+        return FolderContents::read(folder(), icu::Locale(language), stop_.get_token());
+    }
+
+    std::vector<std::string> names(const char* language = "en") const {
+        std::vector<std::string> names;
+        for (const FolderContents::Item& item : read(language).value_or(FolderContents()).items) {
+            names.push_back(item.name);
+        }
+        return names;
+    }
+
+    void makeFiles(const std::vector<std::string>& names) const {
+        for (const std::string& name : names) {
+            std::ofstream(folder() / name) << "four";
+        }
+    }
+
+    std::stop_source stop_;
+
+private:
+    QTemporaryDir directory_;
+};
+
+} // namespace
+
+TEST_F(FolderContentsTest, tellsFoldersPackagesAndFilesApart) {
+    makeFiles({"file.ambrel"});
+    std::filesystem::create_directory(folder() / "folder");
+    std::filesystem::create_directory(folder() / "package.Ambrel");
+    std::filesystem::create_directory_symlink("folder", folder() / "link");
+    std::filesystem::create_symlink("nowhere", folder() / "dangling");
+    ASSERT_EQ(mkfifo((folder() / "pipe").c_str(), 0600), 0);
+    const auto contents = read();
+    ASSERT_TRUE(contents);
+    EXPECT_TRUE(contents->isWritable);
+    ASSERT_EQ(names(),
+              (std::vector<std::string>{"folder", "link", "dangling", "file.ambrel", "package.Ambrel", "pipe"}));
+    const std::vector<Kind> kinds{Kind::folder, Kind::folder, Kind::file, Kind::file, Kind::package, Kind::file};
+    for (std::size_t index = 0; index < kinds.size(); ++index) {
+        EXPECT_EQ(contents->items[index].kind, kinds[index]) << index;
+    }
+    EXPECT_EQ(contents->items[3].size, 4);
+    EXPECT_FALSE(contents->items[2].modified);
+    EXPECT_TRUE(contents->items[3].modified);
+}
+
+TEST_F(FolderContentsTest, sortsAsTheLanguageDoesAndNumbersByTheirValue) {
+    makeFiles({"Zebra", "apple", "Äpfel", "Backup 10", "Backup 9"});
+    EXPECT_EQ(names("de"), (std::vector<std::string>{"Äpfel", "apple", "Backup 9", "Backup 10", "Zebra"}));
+    EXPECT_EQ(names("sv").back(), "Äpfel");
+}
+
+TEST_F(FolderContentsTest, keepsNamesOfAnyBytes) {
+    makeFiles({"a\xFF\n", "a\xFE\n"});
+    EXPECT_EQ(names().size(), 2U);
+    EXPECT_NE(names()[0], names()[1]);
+    EXPECT_TRUE(std::filesystem::exists(folder() / names()[0]));
+}
+
+TEST_F(FolderContentsTest, isNoneWhereThereIsNoFolderAndWhereItIsStopped) {
+    makeFiles({"file"});
+    const icu::Locale locale("en");
+    EXPECT_FALSE(FolderContents::read(folder() / "gone", locale, stop_.get_token()));
+    EXPECT_FALSE(FolderContents::read(folder() / "file", locale, stop_.get_token()));
+    stop_.request_stop();
+    EXPECT_FALSE(read());
+}
+
+TEST_F(FolderContentsTest, isNoneInAPackageWhicheverWayLeadsThere) {
+    std::filesystem::create_directories(folder() / "x.Ambrel" / "inside");
+    std::filesystem::create_directory(folder() / "other");
+    std::filesystem::create_directory_symlink("x.Ambrel", folder() / "link");
+    std::filesystem::create_directory_symlink("x.Ambrel/inside", folder() / "deep link");
+    std::filesystem::create_directory_symlink("other", folder() / "named.ambrel");
+    const icu::Locale locale("en");
+    for (const char* name : {"x.Ambrel", "x.Ambrel/inside", "link", "link/inside", "deep link", "named.ambrel"}) {
+        EXPECT_FALSE(FolderContents::read(folder() / name, locale, stop_.get_token())) << name;
+    }
+    EXPECT_TRUE(FolderContents::read(folder() / "other", locale, stop_.get_token()));
+}
+
+TEST_F(FolderContentsTest, knowWhatWouldLieInAPackage) {
+    std::filesystem::create_directory(folder() / "x.ambrel");
+    std::filesystem::create_directory_symlink("x.ambrel", folder() / "link");
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "x.ambrel" / "new" / "newer"));
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "link" / "new" / "newer"));
+    EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "new.ambrel"));
+    EXPECT_FALSE(FolderContents::isWithinPackage(folder() / "new" / "newer"));
+    EXPECT_FALSE(FolderContents::isWithinPackage("/"));
+}
+
+TEST(FolderContents, knowPackagesByTheirNameInAnyLetterCase) {
+    EXPECT_TRUE(FolderContents::isPackageName("a.ambrel"));
+    EXPECT_TRUE(FolderContents::isPackageName("/b/a.b.AMBREL"));
+    EXPECT_FALSE(FolderContents::isPackageName(".ambrel"));
+    EXPECT_FALSE(FolderContents::isPackageName("ambrel"));
+    EXPECT_FALSE(FolderContents::isPackageName("a.ambrels"));
+}

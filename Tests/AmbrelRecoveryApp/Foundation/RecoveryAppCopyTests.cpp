@@ -1,0 +1,131 @@
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
+
+#include "../../AmbrelLocalization/TextFaults.h"
+#include "../Support/TestEnvironment.h"
+#include "AmbrelLocalization/AmbrelStrings.h"
+#include "ExpectedAppCopy.h"
+#include "Support/ScopedEnvironment.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string>
+
+namespace {
+
+icu::Locale locale(const char* identifier) {
+    return icu::Locale(identifier);
+}
+
+TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
+    for (const ExpectedAppCopy& expected : expectedAppCopy) {
+        SCOPED_TRACE(expected.locale);
+        const icu::Locale language(expected.locale);
+        EXPECT_EQ(RecoveryAppCopy::noAccount(language), expected.noAccount.toString());
+        EXPECT_EQ(RecoveryAppCopy::readOnly(language), expected.readOnly.toString());
+        EXPECT_EQ(RecoveryAppCopy::okay(language), expected.okay.toString());
+        EXPECT_EQ(RecoveryAppCopy::providerPreparationTitle(language), expected.providerPreparationTitle.toString());
+        EXPECT_EQ(RecoveryAppCopy::providerPreparation(language), expected.providerPreparation.toString());
+        EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
+        EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
+        EXPECT_EQ(RecoveryAppCopy::stepCompleted(language), expected.stepCompleted.toString());
+        EXPECT_EQ(RecoveryAppCopy::chooseOrDrop(language), expected.chooseOrDrop.toString());
+        EXPECT_EQ(RecoveryAppCopy::noSnapshots(language), expected.noSnapshots.toString());
+    }
+}
+
+TEST(RecoveryAppCopyTests, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAreIn) {
+    const ScopedEnvironment all("LC_ALL", std::nullopt);
+    const ScopedEnvironment messages("LC_MESSAGES", std::nullopt);
+    const std::array<const char*, 3> settings[] = {
+        {"", "de_DE.UTF-8", "en_GB.UTF-8"}, {"de", "en_US.UTF-8", "en_US.UTF-8"}, {"nl:de", "nl_NL", "zh_TW"}};
+    for (const auto& [list, locale, dates] : settings) {
+        SCOPED_TRACE(locale);
+        const ScopedEnvironment language("LANGUAGE", list);
+        const ScopedEnvironment lang("LANG", locale);
+        const ScopedEnvironment time("LC_TIME", dates);
+        EXPECT_EQ(AmbrelStrings::localized(AmbrelStrings::genericCancel()), QStringLiteral("Abbrechen"));
+        EXPECT_EQ(RecoveryAppCopy::noAccount(AmbrelStrings::currentFormattingLocale()), QStringLiteral("Kein Konto"));
+    }
+    const ScopedEnvironment language("LANGUAGE", "zh-Hans-HK");
+    EXPECT_EQ(RecoveryAppCopy::readOnly(AmbrelStrings::currentFormattingLocale()), QStringLiteral("唯讀"));
+}
+
+TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
+    for (const ExpectedAppCopy& expected : expectedAppCopy) {
+        SCOPED_TRACE(expected.locale);
+        const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
+        for (const QStringView text :
+             {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
+              expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted,
+              expected.chooseOrDrop, expected.noSnapshots}) {
+            QString shown = text.toString();
+            if (locale == "fr") {
+                // The fixed text has an ordinary space there, and keeps it.
+                shown.replace(QStringLiteral("en ligne ;"), QStringLiteral("en ligne\u00A0;"));
+            }
+            EXPECT_THAT(textFaults(locale, shown), testing::IsEmpty()) << shown.toStdString();
+            const std::set<UScriptCode> used = scripts(shown);
+            const bool hasOwn = std::ranges::any_of(scriptsOfLocale(locale),
+                                                    [&used](UScriptCode script) { return used.contains(script); });
+            EXPECT_TRUE(hasOwn || shown == QStringLiteral("OK")) << shown.toStdString();
+        }
+    }
+}
+
+TEST(RecoveryAppCopyTests, aCompletedStepIsNotToldInTheWordOfAButton) {
+    for (const ExpectedAppCopy& expected : expectedAppCopy) {
+        const ScopedLanguage language(expected.locale, "en_US.UTF-8");
+        EXPECT_NE(RecoveryAppCopy::stepCompleted(AmbrelStrings::currentFormattingLocale()),
+                  AmbrelStrings::localized(AmbrelStrings::selectionDone()))
+            << expected.locale;
+    }
+}
+
+TEST(RecoveryAppCopyTests, takesTraditionalChineseWhereverTheScriptIsNamed) {
+    for (const char* identifier : {"zh-Hant-TW", "zh_Hant_HK", "ZH-HANT", "ja-Hant"}) {
+        EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale(identifier)), QStringLiteral("zh-Hant")) << identifier;
+    }
+    EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh_Hant_HK")), QStringLiteral("唯讀"));
+}
+
+TEST(RecoveryAppCopyTests, takesSimplifiedChineseWhereverTheScriptIsNamed) {
+    EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale("zh-Hans-CN")), QStringLiteral("zh-Hans"));
+    EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh-Hans-CN")), QStringLiteral("只读"));
+}
+
+TEST(RecoveryAppCopyTests, isEnglishForChineseWithoutAScript) {
+    EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale("zh_TW")), QStringLiteral("zh"));
+    EXPECT_EQ(RecoveryAppCopy::noAccount(locale("zh_TW")), QStringLiteral("No account"));
+}
+
+TEST(RecoveryAppCopyTests, takesThePortugueseRowInEveryCountry) {
+    for (const char* identifier : {"pt_PT", "pt_BR"}) {
+        EXPECT_EQ(RecoveryAppCopy::noAccount(locale(identifier)), QStringLiteral("Sem conta"));
+    }
+}
+
+TEST(RecoveryAppCopyTests, takesTheSpanishRowInMexico) {
+    EXPECT_EQ(RecoveryAppCopy::noAccount(locale("es_MX")), QStringLiteral("Sin cuenta"));
+}
+
+TEST(RecoveryAppCopyTests, isEnglishForEveryOtherLanguage) {
+    for (const char* identifier : {"en_AU", "nl_NL", "en"}) {
+        EXPECT_EQ(RecoveryAppCopy::showInFinder(locale(identifier)), QStringLiteral("Show in Finder")) << identifier;
+    }
+}
+
+TEST(RecoveryAppCopyTests, isEnglishForALocaleWithoutALanguage) {
+    EXPECT_EQ(RecoveryAppCopy::languageIdentifier(icu::Locale::getRoot()), QStringLiteral("en"));
+    EXPECT_EQ(RecoveryAppCopy::noAccount(icu::Locale::getRoot()), QStringLiteral("No account"));
+}
+
+TEST(RecoveryAppCopyTests, saysOKInTheLanguagesThatDoSo) {
+    for (const char* identifier : {"de", "es", "pt_BR", "fr", "it", "pl"}) {
+        EXPECT_EQ(RecoveryAppCopy::okay(locale(identifier)), QStringLiteral("OK")) << identifier;
+    }
+}
+
+} // namespace

@@ -1,0 +1,47 @@
+#include "AmbrelRecoveryApp/Secrets/SecretText.h"
+
+#include <gtest/gtest.h>
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace {
+
+std::string utf8(QStringView text) {
+    const SecretBytes bytes = SecretText(text).utf8();
+    return {reinterpret_cast<const char*>(bytes.bytes().data()), bytes.size()};
+}
+
+} // namespace
+
+TEST(SecretText, keepsTheTextAsItIs) {
+    EXPECT_EQ(SecretText(u" a\u00E9 ").view(), u" a\u00E9 ");
+    EXPECT_TRUE(SecretText().view().isEmpty());
+    EXPECT_TRUE(SecretText(u"").view().isEmpty());
+}
+
+TEST(SecretText, convertsToUtf8WithoutTrimming) {
+    EXPECT_EQ(utf8(u""), "");
+    EXPECT_EQ(utf8(u" plain "), " plain ");
+    EXPECT_EQ(utf8(u"\u00FC\u4E2D\U0001F5DD"), "\u00FC\u4E2D\U0001F5DD");
+}
+
+TEST(SecretText, replacesWhatIsNoText) {
+    const char16_t loneSurrogate[] = {u'a', 0xD800, u'b'};
+    EXPECT_EQ(utf8(QStringView(loneSurrogate, 3)), "a\uFFFDb");
+}
+
+TEST(SecretText, comesBackFromUtf8AsItWas) {
+    for (const QStringView text : {u"", u" plain ", u"\u00FC\u4E2D\U0001F5DD", u"\uFEFFmark"}) {
+        EXPECT_EQ(SecretText::ofUtf8(SecretText(text).utf8()).view(), text);
+    }
+    const std::string_view noText = "a\xFF";
+    EXPECT_EQ(SecretText::ofUtf8(SecretBytes::copyOf(std::as_bytes(std::span(noText)))).view(), u"a\uFFFD");
+}
+
+TEST(SecretText, isBlankWithoutAnythingButWhiteSpace) {
+    EXPECT_TRUE(SecretText().isBlank());
+    EXPECT_TRUE(SecretText(u" \t\n\r\u00A0\u2029").isBlank());
+    EXPECT_FALSE(SecretText(u" x").isBlank());
+}

@@ -1,36 +1,17 @@
 #include "AmbrelLocalization/FileContents.h"
 
-#include <cerrno>
+#include "AmbrelPlatform/RetryInterrupted.h"
+#include "AmbrelPlatform/UniqueDescriptor.h"
+
 #include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace {
-
-class OpenFile {
-public:
-    explicit OpenFile(const std::filesystem::path& path)
-        : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
-    }
-
-    int descriptor() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
-
-} // namespace
-
 std::optional<FileContents> FileContents::read(const std::filesystem::path& path, std::size_t maximumSize) {
-    const OpenFile file(path);
-    const std::optional<FileStamp> stamp = FileStamp::ofDescriptor(file.descriptor());
+    const UniqueDescriptor file(
+        retryInterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+    const std::optional<FileStamp> stamp = FileStamp::ofDescriptor(file.get());
     if (!stamp || stamp->size() > maximumSize) {
         return std::nullopt;
     }
@@ -38,10 +19,8 @@ std::optional<FileContents> FileContents::read(const std::filesystem::path& path
     std::string bytes(stamp->size() + 1, '\0');
     std::size_t length = 0;
     while (length < bytes.size()) {
-        const ssize_t count = ::read(file.descriptor(), bytes.data() + length, bytes.size() - length);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t count =
+            retryInterrupted([&] { return ::read(file.get(), bytes.data() + length, bytes.size() - length); });
         if (count < 0) {
             return std::nullopt;
         }

@@ -2,8 +2,6 @@
 
 #include <chrono>
 
-#include <sys/stat.h>
-
 namespace {
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -12,19 +10,13 @@ std::int64_t nanoseconds(const timespec& time) {
 
 } // namespace
 
-template<typename Status>
-FileStamp FileStamp::fromStatus(const Status& status) {
+FileStamp FileStamp::fromStatus(const struct stat& status) {
     FileStamp stamp;
     stamp.device_ = status.st_dev;
     stamp.inode_ = status.st_ino;
     stamp.size_ = static_cast<std::uint64_t>(status.st_size);
-#ifdef __APPLE__
-    stamp.modifiedNanoseconds_ = nanoseconds(status.st_mtimespec);
-    stamp.changedNanoseconds_ = nanoseconds(status.st_ctimespec);
-#else
     stamp.modifiedNanoseconds_ = nanoseconds(status.st_mtim);
     stamp.changedNanoseconds_ = nanoseconds(status.st_ctim);
-#endif
     return stamp;
 }
 

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <optional>
 
+#include <sys/stat.h>
+
 /// What tells one state of a file from another without reading it. A value; may be used on any thread.
 class FileStamp {
 public:
@@ -30,6 +32,5 @@ private:
     std::int64_t modifiedNanoseconds_ = 0;
     std::int64_t changedNanoseconds_ = 0;
 
-    template<typename Status>
-    static FileStamp fromStatus(const Status& status);
+    static FileStamp fromStatus(const struct stat& status);
 };

@@ -3,11 +3,12 @@
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Desktop/DesktopFileViewer.h"
-#include "AmbrelRecoveryApp/Desktop/DesktopNotifications.h"
+#include "AmbrelRecoveryApp/Desktop/DesktopNotifier.h"
 #include "AmbrelRecoveryApp/Desktop/DesktopPreferences.h"
 #include "AmbrelRecoveryApp/Desktop/DesktopSleepInhibitor.h"
-#include "AmbrelRecoveryApp/Desktop/OperationGuard.h"
+#include "AmbrelRecoveryApp/Desktop/OperationObserver.h"
 #include "AmbrelRecoveryApp/FilePanels/FilePanels.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
@@ -16,7 +17,6 @@
 #include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
 
 #include <QApplication>
-#include <QThread>
 
 #include <filesystem>
 #include <optional>
@@ -36,13 +36,13 @@ std::optional<std::filesystem::path> engine() {
 RecoveryApplicationDelegate::RecoveryApplicationDelegate() = default;
 
 RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
-    guard_.reset();
+    operationObserver_.reset();
     // The view reads the model for as long as it lives.
     window_.reset();
 }
 
 void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
-    Q_ASSERT(QThread::currentThread() == qApp->thread());
+    MainThread::require();
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
     // Where the toolkit draws the frame of a window, as on some Wayland desktops, it has the colours of the
     // application.
@@ -57,8 +57,8 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     QObject::connect(desktopPreferences_.get(), &DesktopPreferences::lookChanged, window_.get(),
                      [this] { showView(); });
     sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
-    notifications_ = std::make_unique<DesktopNotifications>();
-    guard_ = std::make_unique<OperationGuard>(*model_, window_.get(), *sleepInhibitor_, *notifications_);
+    notifier_ = std::make_unique<DesktopNotifier>();
+    operationObserver_ = std::make_unique<OperationObserver>(*model_, window_.get(), *sleepInhibitor_, *notifier_);
     window_->center();
     window_->show();
     window_->raise();
@@ -77,13 +77,13 @@ void RecoveryApplicationDelegate::showView() {
 }
 
 void RecoveryApplicationDelegate::applicationWillTerminate() {
-    Q_ASSERT(QThread::currentThread() == qApp->thread());
+    MainThread::require();
     if (model_) {
         model_->startAgain();
     }
 }
 
 bool RecoveryApplicationDelegate::applicationShouldTerminateAfterLastWindowClosed() const {
-    Q_ASSERT(QThread::currentThread() == qApp->thread());
+    MainThread::require();
     return true;
 }

@@ -6,8 +6,8 @@
 
 class DesktopFileViewer;
 class DesktopPreferences;
-class OperationGuard;
-class RecoveryNotifications;
+class OperationObserver;
+class OperationNotifier;
 class RecoveryPanels;
 class RecoveryRootView;
 class RecoverySleepInhibitor;
@@ -46,6 +46,6 @@ private:
     std::unique_ptr<RecoveryViewModel> model_;
     std::unique_ptr<DesktopPreferences> desktopPreferences_;
     std::unique_ptr<RecoverySleepInhibitor> sleepInhibitor_;
-    std::unique_ptr<RecoveryNotifications> notifications_;
-    std::unique_ptr<OperationGuard> guard_;
+    std::unique_ptr<OperationNotifier> notifier_;
+    std::unique_ptr<OperationObserver> operationObserver_;
 };

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
 
+#include "AmbrelRecoveryAppSupport/BootClock.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
-#include "AmbrelRecoveryAppSupport/SystemClock.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,7 +20,7 @@ void sleepUnlessCancelled(std::chrono::milliseconds duration, std::stop_token st
     std::condition_variable_any condition;
     std::unique_lock lock(mutex);
     const std::stop_token token = stopToken;
-    condition.wait_until(lock, std::move(stopToken), SystemClock::now() + duration, [] { return false; });
+    condition.wait_until(lock, std::move(stopToken), BootClock::now() + duration, [] { return false; });
     if (token.stop_requested()) {
         throw CancellationError();
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "AmbrelPlatform/UniqueDescriptor.h"
 #include "AmbrelRecoveryAppSupport/SecretBytes.h"
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
 
 #include <cstddef>
 #include <optional>

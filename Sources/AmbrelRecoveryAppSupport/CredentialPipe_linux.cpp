@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryAppSupport/CredentialPipe.h"
 
+#include "AmbrelPlatform/RetryInterrupted.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
-#include "AmbrelRecoveryAppSupport/RetryInterrupted.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryAppSupport/DirectoryContents.h"
 
-#include "AmbrelRecoveryAppSupport/RetryInterrupted.h"
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
+#include "AmbrelPlatform/RetryInterrupted.h"
+#include "AmbrelPlatform/UniqueDescriptor.h"
 
 #include <memory>
 #include <string_view>

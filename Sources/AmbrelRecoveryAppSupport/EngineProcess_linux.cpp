@@ -43,7 +43,7 @@ struct Becoming {
 };
 
 /// Gives a signal its default action. The system's own call, because the C library's leaves out the two signals that it
-/// keeps for itself, and these could be ignored, too.
+/// keeps for itself, and these could be ignored, too. Async-signal-safe: runs between clone and exec.
 void restoreDefaultAction(int signal) {
     // The system's structure is smaller than this, and all zeros in it mean the default action.
     const std::array<unsigned long, 8> defaultAction{};
@@ -51,12 +51,14 @@ void restoreDefaultAction(int signal) {
     syscall(SYS_rt_sigaction, signal, defaultAction.data(), nullptr, maskSize);
 }
 
+/// Async-signal-safe: runs between clone and exec.
 bool redirect(long source, int stream) {
     return source == stream || (source >= 0 && syscall(SYS_dup3, source, stream, 0) >= 0);
 }
 
-/// The first steps of the new process. Nothing but calls of the system is allowed here: locks of the other threads may
-/// be held for ever, and no function of a sanitizer may take this for the launching thread.
+/// The first steps of the new process. Async-signal-safe: runs between clone and exec. Nothing but calls of the system
+/// is allowed here: locks of the other threads may be held for ever, and no function of a sanitizer may take this for
+/// the launching thread.
 __attribute__((no_sanitize("address", "thread", "undefined"))) int becomeEngine(void* context) {
     auto& becoming = *static_cast<Becoming*>(context);
     const EngineProcess::Configuration& configuration = becoming.configuration;

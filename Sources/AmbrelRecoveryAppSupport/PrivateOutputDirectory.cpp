@@ -1,8 +1,9 @@
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
+#include "AmbrelPlatform/RetryInterrupted.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/DirectoryContents.h"
-#include "AmbrelRecoveryAppSupport/RetryInterrupted.h"
+#include "AmbrelRecoveryAppSupport/MadeDirectory.h"
 
 #include <algorithm>
 #include <array>
@@ -93,28 +94,6 @@ UniqueDescriptor openDirectory(const std::filesystem::path& path) {
         retryInterrupted([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); })));
 }
 
-/// Opens a directory that was just made, with permissions 0700 also where the umask took some of them. None where
-/// another one lies there by now, which is possible where others may write to the temporary directory.
-UniqueDescriptor openMade(const std::filesystem::path& path) {
-    const UniqueDescriptor place(
-        retryInterrupted([&] { return open(path.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));
-    struct stat status {};
-    if (!place || fstat(place.get(), &status) != 0) {
-        return {};
-    }
-    if (status.st_uid != geteuid() || (status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
-        errno = EPERM;
-        return {};
-    }
-    // The directory itself, whose permissions may forbid to open it in another way.
-    const std::string itself = "/proc/self/fd/" + std::to_string(place.get());
-    if (retryInterrupted([&] { return chmod(itself.c_str(), S_IRWXU); }) != 0) {
-        return {};
-    }
-    return aboveStandardStreams(UniqueDescriptor(
-        retryInterrupted([&] { return openat(place.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); })));
-}
-
 /// True where the directory was removed.
 bool removeIfAbandoned(const std::filesystem::path& path) {
     const UniqueDescriptor directory = openDirectory(path);
@@ -144,7 +123,7 @@ bool PrivateOutputDirectory::make() {
         failUnavailable();
     }
     bool taken = true;
-    if ((descriptor_ = openMade(path_))) {
+    if ((descriptor_ = openMadeDirectory(path_))) {
         if (hold(path_, descriptor_.get())) {
             return true;
         }

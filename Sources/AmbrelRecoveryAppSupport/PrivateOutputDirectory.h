@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
+#include "AmbrelPlatform/UniqueDescriptor.h"
 
 #include <filesystem>
 #include <string>

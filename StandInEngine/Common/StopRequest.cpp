@@ -12,6 +12,7 @@ namespace {
 std::atomic<int> requestedSignal = 0;
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may only touch lock-free atomics");
 
+// Async-signal-safe: runs in the signal handler.
 extern "C" void rememberSignal(int signal) {
     requestedSignal = signal;
 }

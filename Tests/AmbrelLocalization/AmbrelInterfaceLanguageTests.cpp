@@ -39,7 +39,7 @@ const std::vector<Row>& rows() {
     return table;
 }
 
-TEST(AmbrelInterfaceLanguage, hasItsTextsInDeclarationOrder) {
+TEST(AmbrelInterfaceLanguageTest, hasItsTextsInDeclarationOrder) {
     const auto cases = Language::allCases();
     ASSERT_EQ(cases.size(), rows().size());
     for (std::size_t index = 0; index < cases.size(); ++index) {
@@ -51,14 +51,14 @@ TEST(AmbrelInterfaceLanguage, hasItsTextsInDeclarationOrder) {
     }
 }
 
-TEST(AmbrelInterfaceLanguage, hasALocaleIdentifierUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystems) {
     EXPECT_EQ(Language::system.localeIdentifier(), std::nullopt);
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.localeIdentifier(), language.rawValue());
     }
 }
 
-TEST(AmbrelInterfaceLanguage, offersFourteenLanguagesStartingWithEnglish) {
+TEST(AmbrelInterfaceLanguageTest, offersFourteenLanguagesStartingWithEnglish) {
     const auto selectable = Language::selectableLanguages();
     EXPECT_EQ(selectable.size(), 14U);
     EXPECT_EQ(selectable.front(), Language::english);
@@ -66,13 +66,13 @@ TEST(AmbrelInterfaceLanguage, offersFourteenLanguagesStartingWithEnglish) {
     EXPECT_EQ(selectable.data(), Language::selectableLanguages().data()) << "made once and shared";
 }
 
-TEST(AmbrelInterfaceLanguage, isRightToLeftInArabicOnly) {
+TEST(AmbrelInterfaceLanguageTest, isRightToLeftInArabicOnly) {
     for (const Language language : Language::allCases()) {
         EXPECT_EQ(language.isRightToLeft(), language == Language::arabic) << language.id().toStdString();
     }
 }
 
-TEST(AmbrelInterfaceLanguage, isFoundByItsExactRawValue) {
+TEST(AmbrelInterfaceLanguageTest, isFoundByItsExactRawValue) {
     for (const Language language : Language::allCases()) {
         EXPECT_EQ(Language::fromRawValue(language.rawValue()), language);
     }
@@ -81,7 +81,7 @@ TEST(AmbrelInterfaceLanguage, isFoundByItsExactRawValue) {
     }
 }
 
-TEST(AmbrelInterfaceLanguage, isTheSystemsWhereNothingValidIsStored) {
+TEST(AmbrelInterfaceLanguageTest, isTheSystemsWhereNothingValidIsStored) {
     EXPECT_EQ(Language::fromStoredValue(std::nullopt), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QString()), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QStringLiteral("EN")), Language::system);
@@ -90,13 +90,13 @@ TEST(AmbrelInterfaceLanguage, isTheSystemsWhereNothingValidIsStored) {
     EXPECT_EQ(Language::fromStoredValue(QStringLiteral("zh-Hant")), Language::traditionalChinese);
 }
 
-TEST(AmbrelInterfaceLanguage, hasTheLocaleOfItsIdentifier) {
+TEST(AmbrelInterfaceLanguageTest, hasTheLocaleOfItsIdentifier) {
     EXPECT_STREQ(Language::brazilianPortuguese.locale().getName(), "pt_BR");
     EXPECT_STREQ(Language::traditionalChinese.locale().getName(), "zh_Hant");
     EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
 }
 
-TEST(AmbrelInterfaceLanguage, isShownAsItselfUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystems) {
     ScopedLocaleVariables variables;
     variables.set("LANG", "fr_CA.UTF-8");
     for (const Language language : Language::selectableLanguages()) {
@@ -119,7 +119,7 @@ struct SystemSetting {
     const char* expected;
 };
 
-TEST(AmbrelInterfaceLanguage, hasTheLanguageShownInTheSystemsRegionWhileItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasTheLanguageShownInTheSystemsRegionWhileItIsTheSystems) {
     const SystemSetting settings[] = {
         {"", "fr_CA.UTF-8", "fr_CA.UTF-8", "fr_CA"},
         {"", "de_DE.UTF-8", "en_GB.UTF-8", "de_GB"},
@@ -148,7 +148,7 @@ TEST(AmbrelInterfaceLanguage, hasTheLanguageShownInTheSystemsRegionWhileItIsTheS
     }
 }
 
-TEST(AmbrelInterfaceLanguage, comparesAndHashesByItsIdentifier) {
+TEST(AmbrelInterfaceLanguageTest, comparesAndHashesByItsIdentifier) {
     std::set<QString> identifiers;
     std::unordered_set<Language> languages;
     for (const Language language : Language::allCases()) {

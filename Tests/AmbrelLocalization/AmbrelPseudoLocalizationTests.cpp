@@ -11,11 +11,11 @@ QString expanded(const QString& text) {
     return AmbrelPseudoLocalization::expanded(text, AmbrelStrings::genericCancel());
 }
 
-TEST(PseudoLocalization, bracketsAndMarksAText) {
+TEST(PseudoLocalizationTest, bracketsAndMarksAText) {
     EXPECT_EQ(expanded(QStringLiteral("Open")), QStringLiteral("⟦Öþːëñː⟧"));
 }
 
-TEST(PseudoLocalization, mapsEveryBasicLetter) {
+TEST(PseudoLocalizationTest, mapsEveryBasicLetter) {
     QString letters;
     QString result;
     const QString upper = QStringLiteral("ÅƁÇÐËƑĢĦÏĴĶĿṀÑÖÞǪŔŠŢÛṼŴẌŸŽ");
@@ -32,7 +32,7 @@ TEST(PseudoLocalization, mapsEveryBasicLetter) {
     EXPECT_EQ(expanded(letters), QStringLiteral("⟦") + result + QStringLiteral("⟧"));
 }
 
-TEST(PseudoLocalization, mapsTheLettersWithoutAPatternAsItsTableSays) {
+TEST(PseudoLocalizationTest, mapsTheLettersWithoutAPatternAsItsTableSays) {
     EXPECT_EQ(expanded(QStringLiteral("P")), QStringLiteral("⟦\u00DE⟧"));
     EXPECT_EQ(expanded(QStringLiteral("B")), QStringLiteral("⟦\u0181⟧"));
     EXPECT_EQ(expanded(QStringLiteral("b")), QStringLiteral("⟦\u0180⟧"));
@@ -41,41 +41,41 @@ TEST(PseudoLocalization, mapsTheLettersWithoutAPatternAsItsTableSays) {
     EXPECT_EQ(expanded(QStringLiteral("D")), QStringLiteral("⟦\u00D0⟧"));
 }
 
-TEST(PseudoLocalization, leavesTheProductsNameAsItIs) {
+TEST(PseudoLocalizationTest, leavesTheProductsNameAsItIs) {
     const QString name = QStringLiteral("Ambrel");
     EXPECT_EQ(AmbrelPseudoLocalization::expanded(name, AmbrelStrings::brandDisplayName()), name);
     EXPECT_EQ(AmbrelPseudoLocalization::expanded(QString(), AmbrelStrings::brandDisplayName()), QString());
 }
 
-TEST(PseudoLocalization, leavesAnEmptyTextEmpty) {
+TEST(PseudoLocalizationTest, leavesAnEmptyTextEmpty) {
     EXPECT_EQ(expanded(QString()), QString());
 }
 
-TEST(PseudoLocalization, marksEverySecondLetter) {
+TEST(PseudoLocalizationTest, marksEverySecondLetter) {
     EXPECT_EQ(expanded(QStringLiteral("a")), QStringLiteral("⟦å⟧"));
     EXPECT_EQ(expanded(QStringLiteral("ab")), QStringLiteral("⟦åƀː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("a b c")), QStringLiteral("⟦å ƀː ç⟧"));
 }
 
-TEST(PseudoLocalization, marksNothingWithoutLetters) {
+TEST(PseudoLocalizationTest, marksNothingWithoutLetters) {
     EXPECT_EQ(expanded(QStringLiteral("12 34!?")), QStringLiteral("⟦12 34!?⟧"));
     EXPECT_EQ(expanded(QStringLiteral(" ")), QStringLiteral("⟦ ⟧"));
     EXPECT_EQ(expanded(QStringLiteral("😀👍")), QStringLiteral("⟦😀👍⟧"));
 }
 
-TEST(PseudoLocalization, countsLettersOfEveryScript) {
+TEST(PseudoLocalizationTest, countsLettersOfEveryScript) {
     EXPECT_EQ(expanded(QStringLiteral("Привет")), QStringLiteral("⟦Прːивːетː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("سلام")), QStringLiteral("⟦سلːامː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("日本語")), QStringLiteral("⟦日本ː語⟧"));
     EXPECT_EQ(expanded(QStringLiteral("𐐀𐐀")), QStringLiteral("⟦𐐀𐐀ː⟧")) << "outside the basic plane";
 }
 
-TEST(PseudoLocalization, takesALetterWithItsMarksForOne) {
+TEST(PseudoLocalizationTest, takesALetterWithItsMarksForOne) {
     EXPECT_EQ(expanded(QStringLiteral("éé")), QStringLiteral("⟦ééː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("e\u0301e\u0301")), QStringLiteral("⟦e\u0301e\u0301ː⟧"));
 }
 
-TEST(PseudoLocalization, doesNotSparePlaceholders) {
+TEST(PseudoLocalizationTest, doesNotSparePlaceholders) {
     EXPECT_EQ(expanded(QStringLiteral("%lld")), QStringLiteral("⟦%ŀŀːð⟧"));
 }
 

@@ -21,7 +21,7 @@ using Milliseconds = std::chrono::sys_time<std::chrono::milliseconds>;
 constexpr Milliseconds morning(std::chrono::sys_days(std::chrono::year(2026) / 6 / 14) + 9h + 41min + 5s);
 constexpr Milliseconds evening = morning + 10h + 21min;
 
-class FormattedDate : public testing::Test {
+class FormattedDateTest : public testing::Test {
 protected:
     static QString dateTime(Milliseconds date, Language language) {
         return AmbrelStrings::formattedDateTime(date, language.locale());
@@ -35,7 +35,7 @@ protected:
     ScopedEnvironment zone_{"TZ", "UTC"};
 };
 
-TEST_F(FormattedDate, andTimeHaveTheOrderAndTheDigitsOfTheLanguage) {
+TEST_F(FormattedDateTest, andTimeHaveTheOrderAndTheDigitsOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
     EXPECT_EQ(dateTime(evening, Language::english), QStringLiteral("Jun 14, 2026, 8:02\u202FPM"));
     EXPECT_EQ(dateTime(morning, Language::spanish), QStringLiteral("14 jun 2026, 9:41"));
@@ -54,7 +54,7 @@ TEST_F(FormattedDate, andTimeHaveTheOrderAndTheDigitsOfTheLanguage) {
     EXPECT_EQ(AmbrelStrings::formattedDateTime(morning, icu::Locale("ar_EG")), QStringLiteral("١٤ يونيو ٢٠٢٦، ٩:٤١ ص"));
 }
 
-TEST_F(FormattedDate, followsTheSystemsTimeZone) {
+TEST_F(FormattedDateTest, followsTheSystemsTimeZone) {
     EXPECT_EQ(dateTime(Milliseconds(0ms), Language::english), QStringLiteral("Jan 1, 1970, 12:00\u202FAM"));
     const ScopedEnvironment newYork("TZ", "America/New_York");
     EXPECT_EQ(dateTime(Milliseconds(0ms), Language::english), QStringLiteral("Dec 31, 1969, 7:00\u202FPM"));
@@ -89,7 +89,7 @@ std::string differencesFromTheCommand(const std::vector<std::int64_t>& times) {
     return differences;
 }
 
-TEST_F(FormattedDate, isInEveryZoneWhatTheCommandSays) {
+TEST_F(FormattedDateTest, isInEveryZoneWhatTheCommandSays) {
     std::vector<std::string> settings = {"",
                                          "UTC0",
                                          "CET-1CEST,M3.5.0,M10.5.0/3",
@@ -115,14 +115,14 @@ TEST_F(FormattedDate, isInEveryZoneWhatTheCommandSays) {
     }
 }
 
-TEST_F(FormattedDate, followsTheSystemsCalendarWithTheNamesOfTheLanguage) {
+TEST_F(FormattedDateTest, followsTheSystemsCalendarWithTheNamesOfTheLanguage) {
     variables_.set("LC_TIME", "th_TH.UTF-8");
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2569 BE, 9:41\u202FAM"));
     variables_.set("LC_TIME", "de_DE.UTF-8");
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
 }
 
-TEST_F(FormattedDate, isInTheLanguageShownAndInTheWayOfTheSystemsRegion) {
+TEST_F(FormattedDateTest, isInTheLanguageShownAndInTheWayOfTheSystemsRegion) {
     variables_.set("LANG", "de_DE.UTF-8");
     EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14. Juni 2026, 20:02"));
     variables_.set("LC_TIME", "en_US.UTF-8");
@@ -132,14 +132,14 @@ TEST_F(FormattedDate, isInTheLanguageShownAndInTheWayOfTheSystemsRegion) {
     EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14 Jun 2026, 20:02"));
 }
 
-TEST_F(FormattedDate, isShownBeforeTheEpochAndAtTheEndsOfTime) {
+TEST_F(FormattedDateTest, isShownBeforeTheEpochAndAtTheEndsOfTime) {
     EXPECT_EQ(dateTime(Milliseconds(-1ms), Language::english), QStringLiteral("Dec 31, 1969, 11:59\u202FPM"));
     for (const auto count : {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
         EXPECT_FALSE(dateTime(Milliseconds(std::chrono::milliseconds(count)), Language::english).isEmpty());
     }
 }
 
-TEST_F(FormattedDate, hasTheDatePartOfItsStyle) {
+TEST_F(FormattedDateTest, hasTheDatePartOfItsStyle) {
     EXPECT_EQ(formatted({.date = Style::Date::numeric, .time = Style::Time::none}), QStringLiteral("6/14/2026"));
     EXPECT_EQ(formatted({.date = Style::Date::abbreviated, .time = Style::Time::none}), QStringLiteral("Jun 14, 2026"));
     EXPECT_EQ(formatted({.date = Style::Date::longForm, .time = Style::Time::none}), QStringLiteral("June 14, 2026"));
@@ -147,20 +147,20 @@ TEST_F(FormattedDate, hasTheDatePartOfItsStyle) {
               QStringLiteral("Sunday, June 14, 2026"));
 }
 
-TEST_F(FormattedDate, hasTheTimePartOfItsStyle) {
+TEST_F(FormattedDateTest, hasTheTimePartOfItsStyle) {
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::shortened}), QStringLiteral("9:41\u202FAM"));
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::standard}), QStringLiteral("9:41:05\u202FAM"));
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::complete}),
               QStringLiteral("9:41:05\u202FAM GMT"));
 }
 
-TEST_F(FormattedDate, hasBothPartsWhereItsStyleHasNeither) {
+TEST_F(FormattedDateTest, hasBothPartsWhereItsStyleHasNeither) {
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::none}),
               QStringLiteral("6/14/2026, 9:41\u202FAM"));
     EXPECT_EQ(formatted({}), QStringLiteral("6/14/2026, 9:41\u202FAM"));
 }
 
-TEST_F(FormattedDate, keepsTheTimeZoneOfItsStyle) {
+TEST_F(FormattedDateTest, keepsTheTimeZoneOfItsStyle) {
     Style style{.date = Style::Date::none, .time = Style::Time::shortened, .timeZone = QStringLiteral("Asia/Tokyo")};
     EXPECT_EQ(formatted(style), QStringLiteral("6:41\u202FPM"));
     style.timeZone = QStringLiteral("no/such place");
@@ -169,7 +169,7 @@ TEST_F(FormattedDate, keepsTheTimeZoneOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("9:41\u202FAM"));
 }
 
-TEST_F(FormattedDate, tellsNamesFromEachOtherWhateverTheyHold) {
+TEST_F(FormattedDateTest, tellsNamesFromEachOtherWhateverTheyHold) {
     Style style{.date = Style::Date::longForm, .time = Style::Time::none, .calendar = QStringLiteral("buddhist")};
     EXPECT_EQ(AmbrelStrings::formattedDate(morning, style, icu::Locale("en")), QStringLiteral("June 14, 2569 BE"));
     // The same letters, were both names only written one after the other.
@@ -177,7 +177,7 @@ TEST_F(FormattedDate, tellsNamesFromEachOtherWhateverTheyHold) {
     EXPECT_FALSE(AmbrelStrings::formattedDate(morning, style, icu::Locale("ten")).contains(QStringLiteral("2569")));
 }
 
-TEST_F(FormattedDate, keepsTheCalendarOfItsStyle) {
+TEST_F(FormattedDateTest, keepsTheCalendarOfItsStyle) {
     Style style{.date = Style::Date::longForm, .time = Style::Time::none, .calendar = QStringLiteral("japanese")};
     EXPECT_EQ(formatted(style, Language::japanese), QStringLiteral("令和8年6月14日"));
     style.calendar = QStringLiteral("no calendar");
@@ -186,7 +186,7 @@ TEST_F(FormattedDate, keepsTheCalendarOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("June 14, 2026"));
 }
 
-TEST_F(FormattedDate, keepsTheCapitalizationContextOfItsStyle) {
+TEST_F(FormattedDateTest, keepsTheCapitalizationContextOfItsStyle) {
     Style style{.date = Style::Date::complete, .time = Style::Time::none};
     EXPECT_EQ(formatted(style, Language::french), QStringLiteral("dimanche 14 juin 2026"));
     style.capitalizationContext = Style::CapitalizationContext::beginningOfSentence;
@@ -195,7 +195,7 @@ TEST_F(FormattedDate, keepsTheCapitalizationContextOfItsStyle) {
     EXPECT_EQ(formatted(style, Language::french), QStringLiteral("dimanche 14 juin 2026"));
 }
 
-TEST_F(FormattedDate, isShownForAnyLocale) {
+TEST_F(FormattedDateTest, isShownForAnyLocale) {
     EXPECT_FALSE(AmbrelStrings::formattedDateTime(morning, icu::Locale("xx_YY")).isEmpty());
     EXPECT_FALSE(AmbrelStrings::formattedDateTime(morning, icu::Locale::getRoot()).isEmpty());
 }

@@ -12,7 +12,7 @@ QString size(std::int64_t byteCount, AmbrelInterfaceLanguage language = AmbrelIn
     return AmbrelStrings::formattedFileSize(byteCount, language.locale());
 }
 
-TEST(FormattedFileSize, isInDecimalMultiples) {
+TEST(FormattedFileSizeTest, isInDecimalMultiples) {
     EXPECT_EQ(size(1), QStringLiteral("1 byte"));
     EXPECT_EQ(size(999), QStringLiteral("999 bytes"));
     EXPECT_EQ(size(1'000), QStringLiteral("1 kB"));
@@ -26,7 +26,7 @@ TEST(FormattedFileSize, isInDecimalMultiples) {
     EXPECT_EQ(size(std::numeric_limits<std::int64_t>::max()), QStringLiteral("9,223.37 PB"));
 }
 
-TEST(FormattedFileSize, isRoundedHalfToEven) {
+TEST(FormattedFileSizeTest, isRoundedHalfToEven) {
     EXPECT_EQ(size(1'500), QStringLiteral("2 kB"));
     EXPECT_EQ(size(2'500), QStringLiteral("2 kB"));
     EXPECT_EQ(size(2'501), QStringLiteral("3 kB"));
@@ -34,7 +34,7 @@ TEST(FormattedFileSize, isRoundedHalfToEven) {
     EXPECT_EQ(size(1'250'001), QStringLiteral("1.3 MB"));
 }
 
-TEST(FormattedFileSize, neverShowsAThousandOfAUnit) {
+TEST(FormattedFileSizeTest, neverShowsAThousandOfAUnit) {
     EXPECT_EQ(size(999'499), QStringLiteral("999 kB"));
     EXPECT_EQ(size(999'500), QStringLiteral("1 MB"));
     EXPECT_EQ(size(999'949'999), QStringLiteral("999.9 MB"));
@@ -43,12 +43,12 @@ TEST(FormattedFileSize, neverShowsAThousandOfAUnit) {
     EXPECT_EQ(size(999'995'000'000), QStringLiteral("1 TB"));
 }
 
-TEST(FormattedFileSize, hasASignWhereItIsNegative) {
+TEST(FormattedFileSizeTest, hasASignWhereItIsNegative) {
     EXPECT_EQ(size(-1'500'000), QStringLiteral("-1.5 MB"));
     EXPECT_EQ(size(std::numeric_limits<std::int64_t>::min()), QStringLiteral("-9,223.37 PB"));
 }
 
-TEST(FormattedFileSize, ofZeroIsAWord) {
+TEST(FormattedFileSizeTest, ofZeroIsAWord) {
     EXPECT_EQ(size(0), QStringLiteral("Zero kB"));
     EXPECT_EQ(size(0, AmbrelInterfaceLanguage::german), QStringLiteral("Null kB"));
     EXPECT_EQ(size(0, AmbrelInterfaceLanguage::french), QStringLiteral("Zéro\u202Fko"));
@@ -61,7 +61,7 @@ TEST(FormattedFileSize, ofZeroIsAWord) {
     }
 }
 
-TEST(FormattedFileSize, hasTheUnitsAndDigitsOfTheLanguage) {
+TEST(FormattedFileSizeTest, hasTheUnitsAndDigitsOfTheLanguage) {
     EXPECT_EQ(size(18'400'000'000, AmbrelInterfaceLanguage::german), QStringLiteral("18,4\u00A0GB"));
     EXPECT_EQ(size(18'400'000'000, AmbrelInterfaceLanguage::french), QStringLiteral("18,4\u202FGo"));
     EXPECT_EQ(size(18'400'000'000, AmbrelInterfaceLanguage::russian), QStringLiteral("18,4 ГБ"));
@@ -70,7 +70,7 @@ TEST(FormattedFileSize, hasTheUnitsAndDigitsOfTheLanguage) {
     EXPECT_EQ(size(999, AmbrelInterfaceLanguage::polish), QStringLiteral("999 bajtów"));
 }
 
-TEST(FormattedFileSize, isShownForAnyLocale) {
+TEST(FormattedFileSizeTest, isShownForAnyLocale) {
     EXPECT_FALSE(AmbrelStrings::formattedFileSize(0, icu::Locale("xx_YY")).isEmpty());
     EXPECT_FALSE(AmbrelStrings::formattedFileSize(1'500'000, icu::Locale::getRoot()).isEmpty());
 }

@@ -47,7 +47,7 @@ protected:
     std::shared_ptr<AmbrelUserDefaults> defaults_ = emptyStandardUserDefaults();
 };
 
-TEST(CatalogueEntry, hasItsKeyAsItsDefaultValue) {
+TEST(CatalogueEntryTest, hasItsKeyAsItsDefaultValue) {
     constexpr LocalizedStringResource entry = AmbrelStrings::recoveryChoosePackageAction();
     EXPECT_EQ(entry.key(), "ambrel.recovery.choose-package.action");
     EXPECT_EQ(entry.defaultValue(), entry.key());
@@ -55,7 +55,7 @@ TEST(CatalogueEntry, hasItsKeyAsItsDefaultValue) {
     EXPECT_NE(entry, AmbrelStrings::recoveryChoosePackageBody());
 }
 
-TEST(CatalogueEntry, hasTheMemberNameOfItsKey) {
+TEST(CatalogueEntryTest, hasTheMemberNameOfItsKey) {
     EXPECT_EQ(AmbrelStrings::filesExportStart().key(), "ambrel.files-export.start");
     EXPECT_EQ(AmbrelStrings::brandDisplayName().key(), "ambrel.brand.display-name");
     EXPECT_EQ(AmbrelStrings::lockedActionFaceID().key(), "ambrel.locked.action.face-id");
@@ -64,7 +64,7 @@ TEST(CatalogueEntry, hasTheMemberNameOfItsKey) {
     EXPECT_EQ(AmbrelStrings::shareStagingCancelled().key(), "ambrel.share.error.staging-cancelled");
 }
 
-TEST(InterfaceResources, haveEveryKeyOnceAndTheRecoveryGroupFirst) {
+TEST(InterfaceResourcesTest, haveEveryKeyOnceAndTheRecoveryGroupFirst) {
     const auto resources = AmbrelStrings::interfaceResources();
     EXPECT_EQ(resources.size(), 875U);
     std::set<std::string_view> keys;

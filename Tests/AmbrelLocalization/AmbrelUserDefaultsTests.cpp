@@ -153,7 +153,7 @@ TEST_F(AmbrelUserDefaultsTest, seeTheFileGoAndComeBack) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=pt-BR\n"), QStringLiteral("pt-BR"));
 }
 
-TEST(StandardUserDefaults, lieInTheUsersConfigurationFolder) {
+TEST(StandardUserDefaultsTest, lieInTheUsersConfigurationFolder) {
     // The program's main function has set the variable before anything asked for the defaults.
     EXPECT_EQ(AmbrelUserDefaults::standard()->path(),
               std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Ambrel" / "Recovery.conf");

@@ -113,7 +113,7 @@ QString charactersOutside(const char* encoding, const QString& text) {
     return result;
 }
 
-TEST(Catalogue, hasATableForEveryLanguageAndForNoOther) {
+TEST(CatalogueTest, hasATableForEveryLanguageAndForNoOther) {
     std::set<std::string> folders;
     for (const auto& entry : std::filesystem::directory_iterator(AMBREL_STRING_TABLES)) {
         folders.insert(entry.path().filename().string());
@@ -126,7 +126,7 @@ TEST(Catalogue, hasATableForEveryLanguageAndForNoOther) {
     EXPECT_EQ(folders, expected);
 }
 
-TEST(Catalogue, listsOnlyTextsThatExistAndAreUntranslated) {
+TEST(CatalogueTest, listsOnlyTextsThatExistAndAreUntranslated) {
     for (const UntranslatedTexts::Group& group : untranslatedTexts().groups) {
         EXPECT_FALSE(group.reason.empty());
         for (const std::string& key : group.keys) {
@@ -140,21 +140,21 @@ TEST(Catalogue, listsOnlyTextsThatExistAndAreUntranslated) {
 }
 
 /// The tests of one table, those of the translations compared to English.
-class Table : public testing::TestWithParam<std::string> {
+class TableTest : public testing::TestWithParam<std::string> {
 protected:
     const std::string& locale() const { return GetParam(); }
     const std::map<std::string, QString>& texts() const { return table(locale()).texts; }
     const std::map<std::string, QString>& english() const { return table("en").texts; }
 };
 
-TEST_P(Table, isOneFlatJsonObjectOfTexts) {
+TEST_P(TableTest, isOneFlatJsonObjectOfTexts) {
     EXPECT_TRUE(table(locale()).faults.empty());
     for (const std::string& fault : table(locale()).faults) {
         ADD_FAILURE() << fault;
     }
 }
 
-TEST_P(Table, hasEveryKeyAndNoOther) {
+TEST_P(TableTest, hasEveryKeyAndNoOther) {
     std::set<std::string> expected;
     std::set<std::string> missing;
     for (const LocalizedStringResource& resource : AmbrelStrings::interfaceResources()) {
@@ -169,7 +169,7 @@ TEST_P(Table, hasEveryKeyAndNoOther) {
     }
 }
 
-TEST_P(Table, hasNoTextThatIsEmptyPaddedOrItsKey) {
+TEST_P(TableTest, hasNoTextThatIsEmptyPaddedOrItsKey) {
     for (const auto& [key, text] : texts()) {
         EXPECT_FALSE(text.isEmpty()) << key;
         EXPECT_EQ(text, text.trimmed()) << key;
@@ -178,7 +178,7 @@ TEST_P(Table, hasNoTextThatIsEmptyPaddedOrItsKey) {
     }
 }
 
-TEST_P(Table, hasThePlaceholdersOfEnglish) {
+TEST_P(TableTest, hasThePlaceholdersOfEnglish) {
     for (const auto& [key, text] : texts()) {
         const auto source = english().find(key);
         if (source == english().end()) {
@@ -188,7 +188,7 @@ TEST_P(Table, hasThePlaceholdersOfEnglish) {
     }
 }
 
-TEST_P(Table, hasLettersOfItsLanguage) {
+TEST_P(TableTest, hasLettersOfItsLanguage) {
     const std::set<UScriptCode> own = scriptsOfLocale(locale());
     for (const auto& [key, text] : texts()) {
         const std::set<UScriptCode> used = scripts(text);
@@ -198,7 +198,7 @@ TEST_P(Table, hasLettersOfItsLanguage) {
     }
 }
 
-TEST_P(Table, keepsSimplifiedAndTraditionalChineseApart) {
+TEST_P(TableTest, keepsSimplifiedAndTraditionalChineseApart) {
     const std::map<std::string, const char*> characterSets = {{"zh-Hans", "GB2312"}, {"zh-Hant", "Big5"}};
     const auto characterSet = characterSets.find(locale());
     if (characterSet == characterSets.end()) {
@@ -215,7 +215,7 @@ TEST_P(Table, keepsSimplifiedAndTraditionalChineseApart) {
     }
 }
 
-TEST_P(Table, isTranslatedOrListedWithAReason) {
+TEST_P(TableTest, isTranslatedOrListedWithAReason) {
     if (locale() == "en") {
         return;
     }
@@ -226,13 +226,13 @@ TEST_P(Table, isTranslatedOrListedWithAReason) {
     }
 }
 
-TEST_P(Table, isSetByTheRulesOfItsLanguage) {
+TEST_P(TableTest, isSetByTheRulesOfItsLanguage) {
     for (const auto& [key, text] : texts()) {
         EXPECT_THAT(textFaults(locale(), text), testing::IsEmpty()) << key << ": " << text.toStdString();
     }
 }
 
-TEST_P(Table, endsEveryTextAsEnglishDoes) {
+TEST_P(TableTest, endsEveryTextAsEnglishDoes) {
     // “How”, “where” or “what” begins the title in English; in Turkish it is a question.
     static const std::set<std::string> turkishQuestions = {
         "ambrel.help.local-encryption.title",
@@ -246,7 +246,7 @@ TEST_P(Table, endsEveryTextAsEnglishDoes) {
     }
 }
 
-TEST_P(Table, quotesNamesAsTheyAre) {
+TEST_P(TableTest, quotesNamesAsTheyAre) {
     const auto named = [this](const char* key) { return texts().at(std::string("ambrel.") + key); };
     const auto quotes = [&](const char* key) { return quotedTexts(named(key)); };
     EXPECT_TRUE(quotes("help.set-up-backup.body").contains(named("backup.setup.create.action")));
@@ -268,7 +268,7 @@ TEST_P(Table, quotesNamesAsTheyAre) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, Table, testing::ValuesIn(locales()), [](const auto& parameter) {
+INSTANTIATE_TEST_SUITE_P(Catalogue, TableTest, testing::ValuesIn(locales()), [](const auto& parameter) {
     std::string name = parameter.param;
     std::erase(name, '-');
     return name;

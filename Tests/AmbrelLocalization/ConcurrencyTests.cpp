@@ -52,7 +52,7 @@ QStringList everyFormat(Language language) {
             AmbrelPseudoLocalization::expanded(QStringLiteral("Open"), AmbrelStrings::genericCancel())};
 }
 
-class Concurrency : public testing::Test {
+class ConcurrencyTest : public testing::Test {
 protected:
     ScopedLocaleVariables variables_;
     ScopedEnvironment zone_{"TZ", "Europe/Berlin"};
@@ -60,7 +60,7 @@ protected:
 };
 
 // The first test, so that every formatter is made while others wait for it.
-TEST_F(Concurrency, formattersAreSharedByThreads) {
+TEST_F(ConcurrencyTest, formattersAreSharedByThreads) {
     const auto languages = Language::selectableLanguages();
     std::vector<std::vector<QStringList>> results(threadCount);
     onEveryThread([&](std::ptrdiff_t thread) {
@@ -78,7 +78,7 @@ TEST_F(Concurrency, formattersAreSharedByThreads) {
     }
 }
 
-TEST_F(Concurrency, lookupsSeeOneLanguageOrTheOtherWhileItChanges) {
+TEST_F(ConcurrencyTest, lookupsSeeOneLanguageOrTheOtherWhileItChanges) {
     const QString key = AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey();
     const std::set<QString> expected = {QStringLiteral("cancel in ja"), QStringLiteral("cancel in de")};
     defaults_->setString(key, QStringLiteral("ja"));
@@ -95,7 +95,7 @@ TEST_F(Concurrency, lookupsSeeOneLanguageOrTheOtherWhileItChanges) {
     EXPECT_EQ(AmbrelStrings::localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in ja"));
 }
 
-TEST_F(Concurrency, threadsThatSaveKeepEachOthersKeys) {
+TEST_F(ConcurrencyTest, threadsThatSaveKeepEachOthersKeys) {
     onEveryThread([&](std::ptrdiff_t thread) {
         for (int round = 0; round < 10; ++round) {
             EXPECT_TRUE(defaults_->setString(QStringLiteral("key%1").arg(thread), QString::number(round)));
@@ -106,7 +106,7 @@ TEST_F(Concurrency, threadsThatSaveKeepEachOthersKeys) {
     }
 }
 
-TEST_F(Concurrency, lookupsSeeWholeTablesWhileTheyAreReplaced) {
+TEST_F(ConcurrencyTest, lookupsSeeWholeTablesWhileTheyAreReplaced) {
     const TemporaryDirectory folder;
     const auto table = [&](const char* text) {
         return std::string(R"({"first": ")") + text + R"(", "padding": ")" + std::string(50'000, 'x') +
@@ -129,7 +129,7 @@ TEST_F(Concurrency, lookupsSeeWholeTablesWhileTheyAreReplaced) {
     });
 }
 
-TEST_F(Concurrency, languageListsAreMadeOnce) {
+TEST_F(ConcurrencyTest, languageListsAreMadeOnce) {
     std::vector<const void*> places(threadCount);
     onEveryThread([&](std::ptrdiff_t thread) {
         places[static_cast<std::size_t>(thread)] = AmbrelStrings::launchLocaleIdentifiers().constData();

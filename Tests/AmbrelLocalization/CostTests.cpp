@@ -16,9 +16,9 @@ CountedFileCalls callsOf(const Function& function) {
     return CountedFileCalls::total() - before;
 }
 
-class Cost : public testing::Test {
+class CostTest : public testing::Test {
 protected:
-    Cost() {
+    CostTest() {
         variables_.set("LANG", "de_DE.UTF-8");
         AmbrelInterfaceLanguagePreferenceStore(defaults_, AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey())
             .save(AmbrelInterfaceLanguage::french);
@@ -29,32 +29,32 @@ protected:
     std::shared_ptr<AmbrelUserDefaults> defaults_ = emptyStandardUserDefaults();
 };
 
-TEST_F(Cost, isCounted) {
+TEST_F(CostTest, isCounted) {
     EXPECT_EQ(callsOf([] { std::ifstream("/etc/passwd").get(); }).openings, 1U);
     EXPECT_EQ(callsOf([] { EXPECT_TRUE(std::filesystem::exists("/etc/passwd")); }).states, 1U);
 }
 
-TEST_F(Cost, ofALookupIsTwoStates) {
+TEST_F(CostTest, ofALookupIsTwoStates) {
     AmbrelStrings::localized(AmbrelStrings::genericCancel());
     const CountedFileCalls calls = callsOf([] { AmbrelStrings::localized(AmbrelStrings::genericCancel()); });
     EXPECT_EQ(calls, (CountedFileCalls{.states = 2, .openings = 0}));
 }
 
-TEST_F(Cost, ofALookupInTheSystemsLanguageIsTwoStates) {
+TEST_F(CostTest, ofALookupInTheSystemsLanguageIsTwoStates) {
     std::filesystem::remove(defaults_->path());
     AmbrelStrings::localized(AmbrelStrings::genericCancel());
     const CountedFileCalls calls = callsOf([] { AmbrelStrings::localized(AmbrelStrings::genericCancel()); });
     EXPECT_EQ(calls, (CountedFileCalls{.states = 2, .openings = 0}));
 }
 
-TEST_F(Cost, ofTheFormattingLocaleIsOneState) {
+TEST_F(CostTest, ofTheFormattingLocaleIsOneState) {
     AmbrelStrings::currentFormattingLocale();
     EXPECT_EQ(callsOf([] { AmbrelStrings::currentFormattingLocale(); }),
               (CountedFileCalls{.states = 1, .openings = 0}));
 }
 
 // Besides what the C library does for the time zone, which is not counted here.
-TEST_F(Cost, ofADateIsNoFile) {
+TEST_F(CostTest, ofADateIsNoFile) {
     const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
     const std::chrono::sys_time<std::chrono::milliseconds> date;
     AmbrelStrings::formattedDateTime(date, locale);

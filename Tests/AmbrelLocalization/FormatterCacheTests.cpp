@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(FormatterCache, makesEachFormatterOnce) {
+TEST(FormatterCacheTest, makesEachFormatterOnce) {
     FormatterCache<int> cache;
     int made = 0;
     const auto make = [&made] { return std::make_unique<int>(++made); };
@@ -15,13 +15,13 @@ TEST(FormatterCache, makesEachFormatterOnce) {
     EXPECT_EQ(made, 2);
 }
 
-TEST(FormatterCache, triesAgainWhereNoneCouldBeMade) {
+TEST(FormatterCacheTest, triesAgainWhereNoneCouldBeMade) {
     FormatterCache<int> cache;
     EXPECT_EQ(cache.formatter("first", [] { return std::unique_ptr<int>(); }), nullptr);
     EXPECT_EQ(*cache.formatter("first", [] { return std::make_unique<int>(1); }), 1);
 }
 
-TEST(FormatterCache, doesNotGrowWithoutBound) {
+TEST(FormatterCacheTest, doesNotGrowWithoutBound) {
     FormatterCache<int> cache;
     const std::weak_ptr<const int> first = cache.formatter("first", [] { return std::make_unique<int>(1); });
     for (int index = 0; index < 1000 && !first.expired(); ++index) {

@@ -19,20 +19,20 @@ QString filled(const QString& format, std::initializer_list<Value> values, const
     return PrintfStyleFormat::filled(format, std::vector<Value>(values), icu::Locale(locale));
 }
 
-TEST(PrintfStyleFormat, fillsIntegersOneAfterTheOther) {
+TEST(PrintfStyleFormatTest, fillsIntegersOneAfterTheOther) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3, 10}), QStringLiteral("3 of 10"));
     EXPECT_EQ(filled(QStringLiteral("%d %i %u %ld %li %hd %hhd %zd %jd %td %qd %llu"),
                      {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}),
               QStringLiteral("1 2 3 4 5 6 7 8 9 10 11 12"));
 }
 
-TEST(PrintfStyleFormat, fillsIntegersByTheirPosition) {
+TEST(PrintfStyleFormatTest, fillsIntegersByTheirPosition) {
     EXPECT_EQ(filled(QStringLiteral("%2$lld > %1$lld"), {3, 10}), QStringLiteral("10 > 3"));
     EXPECT_EQ(filled(QStringLiteral("%1$lld %1$lld"), {3}), QStringLiteral("3 3"));
     EXPECT_EQ(filled(QStringLiteral("%2$@, %1$lld"), {3, QStringLiteral("x")}), QStringLiteral("x, 3"));
 }
 
-TEST(PrintfStyleFormat, writesIntegersInTheDigitsOfTheLocale) {
+TEST(PrintfStyleFormatTest, writesIntegersInTheDigitsOfTheLocale) {
     EXPECT_EQ(filled(QStringLiteral("%lld"), {1'234}, "de"), QStringLiteral("1.234"));
     EXPECT_EQ(filled(QStringLiteral("%lld"), {1'234}, "ar_EG"), QStringLiteral("١٬٢٣٤"));
     EXPECT_EQ(filled(QStringLiteral("%lld"), {std::numeric_limits<std::int64_t>::min()}),
@@ -40,30 +40,30 @@ TEST(PrintfStyleFormat, writesIntegersInTheDigitsOfTheLocale) {
     EXPECT_EQ(filled(QStringLiteral("%d"), {5'000'000'000}), QStringLiteral("5,000,000,000")) << "not cut off";
 }
 
-TEST(PrintfStyleFormat, fillsTextsUnchanged) {
+TEST(PrintfStyleFormatTest, fillsTextsUnchanged) {
     EXPECT_EQ(filled(QStringLiteral("“%@”"), {QStringLiteral("%lld %@ %%")}), QStringLiteral("“%lld %@ %%”"));
     EXPECT_EQ(filled(QStringLiteral("%@"), {7}), QStringLiteral("7"));
     EXPECT_EQ(filled(QStringLiteral("<%@>"), {QString()}), QStringLiteral("<>"));
 }
 
-TEST(PrintfStyleFormat, writesOnePercentSignForTwo) {
+TEST(PrintfStyleFormatTest, writesOnePercentSignForTwo) {
     EXPECT_EQ(filled(QStringLiteral("%lld%% %%d"), {5}), QStringLiteral("5% %d"));
     EXPECT_EQ(filled(QStringLiteral("%%%lld%%"), {5}), QStringLiteral("%5%"));
 }
 
-TEST(PrintfStyleFormat, leavesWhatNoValueFitsAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesWhatNoValueFitsAsItIsWritten) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3}), QStringLiteral("3 of %lld"));
     EXPECT_EQ(filled(QStringLiteral("%3$lld"), {1, 2}), QStringLiteral("%3$lld"));
     EXPECT_EQ(filled(QStringLiteral("%lld"), {QStringLiteral("text")}), QStringLiteral("%lld"));
     EXPECT_EQ(filled(QStringLiteral("%@"), {}), QStringLiteral("%@"));
 }
 
-TEST(PrintfStyleFormat, leavesOutSurplusValues) {
+TEST(PrintfStyleFormatTest, leavesOutSurplusValues) {
     EXPECT_EQ(filled(QStringLiteral("none"), {1, 2}), QStringLiteral("none"));
     EXPECT_EQ(filled(QString(), {1}), QString());
 }
 
-TEST(PrintfStyleFormat, leavesWhatItDoesNotUnderstandAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesWhatItDoesNotUnderstandAsItIsWritten) {
     for (const char* format :
          {"%",        "100 %",  "%s",     "%n",       "%f",    "%p",   "%x",  "%c",
           "%5d",      "%05lld", "%-d",    "%+d",      "% d",   "%.3d", "%*d", "%1$",
@@ -75,14 +75,14 @@ TEST(PrintfStyleFormat, leavesWhatItDoesNotUnderstandAsItIsWritten) {
     EXPECT_EQ(filled(QStringLiteral("%s %lld"), {1}), QStringLiteral("%s 1")) << "it takes no value either";
 }
 
-TEST(PrintfStyleFormat, knowsItsPlaceholders) {
+TEST(PrintfStyleFormatTest, knowsItsPlaceholders) {
     const std::vector<Placeholder> expected = {
         {0, 4, Kind::integer, 0}, {5, 2, Kind::percentSign, 0}, {8, 4, Kind::text, 2}, {13, 2, Kind::text, 1}};
     EXPECT_EQ(placeholders(u"%lld %% %3$@ %@ %s"), expected);
     EXPECT_TRUE(placeholders(u"").empty());
 }
 
-TEST(PrintfStyleFormat, isHarmlessWhateverItsText) {
+TEST(PrintfStyleFormatTest, isHarmlessWhateverItsText) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp): the same formats at every run
     constexpr std::u16string_view signs = u"%%%%$$@dlhs0123456789n*.- \u00E9\u65E5";
     for (int round = 0; round < 20'000; ++round) {

@@ -33,7 +33,7 @@ TEST_F(ResourceBundleAccessorDeathTest, endsTheProcessWhereThereIsNone) {
                  "could not load resource bundle: from /nowhere/a.bundle or /nowhere/b.bundle");
 }
 
-TEST(ResourceBundle, hasTheModulesName) {
+TEST(ResourceBundleTest, hasTheModulesName) {
     EXPECT_EQ(ResourceBundleAccessor::moduleBundle().filename(), "AmbrelCore_AmbrelLocalization.bundle");
     EXPECT_EQ(&ResourceBundleAccessor::moduleBundle(), &ResourceBundleAccessor::moduleBundle());
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(LanguageTag, isMadeFromThePosixName) {
+TEST(LanguageTagTest, isMadeFromThePosixName) {
     EXPECT_EQ(SystemLocale::languageTag("de_DE.UTF-8@euro"), "de-DE");
     EXPECT_EQ(SystemLocale::languageTag("de_DE.UTF-8"), "de-DE");
     EXPECT_EQ(SystemLocale::languageTag("de_DE"), "de-DE");
@@ -15,7 +15,7 @@ TEST(LanguageTag, isMadeFromThePosixName) {
     EXPECT_EQ(SystemLocale::languageTag("pt-BR"), "pt-BR");
 }
 
-TEST(LanguageTag, hasTheScriptOfTheModifier) {
+TEST(LanguageTagTest, hasTheScriptOfTheModifier) {
     EXPECT_EQ(SystemLocale::languageTag("sr_RS@latin"), "sr-Latn-RS");
     EXPECT_EQ(SystemLocale::languageTag("uz_UZ.UTF-8@cyrillic"), "uz-Cyrl-UZ");
     EXPECT_EQ(SystemLocale::languageTag("sd_IN@devanagari"), "sd-Deva-IN");
@@ -23,7 +23,7 @@ TEST(LanguageTag, hasTheScriptOfTheModifier) {
     EXPECT_EQ(SystemLocale::languageTag("ca_ES@valencia"), "ca-ES");
 }
 
-TEST(LanguageTag, isNoneForTheNamesWithoutALanguage) {
+TEST(LanguageTagTest, isNoneForTheNamesWithoutALanguage) {
     for (const std::string_view name :
          {"", "C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "C@euro", ".UTF-8", "@x"}) {
         EXPECT_EQ(SystemLocale::languageTag(name), std::nullopt) << name;

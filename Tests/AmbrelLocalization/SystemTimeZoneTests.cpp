@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr std::chrono::sys_seconds summer = std::chrono::sys_days(std::chrono::year(2026) / 7 / 15);
 constexpr std::chrono::sys_seconds winter = std::chrono::sys_days(std::chrono::year(2026) / 1 / 15);
 
-TEST(SystemTimeZone, followsTheVariable) {
+TEST(SystemTimeZoneTest, followsTheVariable) {
     const ScopedEnvironment zone("TZ", "Europe/Berlin");
     EXPECT_EQ(SystemTimeZone::offset(summer), 2h);
     EXPECT_EQ(SystemTimeZone::offset(winter), 1h);
@@ -27,7 +27,7 @@ TEST(SystemTimeZone, followsTheVariable) {
     EXPECT_EQ(SystemTimeZone::offset(summer), 2h);
 }
 
-TEST(SystemTimeZone, isExactToTheSecond) {
+TEST(SystemTimeZoneTest, isExactToTheSecond) {
     const ScopedEnvironment zone("TZ", "Europe/Berlin");
     EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_days(std::chrono::year(1890) / 1 / 1)), 53min + 28s);
     constexpr std::chrono::sys_seconds change = std::chrono::sys_days(std::chrono::year(2026) / 3 / 29) + 1h;
@@ -35,14 +35,14 @@ TEST(SystemTimeZone, isExactToTheSecond) {
     EXPECT_EQ(SystemTimeZone::offset(change), 2h);
 }
 
-TEST(SystemTimeZone, isUTCWhereTheVariableSaysNothing) {
+TEST(SystemTimeZoneTest, isUTCWhereTheVariableSaysNothing) {
     for (const char* value : {"", "nonsense", "../../etc/passwd", ":", "UTC"}) {
         const ScopedEnvironment zone("TZ", value);
         EXPECT_EQ(SystemTimeZone::offset(summer), 0s) << value;
     }
 }
 
-TEST(SystemTimeZone, hasAnOffsetAtTheEndsOfTime) {
+TEST(SystemTimeZoneTest, hasAnOffsetAtTheEndsOfTime) {
     const ScopedEnvironment zone("TZ", "<+0530>-5:30");
     EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds(10'000'000h)), 5h + 30min);
     EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds(-10'000'000h)), 5h + 30min);
@@ -50,7 +50,7 @@ TEST(SystemTimeZone, hasAnOffsetAtTheEndsOfTime) {
     EXPECT_EQ(SystemTimeZone::offset(std::chrono::sys_seconds::min()), 0s);
 }
 
-TEST(SystemTimeZone, knowsTheZonesOfTheDatabaseByName) {
+TEST(SystemTimeZoneTest, knowsTheZonesOfTheDatabaseByName) {
     const ScopedEnvironment zone("TZ", "Asia/Tokyo");
     EXPECT_EQ(SystemTimeZone::offset(summer, QStringLiteral("Europe/Berlin")), 2h);
     EXPECT_EQ(SystemTimeZone::offset(winter, QStringLiteral("Europe/Berlin")), 1h);
@@ -92,7 +92,7 @@ std::string offsetsWhileTheSettingChanges() {
     return found + hours();
 }
 
-TEST(SystemTimeZone, followsTheSystemsSettingWhileTheProgramRuns) {
+TEST(SystemTimeZoneTest, followsTheSystemsSettingWhileTheProgramRuns) {
     const std::string outcome = ChildProcess::outcome(offsetsWhileTheSettingChanges);
     if (outcome == notAllowed) {
         GTEST_SKIP() << "this system does not let the test mount a disk";

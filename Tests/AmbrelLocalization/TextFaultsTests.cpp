@@ -67,7 +67,7 @@ const Sample samples[] = {
     {"pl", "Pliki", "Plіki", "letters of another script"},
 };
 
-TEST(TextFaults, areFoundByEveryRule) {
+TEST(TextFaultsTest, areFoundByEveryRule) {
     for (const Sample& sample : samples) {
         EXPECT_THAT(textFaults(sample.locale, QString::fromUtf8(sample.good)), IsEmpty()) << sample.good;
         EXPECT_THAT(textFaults(sample.locale, QString::fromUtf8(sample.bad)), Contains(sample.fault)) << sample.bad;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* times = "20";
 
-class UserDefaultsOfProcesses : public testing::Test {
+class UserDefaultsOfProcessesTest : public testing::Test {
 protected:
     /// Starts another process that waits at the gate to save `language` under `key`.
     pid_t startSaving(const std::string& language, const std::string& key) {
@@ -41,7 +41,7 @@ protected:
     std::shared_ptr<AmbrelUserDefaults> defaults_ = emptyStandardUserDefaults();
 };
 
-TEST_F(UserDefaultsOfProcesses, keepWhatEachOfThemSavesAtTheSameTime) {
+TEST_F(UserDefaultsOfProcessesTest, keepWhatEachOfThemSavesAtTheSameTime) {
     const QString untouched = QStringLiteral("untouched");
     ASSERT_TRUE(defaults_->setString(untouched, QStringLiteral("here")));
     pid_t first = startSaving("de", "first");

@@ -19,17 +19,17 @@ QStringList characters(const QString& text) {
     return result;
 }
 
-TEST(UserPerceivedCharacters, areNoneInAnEmptyText) {
+TEST(UserPerceivedCharactersTest, areNoneInAnEmptyText) {
     EXPECT_EQ(characters(QString()), QStringList());
 }
 
-TEST(UserPerceivedCharacters, keepMarksAndSequencesTogether) {
+TEST(UserPerceivedCharactersTest, keepMarksAndSequencesTogether) {
     const QStringList expected = {QStringLiteral("a"),           QStringLiteral("e\u0301"), QStringLiteral("\r\n"),
                                   QStringLiteral("👩‍👧"), QStringLiteral("🇩🇪"),      QStringLiteral("각")};
     EXPECT_EQ(characters(expected.join(QString())), expected);
 }
 
-TEST(UserPerceivedCharacters, coverATextThatIsNotWellFormed) {
+TEST(UserPerceivedCharactersTest, coverATextThatIsNotWellFormed) {
     const QString text = QString(QChar(u'\xDC00')) + QChar(u'\xD800') + u'a';
     EXPECT_EQ(characters(text).join(QString()), text);
 }

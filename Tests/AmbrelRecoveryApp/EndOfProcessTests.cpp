@@ -2,7 +2,7 @@
 
 #include "AmbrelRecoveryApp/Desktop/DesktopFileViewer.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderModel.h"
-#include "AmbrelRecoveryApp/FilePanels/PlacesModel.h"
+#include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "Support/HungFolder.h"
 #include "Support/SilentSocket.h"
@@ -72,7 +72,7 @@ TEST_F(EndOfProcessTest, doesNotWaitForAPlaceThatDoesNotAnswerInAPanel) {
     qputenv("HOME", QByteArray::fromStdString(root().native()));
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((root() / "configuration").native()));
     const HungFolder hung(root() / "Pictures");
-    const PlacesModel places;
+    const PlacesView places;
     waitUntil([] { return HungFolder::hangingCalls() == 1; });
     expectNoWait();
     EXPECT_EQ(HungFolder::hangingCalls(), 1);

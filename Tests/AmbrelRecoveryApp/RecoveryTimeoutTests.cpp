@@ -27,12 +27,12 @@ constexpr long almostHalfAnHour = halfAnHour - 60;
 constexpr int exitStatus = 3;
 
 /// An engine that runs until its gate opens, and then exits with exitStatus.
-class RecoveryTimeout : public testing::Test {
+class RecoveryTimeoutTest : public testing::Test {
 protected:
     using Error = AmbrelRecoveryProcessError;
 
-    RecoveryTimeout() { SystemCallFaults::reset(); }
-    ~RecoveryTimeout() override { SystemCallFaults::reset(); }
+    RecoveryTimeoutTest() { SystemCallFaults::reset(); }
+    ~RecoveryTimeoutTest() override { SystemCallFaults::reset(); }
 
     /// The next look at the clock while an engine runs shows a time that is so many seconds later. Then the clock is
     /// right again, and the engine may go on.
@@ -76,7 +76,7 @@ const std::vector<std::vector<std::string>> commandLines = {
 
 } // namespace
 
-TEST_F(RecoveryTimeout, ofAnInspectionAndAnExportIsHalfAnHour) {
+TEST_F(RecoveryTimeoutTest, ofAnInspectionAndAnExportIsHalfAnHour) {
     for (const std::vector<std::string>& arguments : commandLines) {
         setClockForwardOnce(almostHalfAnHour);
         EXPECT_EQ(errorOfRun(arguments), std::nullopt) << arguments.front();
@@ -86,13 +86,13 @@ TEST_F(RecoveryTimeout, ofAnInspectionAndAnExportIsHalfAnHour) {
     }
 }
 
-TEST_F(RecoveryTimeout, ofTheSelfTestIsHalfAnHour) {
+TEST_F(RecoveryTimeoutTest, ofTheSelfTestIsHalfAnHour) {
     setClockForwardOnce(almostHalfAnHour);
     EXPECT_EQ(SelfTestMode::run(), exitStatus);
     setClockForwardOnce(halfAnHour + 1);
     EXPECT_EQ(SelfTestMode::run(), 1);
 }
 
-TEST(RecoveryTimeoutValue, isGivenInSeconds) {
+TEST(RecoveryTimeoutValueTest, isGivenInSeconds) {
     EXPECT_EQ(AmbrelRecoveryProcessRunner::defaultTimeout, 1800.0);
 }

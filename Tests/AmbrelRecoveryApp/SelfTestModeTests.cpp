@@ -12,13 +12,13 @@ bool requested(std::vector<const char*> arguments) {
 
 } // namespace
 
-TEST(SelfTestMode, isRequestedByTheWholeArgumentAtAnyPosition) {
+TEST(SelfTestModeTest, isRequestedByTheWholeArgumentAtAnyPosition) {
     EXPECT_TRUE(requested({"application", "--self-test"}));
     EXPECT_TRUE(requested({"application", "one", "two", "--self-test", "four"}));
     EXPECT_TRUE(requested({"--self-test"}));
 }
 
-TEST(SelfTestMode, isNotRequestedByAnythingLikeIt) {
+TEST(SelfTestModeTest, isNotRequestedByAnythingLikeIt) {
     EXPECT_FALSE(requested({"application"}));
     EXPECT_FALSE(requested({}));
     for (const char* argument :

@@ -2,10 +2,10 @@
 // must accept, so that no refusal can come from something else. There is nothing to run: the file compiles, or it does
 // not.
 
+#include "AmbrelPlatform/UniqueDescriptor.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 #include "AmbrelRecoveryAppSupport/SecretBytes.h"
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
 
 #include <cstddef>
 #include <filesystem>

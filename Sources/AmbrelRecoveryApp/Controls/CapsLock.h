@@ -8,6 +8,6 @@
 namespace CapsLock {
 
 /// Whether Caps Lock is on after this press or release of a key; none where the event does not tell.
-std::optional<bool> after(const QKeyEvent& event);
+std::optional<bool> stateAfter(const QKeyEvent& event);
 
 } // namespace CapsLock

@@ -7,7 +7,7 @@ constexpr quint32 lockModifier = 1U << 1U;
 
 } // namespace
 
-std::optional<bool> CapsLock::after(const QKeyEvent& event) {
+std::optional<bool> CapsLock::stateAfter(const QKeyEvent& event) {
     const bool isOn = (event.nativeModifiers() & lockModifier) != 0;
     if (event.key() != Qt::Key_CapsLock) {
         return isOn;

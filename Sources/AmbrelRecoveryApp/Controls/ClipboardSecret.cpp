@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/ClipboardSecret.h"
 
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
 #include <QGuiApplication>
 
 #include <cstring>
@@ -22,7 +24,7 @@ QStringView withoutOuterLineBreaks(QStringView text) {
     return text;
 }
 
-SecretBytes onOneLine(QStringView text) {
+SecretText onOneLine(QStringView text) {
     SecretBytes line(static_cast<std::size_t>(text.size()) * sizeof(char16_t));
     std::size_t length = 0;
     for (qsizetype index = 0; index < text.size(); ++index) {
@@ -33,14 +35,16 @@ SecretBytes onOneLine(QStringView text) {
             length += sizeof(unit);
         }
     }
-    return SecretBytes::copyOf(std::as_const(line).bytes().first(length));
+    return SecretText(
+        {reinterpret_cast<const char16_t*>(line.bytes().data()), static_cast<qsizetype>(length / sizeof(char16_t))});
 }
 
 } // namespace
 
-SecretBytes ClipboardSecret::line(QClipboard::Mode mode) {
+SecretText ClipboardSecret::line(QClipboard::Mode mode) {
+    MainThread::require();
     QString text = QGuiApplication::clipboard()->text(mode);
-    SecretBytes line = onOneLine(withoutOuterLineBreaks(text));
+    SecretText line = onOneLine(withoutOuterLineBreaks(text));
     text.fill(QChar());
     return line;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AmbrelRecoveryAppSupport/SecretBytes.h"
+#include "AmbrelRecoveryApp/Secrets/SecretText.h"
 
 #include <QClipboard>
 
@@ -8,9 +8,9 @@
 /// holds is the program's that was copied from, and stays there.
 namespace ClipboardSecret {
 
-/// The text of the clipboard as UTF-16 on one line: without the line breaks around it and with a space for each one in
-/// it, since a copied line brings its end along, and a copied list of words has one word a line. Empty where there is
-/// no text. `widget` is the shown one that is pasted into. Main thread; throws std::bad_alloc.
-SecretBytes line(QClipboard::Mode mode);
+/// The text of the clipboard on one line: without the line breaks around it and with a space for each one in it, since
+/// a copied line brings its end along, and a copied list of words has one word a line. Empty where there is no text.
+/// Main thread; throws std::bad_alloc.
+SecretText line(QClipboard::Mode mode);
 
 } // namespace ClipboardSecret

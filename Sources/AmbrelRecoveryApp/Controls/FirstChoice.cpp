@@ -26,7 +26,7 @@ QModelIndex choiceOf(const QAbstractItemView& list, int key) {
 
 } // namespace
 
-bool FirstChoice::take(QAbstractItemView& list, const QKeyEvent& event) {
+bool FirstChoice::select(QAbstractItemView& list, const QKeyEvent& event) {
     const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (!isPlain || list.selectionModel()->hasSelection()) {
         return false;

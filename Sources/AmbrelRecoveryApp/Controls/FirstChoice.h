@@ -9,6 +9,6 @@ namespace FirstChoice {
 /// Where `event` is of a plain navigation key and nothing is selected in `list`, selects an item: with Home the first,
 /// with End the last, with the others the current one, or the first where there is none. The toolkit by itself begins
 /// after the current item, and selects nothing where there is no other. Returns whether `event` has done its work.
-bool take(QAbstractItemView& list, const QKeyEvent& event);
+bool select(QAbstractItemView& list, const QKeyEvent& event);
 
 } // namespace FirstChoice

@@ -13,7 +13,7 @@ bool isTyped(const QKeyEvent& event) {
 }
 
 bool presses(const QKeyEvent& event) {
-    return ReturnKey::is(event) || event.key() == Qt::Key_Escape || event.key() == Qt::Key_Space;
+    return isReturnKey(event) || event.key() == Qt::Key_Escape || event.key() == Qt::Key_Space;
 }
 
 } // namespace

@@ -38,7 +38,7 @@ QSize IconButton::sizeHint() const {
 
 /// On some desktops the toolkit would press the button.
 void IconButton::keyPressEvent(QKeyEvent* event) {
-    if (ReturnKey::is(*event)) {
+    if (isReturnKey(*event)) {
         event->ignore();
     } else {
         QAbstractButton::keyPressEvent(event);

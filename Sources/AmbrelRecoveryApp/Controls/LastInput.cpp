@@ -49,14 +49,14 @@ bool LastInput::eventFilter(QObject* /*object*/, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
         if (isNavigation(static_cast<const QKeyEvent*>(event)->key())) {
-            take(true);
+            update(true);
         }
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::TabletPress:
     case QEvent::TouchBegin:
-        take(false);
+        update(false);
         break;
     default:
         break;
@@ -64,7 +64,7 @@ bool LastInput::eventFilter(QObject* /*object*/, QEvent* event) {
     return false;
 }
 
-void LastInput::take(bool isNavigationKey) {
+void LastInput::update(bool isNavigationKey) {
     if (wasNavigationKey_ == isNavigationKey) {
         return;
     }

@@ -16,7 +16,7 @@ protected:
 
 private:
     explicit LastInput(QObject* application);
-    void take(bool isNavigationKey);
+    void update(bool isNavigationKey);
 
     bool wasNavigationKey_ = false;
 };

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/Motion.h"
 
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
 #include <QStyle>
 #include <QWidget>
 
@@ -12,11 +14,13 @@ bool isMotionReduced = false;
 } // namespace
 
 std::chrono::milliseconds Motion::duration(const QWidget& widget) {
+    MainThread::require();
     const bool mayMove =
         !isMotionReduced && widget.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &widget) > 0;
     return mayMove ? shortDuration : std::chrono::milliseconds::zero();
 }
 
 void Motion::setReduced(bool isReduced) {
+    MainThread::require();
     isMotionReduced = isReduced;
 }

@@ -19,8 +19,6 @@ namespace {
 
 constexpr int padding = 12;
 constexpr qreal cornerRadius = 10;
-constexpr QChar firstStrongIsolate(0x2068);
-constexpr QChar popDirectionalIsolate(0x2069);
 constexpr char32_t separator = U'/';
 
 } // namespace
@@ -69,14 +67,14 @@ void PathView::setPath(const std::filesystem::path& path) {
     bool isInsidePart = false;
     for (const char32_t character : name.toUcs4()) {
         if (isInsidePart != (character != separator)) {
-            show(isInsidePart ? popDirectionalIsolate : firstStrongIsolate, 0);
+            show(isInsidePart ? FileNameText::popDirectionalIsolate : FileNameText::firstStrongIsolate, 0);
             isInsidePart = !isInsidePart;
         }
         const QString original = QStringView(QChar::fromUcs4(character)).toString();
         show(FileNameText::readable(original.toStdString()), original.size());
     }
     if (isInsidePart) {
-        show(popDirectionalIsolate, 0);
+        show(FileNameText::popDirectionalIsolate, 0);
     }
     offsets_.append(offset);
     setPlainText(shown);

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr int horizontalPadding = 20;
 constexpr int symbolSpacing = 9;
 
 } // namespace
@@ -36,24 +36,31 @@ void RecoveryButton::setLabel(const QString& label) {
     updateGeometry();
 }
 
+void RecoveryButton::setSymbolLabel(const QString& label) {
+    setAccessibleName(label);
+    setToolTip(label);
+    setStyleSheet(RecoveryPalette::toolTipStyleSheet());
+    updateGeometry();
+}
+
 void RecoveryButton::setButtonHeight(int height) {
     height_ = height;
     updateGeometry();
 }
 
 QSize RecoveryButton::sizeHint() const {
-    return {2 * horizontalPadding + contentWidth(font()), std::max(height_, fontMetrics().height() + 12)};
+    return {2 * horizontalPadding() + contentWidth(font()), std::max(height_, fontMetrics().height() + 12)};
 }
 
 QSize RecoveryButton::minimumSizeHint() const {
     QFont asDesigned = font();
     asDesigned.setPixelSize(designedSize());
-    return {2 * horizontalPadding + contentWidth(asDesigned), sizeHint().height()};
+    return {2 * horizontalPadding() + contentWidth(asDesigned), sizeHint().height()};
 }
 
 QFont RecoveryButton::shownFont() const {
     QFont shown = font();
-    while (shown.pixelSize() > designedSize() && 2 * horizontalPadding + contentWidth(shown) > width()) {
+    while (shown.pixelSize() > designedSize() && 2 * horizontalPadding() + contentWidth(shown) > width()) {
         shown.setPixelSize(shown.pixelSize() - 1);
     }
     return shown;
@@ -66,7 +73,12 @@ int RecoveryButton::designedSize() const {
 /// Of the symbol, which is as large as the label, and the label.
 int RecoveryButton::contentWidth(const QFont& font) const {
     const int labelWidth = static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(label_)));
-    return labelWidth + (symbol_ ? font.pixelSize() + symbolSpacing : 0);
+    const int spacing = label_.isEmpty() ? 0 : symbolSpacing;
+    return labelWidth + (symbol_ ? font.pixelSize() + spacing : 0);
+}
+
+int RecoveryButton::horizontalPadding() const {
+    return label_.isEmpty() ? 10 : 20;
 }
 
 void RecoveryButton::paintLabel(QPainter& painter, const QColor& color) const {

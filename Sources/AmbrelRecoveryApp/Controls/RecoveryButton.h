@@ -17,6 +17,8 @@ class RecoveryButton : public QPushButton {
 public:
     /// The visible text, which is the accessible name too.
     void setLabel(const QString& label);
+    /// Has the button show its symbol alone: `label` is the accessible name and the tooltip.
+    void setSymbolLabel(const QString& label);
     const QString& label() const { return label_; }
 
     QSize sizeHint() const override;
@@ -37,6 +39,7 @@ protected:
 
 private:
     int contentWidth(const QFont& font) const;
+    int horizontalPadding() const;
     int designedSize() const;
 
     const std::optional<RecoverySymbol> symbol_;

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
 namespace {
 
 QColor opaque(float red, float green, float blue) {
@@ -112,6 +114,7 @@ QColor RecoveryPalette::withOpacity(QColor color, double factor) {
 }
 
 void RecoveryPalette::setContrastIncreased(bool isIncreased) {
+    MainThread::require();
     isContrastWanted = isIncreased;
 }
 
@@ -123,13 +126,17 @@ QPalette RecoveryPalette::ofToolkit() {
     QPalette palette;
     palette.setColor(QPalette::Window, background());
     palette.setColor(QPalette::WindowText, primary());
-    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Base, background());
+    palette.setColor(QPalette::AlternateBase, rail());
     palette.setColor(QPalette::Text, primary());
     palette.setColor(QPalette::PlaceholderText, muted());
-    palette.setColor(QPalette::Button, rail());
+    palette.setColor(QPalette::Button, alert());
     palette.setColor(QPalette::ButtonText, primary());
     palette.setColor(QPalette::Highlight, copper());
     palette.setColor(QPalette::HighlightedText, onCopper());
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, muted());
+    }
     return palette;
 }
 

@@ -2,6 +2,6 @@
 
 #include <QKeyEvent>
 
-bool ReturnKey::is(const QKeyEvent& event) {
+bool isReturnKey(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }

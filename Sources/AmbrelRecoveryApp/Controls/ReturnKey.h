@@ -2,10 +2,6 @@
 
 class QKeyEvent;
 
-/// The key that presses the main button of what is shown.
-namespace ReturnKey {
-
-/// Whether `event` is of Return or of Enter on the keypad, with whatever modifiers.
-bool is(const QKeyEvent& event);
-
-} // namespace ReturnKey
+/// Whether `event` is of Return or of Enter on the keypad, with whatever modifiers: the key that presses the main
+/// button of what is shown. Any thread.
+bool isReturnKey(const QKeyEvent& event);

@@ -7,6 +7,9 @@ class SecondaryRecoveryButton final : public RecoveryButton {
     Q_OBJECT
 
 public:
+    /// The height of one that stands in a row of small controls.
+    static constexpr int lowHeight = 34;
+
     explicit SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent = nullptr);
 
     /// Makes the button less or more high than its style has it, to stand beside something else.

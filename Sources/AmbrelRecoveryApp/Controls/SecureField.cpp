@@ -19,7 +19,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -36,32 +35,6 @@ constexpr qreal cornerRadius = 11;
 
 QString maskOf(int count) {
     return QString(count, QChar(0x2022));
-}
-
-QStringView unitsIn(const SecretBytes& secret) {
-    return {reinterpret_cast<const char16_t*>(secret.bytes().data()),
-            static_cast<qsizetype>(secret.size() / sizeof(char16_t))};
-}
-
-void copyUnits(SecretBytes& to, qsizetype offset, QStringView from) {
-    if (!from.isEmpty()) {
-        std::memcpy(to.bytes().data() + static_cast<std::size_t>(offset) * sizeof(char16_t), from.utf16(),
-                    static_cast<std::size_t>(from.size()) * sizeof(char16_t));
-    }
-}
-
-qsizetype lengthOfCharacter(QStringView units, qsizetype offset) {
-    const bool isPair =
-        units[offset].isHighSurrogate() && offset + 1 < units.size() && units[offset + 1].isLowSurrogate();
-    return isPair ? 2 : 1;
-}
-
-int characterCount(QStringView units) {
-    int count = 0;
-    for (qsizetype offset = 0; offset < units.size(); offset += lengthOfCharacter(units, offset)) {
-        ++count;
-    }
-    return count;
 }
 
 /// Whether the event types a text, by the rules of Qt's own text controls.
@@ -140,31 +113,31 @@ void SecureField::tellCapsLock(bool isOn) {
 }
 
 void SecureField::followCapsLock(const QKeyEvent& event) {
-    const std::optional<bool> isOn = CapsLock::after(event);
+    const std::optional<bool> isOn = CapsLock::stateAfter(event);
     if (isOn && *isOn == capsLockHint_->isHidden()) {
         tellCapsLock(*isOn);
     }
 }
 
 QStringView SecureField::secret() const {
-    return unitsIn(units_);
+    return secret_.view();
 }
 
 void SecureField::setSecret(QStringView secret) {
-    replaceUnits(0, this->secret().size(), secret);
+    secret_ = SecretText(secret);
     showMask();
 }
 
 void SecureField::showMask() {
     isShowingMask_ = true;
-    setText(maskOf(characterCount(secret())));
+    setText(maskOf(secret_.characterCount()));
     isShowingMask_ = false;
 }
 
 void SecureField::replaceSecret(int start, int end, QStringView text) {
     // Assistive technology needs no focus for it.
     ProcessSetup::keepOthersOut();
-    replaceUnits(unitOffset(start), unitOffset(end), text);
+    secret_.replace(start, end, text);
     isShowingMask_ = true;
     if (end > start) {
         setSelection(start, end - start);
@@ -172,7 +145,8 @@ void SecureField::replaceSecret(int start, int end, QStringView text) {
         deselect();
         setCursorPosition(start);
     }
-    insert(maskOf(characterCount(text)));
+    const int masked = static_cast<int>(this->text().size()) - (end - start);
+    insert(maskOf(secret_.characterCount() - masked));
     isShowingMask_ = false;
     emit secretEdited();
 }
@@ -183,9 +157,9 @@ void SecureField::type(QStringView text) {
 }
 
 void SecureField::pasteFrom(QClipboard::Mode mode) {
-    const SecretBytes line = ClipboardSecret::line(mode);
-    if (!line.empty()) {
-        type(unitsIn(line));
+    const SecretText line = ClipboardSecret::line(mode);
+    if (!line.view().isEmpty()) {
+        type(line.view());
     }
 }
 
@@ -275,12 +249,12 @@ void SecureField::followMask() {
     if (isShowingMask_) {
         return;
     }
-    const int deleted = characterCount(secret()) - static_cast<int>(text().size());
+    const int deleted = secret_.characterCount() - static_cast<int>(text().size());
     if (deleted <= 0) {
         showMask();
         return;
     }
-    replaceUnits(unitOffset(cursorPosition()), unitOffset(cursorPosition() + deleted), {});
+    secret_.replace(cursorPosition(), cursorPosition() + deleted, {});
     emit secretEdited();
 }
 
@@ -294,24 +268,4 @@ void SecureField::fitFont() {
 void SecureField::resizeEvent(QResizeEvent* event) {
     QLineEdit::resizeEvent(event);
     fitFont();
-}
-
-/// Where the character at this place begins among the secret's units. The mask has one bullet for a character, also for
-/// one of two units.
-qsizetype SecureField::unitOffset(int character) const {
-    const QStringView units = secret();
-    qsizetype offset = 0;
-    for (int index = 0; index < character && offset < units.size(); ++index) {
-        offset += lengthOfCharacter(units, offset);
-    }
-    return offset;
-}
-
-void SecureField::replaceUnits(qsizetype start, qsizetype end, QStringView text) {
-    const QStringView old = secret();
-    SecretBytes units(static_cast<std::size_t>(start + text.size() + old.size() - end) * sizeof(char16_t));
-    copyUnits(units, 0, old.first(start));
-    copyUnits(units, start, text);
-    copyUnits(units, start + text.size(), old.sliced(end));
-    units_ = std::move(units);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AmbrelRecoveryAppSupport/SecretBytes.h"
+#include "AmbrelRecoveryApp/Secrets/SecretText.h"
 
 #include <QClipboard>
 #include <QLineEdit>
@@ -62,12 +62,9 @@ private:
     void showMask();
     void followMask();
     void fitFont();
-    qsizetype unitOffset(int character) const;
-    void replaceUnits(qsizetype start, qsizetype end, QStringView text);
 
     QLabel* const capsLockHint_;
-    /// UTF-16.
-    SecretBytes units_;
+    SecretText secret_;
     /// While the mask follows the secret and not the other way round.
     bool isShowingMask_ = false;
 };

@@ -52,7 +52,7 @@ bool SegmentButton::hitButton(const QPoint& position) const {
 
 /// On some desktops the toolkit would press the button.
 void SegmentButton::keyPressEvent(QKeyEvent* event) {
-    if (ReturnKey::is(*event)) {
+    if (isReturnKey(*event)) {
         event->ignore();
     } else {
         QRadioButton::keyPressEvent(event);

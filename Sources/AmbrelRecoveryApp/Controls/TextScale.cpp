@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
 #include <algorithm>
 
 namespace {
@@ -13,6 +15,7 @@ qreal TextScale::factor() {
 }
 
 void TextScale::setFactor(qreal factor) {
+    MainThread::require();
     // Nor anything else that is not more than 1, such as no number.
     currentFactor = factor > 1 ? std::min(factor, largest) : 1;
 }

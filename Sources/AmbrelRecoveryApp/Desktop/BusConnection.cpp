@@ -2,6 +2,7 @@
 
 #include "AmbrelRecoveryApp/Desktop/BusListener.h"
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -51,6 +52,7 @@ private:
 
 void BusConnection::open(const QString& address, std::chrono::milliseconds limit, QObject* context,
                          Completion completion) {
+    MainThread::require();
     const auto opening = std::make_shared<Opening>(context, std::move(completion));
     QTimer::singleShot(limit, context, [opening] { opening->settle(nullptr); });
     const QString name = QUuid::createUuid().toString();
@@ -88,6 +90,7 @@ BusConnection::~BusConnection() {
 
 void BusConnection::call(const QDBusMessage& message, std::chrono::milliseconds limit, QObject* context,
                          Answered answered) {
+    MainThread::require();
     const QDBusPendingCall pending = QDBusConnection(name_).asyncCall(message, static_cast<int>(limit.count()));
     if (pending.isFinished()) {
         // The connection is lost; a watcher would never tell.
@@ -102,6 +105,7 @@ void BusConnection::call(const QDBusMessage& message, std::chrono::milliseconds 
 }
 
 void BusConnection::listen(const Signal& signal, const Heard& heard) {
+    MainThread::require();
     if (!owners_.contains(signal.service)) {
         follow(signal.service);
     }

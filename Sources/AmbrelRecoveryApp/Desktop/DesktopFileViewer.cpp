@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Desktop/BusAddress.h"
 #include "AmbrelRecoveryApp/Desktop/BusConnection.h"
 #include "AmbrelRecoveryApp/Foundation/FileURL.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -25,6 +26,7 @@ QDBusMessage showItems(const std::filesystem::path& item) {
 DesktopFileViewer::DesktopFileViewer(std::chrono::milliseconds answerLimit) : answerLimit_(answerLimit) {}
 
 void DesktopFileViewer::reveal(const std::filesystem::path& folder) {
+    MainThread::require();
     const Attempt attempt{folder, ++lastNumber_};
     if (!unanswered_.emplace(folder, attempt.number).second) {
         return;

@@ -74,10 +74,10 @@ void DesktopNotification::notify(bool understandsMarkup) {
     call(QStringLiteral("Notify"),
          {applicationName, replacingNone, QString(), applicationName, understandsMarkup ? withoutMarkup(text_) : text_,
           QStringList{defaultAction, applicationName}, QVariantMap(), theServicesOwnTime},
-         [this](const QDBusPendingCall& answer) { takeIdentifier(answer); });
+         [this](const QDBusPendingCall& answer) { storeIdentifier(answer); });
 }
 
-void DesktopNotification::takeIdentifier(const QDBusPendingCall& answer) {
+void DesktopNotification::storeIdentifier(const QDBusPendingCall& answer) {
     const QDBusPendingReply<uint> identifier = answer;
     isUnanswered_ = false;
     if (identifier.isError()) {

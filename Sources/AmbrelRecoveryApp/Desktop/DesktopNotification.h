@@ -33,7 +33,7 @@ signals:
 private:
     void askForCapabilities();
     void notify(bool understandsMarkup);
-    void takeIdentifier(const QDBusPendingCall& answer);
+    void storeIdentifier(const QDBusPendingCall& answer);
     void call(const QString& method, const QVariantList& arguments,
               std::function<void(const QDBusPendingCall&)> answered);
     /// Calls `heard` with the second argument of each such signal about this notification.

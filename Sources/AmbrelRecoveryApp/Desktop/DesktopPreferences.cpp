@@ -68,22 +68,22 @@ void DesktopPreferences::ask() {
                   .name = QStringLiteral("SettingChanged"),
                   .signature = QStringLiteral("ssv")},
                  [this](const QVariantList& change) {
-                     noteChange(change[0].toString(), change[1].toString(),
-                                qvariant_cast<QDBusVariant>(change[2]).variant());
+                     changeSetting(change[0].toString(), change[1].toString(),
+                                   qvariant_cast<QDBusVariant>(change[2]).variant());
                  });
     QDBusMessage question = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("ReadAll"));
     question.setArguments({groups});
-    bus_->call(question, limit_, this, [this](const QDBusPendingCall& answer) { takeAll(answer.reply()); });
+    bus_->call(question, limit_, this, [this](const QDBusPendingCall& answer) { readSettings(answer.reply()); });
 }
 
-void DesktopPreferences::takeAll(const QDBusMessage& answer) {
+void DesktopPreferences::readSettings(const QDBusMessage& answer) {
     if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("a{sa{sv}}")) {
         settings_ = qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments().constFirst());
         apply();
     }
 }
 
-void DesktopPreferences::noteChange(const QString& group, const QString& key, const QVariant& value) {
+void DesktopPreferences::changeSetting(const QString& group, const QString& key, const QVariant& value) {
     if (groups.contains(group)) {
         settings_[group][key] = value;
         apply();

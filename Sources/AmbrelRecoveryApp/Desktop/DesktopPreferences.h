@@ -27,8 +27,8 @@ signals:
 
 private:
     void ask();
-    void takeAll(const QDBusMessage& answer);
-    void noteChange(const QString& group, const QString& key, const QVariant& value);
+    void readSettings(const QDBusMessage& answer);
+    void changeSetting(const QString& group, const QString& key, const QVariant& value);
     void apply();
     QVariant setting(const QString& group, const char* key) const;
 

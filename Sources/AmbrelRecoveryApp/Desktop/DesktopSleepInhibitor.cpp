@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Desktop/BusAddress.h"
 #include "AmbrelRecoveryApp/Desktop/BusConnection.h"
 #include "AmbrelRecoveryApp/Desktop/SleepInhibition.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <utility>
 
@@ -38,6 +39,7 @@ void DesktopSleepInhibitor::introduceTo(const std::shared_ptr<BusConnection>& po
 }
 
 void DesktopSleepInhibitor::begin(const QString& reason) {
+    MainThread::require();
     if (current_ == nullptr) {
         current_ = new SleepInhibition(portal_, reason, limit_, this);
         // What the portal still grants is given back with the end of the connection.
@@ -46,6 +48,7 @@ void DesktopSleepInhibitor::begin(const QString& reason) {
 }
 
 void DesktopSleepInhibitor::end() {
+    MainThread::require();
     if (SleepInhibition* const last = std::exchange(current_, nullptr)) {
         last->release();
     }

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FilePanels.h"
 
 #include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <utility>
 
@@ -26,6 +27,7 @@ void FilePanels::chooseDestination(const SavePanel& panel, Completion completion
 }
 
 void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Request& request, Completion completion) {
+    MainThread::require();
     if (open_) {
         open_->raise();
         open_->activateWindow();

@@ -1,6 +1,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 
-#include <QByteArray>
+#include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
+
 #include <unicode/coll.h>
 #include <unicode/unistr.h>
 
@@ -8,10 +9,9 @@
 #include <cstddef>
 #include <memory>
 #include <numeric>
-#include <string_view>
+#include <system_error>
 #include <tuple>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,19 +20,14 @@ namespace {
 
 using Item = FolderContents::Item;
 
-struct DirectoryCloser {
-    void operator()(DIR* directory) const { closedir(directory); }
-};
-using Directory = std::unique_ptr<DIR, DirectoryCloser>;
-
-Item itemOf(const Directory& directory, std::string name) {
-    Item item{.name = std::move(name), .modified = std::nullopt};
+Item itemAt(const std::filesystem::path& path) {
+    Item item{.name = path.filename().native(), .modified = std::nullopt};
     struct stat status {};
-    if (fstatat(dirfd(directory.get()), item.name.c_str(), &status, 0) != 0) {
+    if (stat(path.c_str(), &status) != 0) {
         return item;
     }
     if (S_ISDIR(status.st_mode)) {
-        item.kind = FolderContents::isPackageName(item.name) ? Item::Kind::package : Item::Kind::folder;
+        item.kind = RecoveryChosenPath::isPackageName(item.name) ? Item::Kind::package : Item::Kind::folder;
     } else if (S_ISREG(status.st_mode)) {
         item.size = status.st_size;
     }
@@ -95,34 +90,26 @@ std::optional<FolderContents> FolderContents::read(const std::filesystem::path& 
     if (isWithinPackage(folder)) {
         return std::nullopt;
     }
-    const Directory directory(opendir(folder.c_str()));
-    if (!directory) {
-        return std::nullopt;
-    }
+    std::error_code error;
     FolderContents contents;
-    // The stream is this function's own; no other thread reads it.
-    while (const dirent* const entry = readdir(directory.get())) { // NOLINT(concurrency-mt-unsafe)
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
         if (stopToken.stop_requested()) {
             return std::nullopt;
         }
-        const std::string_view name(entry->d_name);
-        if (name != "." && name != "..") {
-            contents.items.push_back(itemOf(directory, std::string(name)));
-        }
+        contents.items.push_back(itemAt(entry->path()));
     }
-    contents.isWritable = faccessat(dirfd(directory.get()), ".", W_OK | X_OK, AT_EACCESS) == 0;
+    if (error) {
+        return std::nullopt;
+    }
+    contents.isWritable = faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
     sort(contents.items, locale);
     return contents;
-}
-
-bool FolderContents::isPackageName(const std::filesystem::path& name) {
-    const std::string extension = name.extension().native();
-    return QByteArray::fromRawData(extension.data(), static_cast<qsizetype>(extension.size()))
-               .compare(".ambrel", Qt::CaseInsensitive) == 0;
 }
 
 bool FolderContents::isWithinPackage(const std::filesystem::path& path) {
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
-    return std::ranges::any_of(path, isPackageName) || std::ranges::any_of(resolved, isPackageName);
+    return std::ranges::any_of(path, RecoveryChosenPath::isPackageName) ||
+           std::ranges::any_of(resolved, RecoveryChosenPath::isPackageName);
 }

@@ -40,9 +40,6 @@ struct FolderContents {
     static std::optional<FolderContents> read(const std::filesystem::path& folder, const icu::Locale& locale,
                                               const std::stop_token& stopToken);
 
-    /// Whether a folder of this name is a backup package, which is one item and is never entered.
-    static bool isPackageName(const std::filesystem::path& name);
-
     /// Whether this absolute path is that of a backup package or lies in one, as it is written or where its links lead.
     /// It need not exist. Blocks for as long as the file system does; any thread.
     static bool isWithinPackage(const std::filesystem::path& path);

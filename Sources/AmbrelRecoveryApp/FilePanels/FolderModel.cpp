@@ -5,6 +5,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderWatch.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -38,6 +39,7 @@ FolderModel::FolderModel(QObject* parent)
 }
 
 void FolderModel::setFolder(const std::filesystem::path& folder) {
+    MainThread::require();
     change_.stop();
     watch({});
     beginResetModel();
@@ -50,6 +52,7 @@ void FolderModel::setFolder(const std::filesystem::path& folder) {
 }
 
 void FolderModel::setShowsHidden(bool showsHidden) {
+    MainThread::require();
     beginResetModel();
     showsHidden_ = showsHidden;
     arrange();
@@ -62,19 +65,19 @@ void FolderModel::read() {
         [folder = folder_, locale = locale_](const std::stop_token& stopToken) {
             return Reading{FolderWatch::begin(folder), FolderContents::read(folder, locale, stopToken)};
         },
-        [this](Reading reading) { take(std::move(reading)); });
+        [this](Reading reading) { apply(std::move(reading)); });
     if (!isStarted) {
-        take({});
+        apply({});
     }
 }
 
-void FolderModel::take(Reading reading) {
+void FolderModel::apply(Reading reading) {
     const State state = reading.contents ? State::loaded : State::unreadable;
-    FolderContents taken = std::move(reading.contents).value_or(FolderContents());
-    if (state != state_ || taken != contents_) {
+    FolderContents contents = std::move(reading.contents).value_or(FolderContents());
+    if (state != state_ || contents != contents_) {
         beginResetModel();
         state_ = state;
-        contents_ = std::move(taken);
+        contents_ = std::move(contents);
         arrange();
         endResetModel();
     }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "AmbrelPlatform/UniqueDescriptor.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 #include "AmbrelRecoveryApp/FilePanels/LatestTask.h"
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
 
 #include <QAbstractTableModel>
 #include <QFontMetrics>
@@ -64,7 +64,7 @@ private:
     };
 
     void read();
-    void take(Reading reading);
+    void apply(Reading reading);
     void watch(UniqueDescriptor watch);
     void arrange();
     QString text(const FolderContents::Item& item, int column) const;

@@ -30,7 +30,7 @@ FolderView::FolderView(FolderModel& model, QWidget* parent) : QTreeView(parent),
     setHeader(new FolderHeader(this));
     setModel(&model);
     // After the selection's own reaction, which drops it.
-    connect(&model, &QAbstractItemModel::modelReset, this, &FolderView::takeReset);
+    connect(&model, &QAbstractItemModel::modelReset, this, &FolderView::handleReset);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -69,7 +69,7 @@ void FolderView::reset() {
 }
 
 /// A folder that was read again keeps what was selected in it, and an item that went away is not replaced by the next.
-void FolderView::takeReset() {
+void FolderView::handleReset() {
     if (model_.state() == FolderModel::State::loading) {
         selectedName_.clear();
         currentName_.clear();
@@ -114,7 +114,7 @@ void FolderView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 }
 
 void FolderView::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = ReturnKey::is(*event);
+    const bool isReturn = isReturnKey(*event);
     const bool isUp = event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier;
     if (isReturn && selectedItem().isValid()) {
         emit itemActivated(selectedItem());
@@ -122,7 +122,7 @@ void FolderView::keyPressEvent(QKeyEvent* event) {
         event->ignore();
     } else if (isUp || event->key() == Qt::Key_Backspace) {
         emit upRequested();
-    } else if (!FirstChoice::take(*this, *event)) {
+    } else if (!FirstChoice::select(*this, *event)) {
         QTreeView::keyPressEvent(event);
     }
 }

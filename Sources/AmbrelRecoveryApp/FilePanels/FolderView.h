@@ -35,7 +35,7 @@ protected:
 
 private:
     QString message() const;
-    void takeReset();
+    void handleReset();
     void restore();
 
     FolderModel& model_;

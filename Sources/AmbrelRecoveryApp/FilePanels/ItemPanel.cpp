@@ -8,18 +8,15 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelButton.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelPalette.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
-#include "AmbrelRecoveryApp/FilePanels/PathLabel.h"
+#include "AmbrelRecoveryApp/FilePanels/PathBar.h"
 #include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
 #include "AmbrelRecoveryApp/FilePanels/SpaceView.h"
 #include "AmbrelRecoveryApp/FilePanels/TypedItem.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
-#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -39,10 +36,6 @@ constexpr int padding = 20;
 constexpr int sidebarPadding = 12;
 constexpr int spacing = 10;
 
-RecoverySymbol backSymbol() {
-    return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
-}
-
 /// `size`, enlarged as the texts are where the screen has room for that.
 QSize scaledToScreen(const QSize& size, const QScreen& screen) {
     const QSize enlarged(TextScale::scaled(size.width()), TextScale::scaled(size.height()));
@@ -55,9 +48,7 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
                      RecoveryPanels::Completion completion, QWidget* window)
     : QDialog(window), purpose_(purpose), proposedName_(request.proposedName), completion_(std::move(completion)),
       files_(new FolderModel(this)), list_(new FolderView(*files_, this)), places_(new PlacesView(this)),
-      path_(new PathLabel(this)), back_(new PanelButton(backSymbol(), localized(genericBack()), this)),
-      up_(new PanelButton(RecoverySymbol::arrowUp, PanelTexts::localized(PanelTexts::Text::enclosingFolder), this)),
-      newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
+      path_(new PathBar(this)), newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
       fileName_(new PanelNameField(localized(detailsFilename()), this)),
       space_(purpose == Purpose::newItem ? new SpaceView(request.requiredByteCount, this) : nullptr),
       cancel_(new SecondaryRecoveryButton(std::nullopt, this)), accept_(new PrimaryRecoveryButton(std::nullopt, this)) {
@@ -65,9 +56,7 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
     setLayoutDirection(interfaceDirection());
     setWindowTitle(request.title);
     setAccessibleName(request.title);
-    QPalette colors = PanelPalette::colors();
-    colors.setColor(QPalette::Window, RecoveryPalette::background());
-    setPalette(colors);
+    setPalette(RecoveryPalette::ofToolkit());
     list_->setAccessibleName(localized(detailsResources()));
     newFolder_->setLabel(localized(organizationNewFolder()));
     cancel_->setLabel(localized(genericCancel()));
@@ -78,8 +67,8 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
     layOut();
     connectParts();
     addShortcuts();
-    takeNameChange();
-    showFolder(folder);
+    handleNameChange();
+    path_->begin(folder);
     setMinimumSize(scaledToScreen(leastSize, *screen()));
     resize(scaledToScreen(initialSize, *screen()));
     if (purpose == Purpose::newItem) {
@@ -94,7 +83,7 @@ ItemPanel::~ItemPanel() {
 }
 
 const std::filesystem::path& ItemPanel::folder() const {
-    return files_->folder();
+    return path_->folder();
 }
 
 void ItemPanel::done(int result) {
@@ -111,7 +100,7 @@ void ItemPanel::accept() {
     } else if (purpose_ == Purpose::newItem) {
         activate(selected);
     } else {
-        take(files_->path(selected));
+        choose(files_->path(selected));
     }
 }
 
@@ -136,7 +125,7 @@ void ItemPanel::layOut() {
 
 QWidget* ItemPanel::sidebar() {
     auto* const sidebar = new QWidget(this);
-    QPalette colors = PanelPalette::colors();
+    QPalette colors = RecoveryPalette::ofToolkit();
     colors.setColor(QPalette::Window, RecoveryPalette::rail());
     colors.setColor(QPalette::Base, RecoveryPalette::rail());
     sidebar->setPalette(colors);
@@ -150,11 +139,9 @@ QWidget* ItemPanel::sidebar() {
 QBoxLayout* ItemPanel::pathRow() {
     auto* const row = new QHBoxLayout;
     row->setSpacing(spacing);
-    row->addWidget(back_);
-    row->addWidget(up_);
     row->addWidget(path_, 1);
+    newFolder_->setButtonHeight(SecondaryRecoveryButton::lowHeight);
     newFolder_->setFont(recoveryFont(13, QFont::Medium));
-    newFolder_->setButtonHeight(34);
     newFolder_->setVisible(purpose_ == Purpose::newItem);
     row->addWidget(newFolder_);
     return row;
@@ -182,16 +169,15 @@ QBoxLayout* ItemPanel::buttonRow() {
 }
 
 void ItemPanel::connectParts() {
-    connect(files_, &FolderModel::wasRead, this, &ItemPanel::takeReading);
+    connect(files_, &FolderModel::wasRead, this, &ItemPanel::handleReading);
     connect(list_, &FolderView::itemActivated, this, &ItemPanel::activate);
     connect(list_, &FolderView::itemSelected, this, &ItemPanel::nameSelectedItem);
-    connect(list_, &FolderView::upRequested, this, &ItemPanel::goUp);
+    connect(list_, &FolderView::upRequested, path_, &PathBar::goUp);
     connect(list_, &FolderView::pathTyped, this, &ItemPanel::beginPath);
-    connect(places_, &PlacesView::placeChosen, this, &ItemPanel::goTo);
-    connect(back_, &PanelButton::clicked, this, &ItemPanel::goBack);
-    connect(up_, &PanelButton::clicked, this, &ItemPanel::goUp);
+    connect(places_, &PlacesView::placeChosen, path_, &PathBar::goTo);
+    connect(path_, &PathBar::folderChanged, this, &ItemPanel::showFolder);
     connect(newFolder_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::makeFolder);
-    connect(fileName_, &PanelNameField::textChanged, this, &ItemPanel::takeNameChange);
+    connect(fileName_, &PanelNameField::textChanged, this, &ItemPanel::handleNameChange);
     connect(accept_, &PrimaryRecoveryButton::clicked, this, &ItemPanel::accept);
     connect(cancel_, &SecondaryRecoveryButton::clicked, this, &ItemPanel::reject);
 }
@@ -199,16 +185,16 @@ void ItemPanel::connectParts() {
 void ItemPanel::addShortcuts() {
     connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this,
             [this] { files_->setShowsHidden(!files_->showsHidden()); });
-    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, &ItemPanel::goBack);
-    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, this, &ItemPanel::goUp);
+    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, path_, &PathBar::goBack);
+    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, path_, &PathBar::goUp);
 }
 
 void ItemPanel::activate(const QModelIndex& index) {
     const std::filesystem::path path = files_->path(index);
     if (files_->item(index).kind == FolderContents::Item::Kind::folder) {
-        goTo(path);
+        path_->goTo(path);
     } else {
-        take(path);
+        choose(path);
     }
 }
 
@@ -226,7 +212,7 @@ void ItemPanel::nameSelectedItem() {
     }
 }
 
-void ItemPanel::takeNameChange() {
+void ItemPanel::handleNameChange() {
     finding_.drop();
     accept_->setEnabled(!fileName_->text().isEmpty());
     if (!isNamingSelection_) {
@@ -242,12 +228,12 @@ void ItemPanel::beginPath(const QString& beginning) {
     fileName_->end(false);
 }
 
-void ItemPanel::takeReading() {
+void ItemPanel::handleReading() {
     const bool isOfNoUse = files_->state() == FolderModel::State::unreadable ||
                            (purpose_ == Purpose::newItem && !files_->isFolderWritable());
     const std::filesystem::path home = PanelPlaces::home().path;
     if (std::exchange(isAtBeginning_, false) && isOfNoUse && folder() != home) {
-        showFolder(home);
+        path_->begin(home);
         return;
     }
     newFolder_->setEnabled(files_->isFolderWritable());
@@ -258,7 +244,7 @@ void ItemPanel::takeReading() {
 
 void ItemPanel::makeFolder() {
     auto* const panel = new NewFolderPanel(folder(), this);
-    connect(panel, &NewFolderPanel::made, this, &ItemPanel::goTo);
+    connect(panel, &NewFolderPanel::made, path_, &PathBar::goTo);
     panel->open();
 }
 
@@ -270,44 +256,23 @@ void ItemPanel::findTyped() {
         finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
                        [this](const std::optional<TypedItem>& item) {
                            if (item) {
-                               takeTyped(*item);
+                               chooseTyped(*item);
                            }
                        });
     if (!isStarted) {
         // No thread can be had: what the text stands for is found out by whoever gets the path.
-        take(folder() / QFile::encodeName(fileName_->text()).toStdString());
+        choose(folder() / fileName_->text().toStdString());
     }
 }
 
-void ItemPanel::takeTyped(const TypedItem& item) {
+void ItemPanel::chooseTyped(const TypedItem& item) {
     if (!item.isFolderToEnter) {
-        take(item.path);
+        choose(item.path);
         return;
     }
-    goTo(item.path);
+    path_->goTo(item.path);
     fileName_->setText(proposedName_);
     fileName_->selectAll();
-}
-
-void ItemPanel::goTo(const std::filesystem::path& folder) {
-    if (folder != files_->folder()) {
-        history_.push_back(files_->folder());
-    }
-    showFolder(folder);
-}
-
-void ItemPanel::goBack() {
-    if (!history_.empty()) {
-        const std::filesystem::path last = std::move(history_.back());
-        history_.pop_back();
-        showFolder(last);
-    }
-}
-
-void ItemPanel::goUp() {
-    if (folder().has_relative_path()) {
-        goTo(folder().parent_path());
-    }
 }
 
 void ItemPanel::showFolder(const std::filesystem::path& folder) {
@@ -319,9 +284,6 @@ void ItemPanel::showFolder(const std::filesystem::path& folder) {
     newFolder_->setEnabled(false);
     files_->setFolder(folder);
     places_->showFolder(folder);
-    path_->setPath(folder);
-    back_->setEnabled(!history_.empty());
-    up_->setEnabled(folder.has_relative_path());
     showSpace();
 }
 
@@ -331,7 +293,7 @@ void ItemPanel::showSpace() {
     }
 }
 
-void ItemPanel::take(const std::filesystem::path& path) {
+void ItemPanel::choose(const std::filesystem::path& path) {
     choice_ = path;
     done(Accepted);
 }

@@ -5,13 +5,10 @@
 
 #include <QDialog>
 
-#include <vector>
-
 class FolderModel;
 class FolderView;
-class PanelButton;
 class PanelNameField;
-class PathLabel;
+class PathBar;
 class PlacesView;
 class PrimaryRecoveryButton;
 class QBoxLayout;
@@ -62,20 +59,17 @@ private:
 
     void activate(const QModelIndex& index);
     void nameSelectedItem();
-    void takeNameChange();
+    void handleNameChange();
     void beginPath(const QString& beginning);
-    void takeReading();
+    void handleReading();
     void makeFolder();
 
     void findTyped();
-    void takeTyped(const TypedItem& item);
+    void chooseTyped(const TypedItem& item);
 
-    void goTo(const std::filesystem::path& folder);
-    void goBack();
-    void goUp();
     void showFolder(const std::filesystem::path& folder);
     void showSpace();
-    void take(const std::filesystem::path& path);
+    void choose(const std::filesystem::path& path);
     void complete(std::optional<std::filesystem::path> choice);
 
     const Purpose purpose_;
@@ -86,15 +80,11 @@ private:
     bool isNamingSelection_ = false;
     /// Finds out what the typed name stands for, until another is typed, selected or gone to.
     LatestTask finding_;
-    /// The folders that were shown before, the last one at the end.
-    std::vector<std::filesystem::path> history_;
 
     FolderModel* const files_;
     FolderView* const list_;
     PlacesView* const places_;
-    PathLabel* const path_;
-    PanelButton* const back_;
-    PanelButton* const up_;
+    PathBar* const path_;
     SecondaryRecoveryButton* const newFolder_;
     PanelNameField* const fileName_;
     /// Null where no new item is named.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <stop_token>
 #include <system_error>
@@ -20,6 +21,7 @@ public:
     /// then `take` with the outcome on the main thread. False where no thread can be had: neither is called then.
     template<typename Work, typename Take>
     bool start(Work work, Take take) {
+        MainThread::require();
         drop();
         wanted_ = std::stop_source();
         const std::stop_token token = wanted_.get_token();

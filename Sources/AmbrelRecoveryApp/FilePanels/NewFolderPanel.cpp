@@ -9,11 +9,9 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelPalette.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
-#include <QFile>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -51,7 +49,9 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
       create_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setLayoutDirection(interfaceDirection());
-    setPalette(PanelPalette::colors());
+    QPalette colors = RecoveryPalette::ofToolkit();
+    colors.setColor(QPalette::Window, RecoveryPalette::rail());
+    setPalette(colors);
     setWindowTitle(localized(organizationNewFolder()));
     setAccessibleName(localized(organizationNewFolder()));
     setFixedWidth(TextScale::scaled(panelWidth));
@@ -81,7 +81,7 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     name_->setText(localized(organizationNewFolder()));
     name_->selectAll();
     name_->setFocus();
-    connect(name_, &QLineEdit::textChanged, this, &NewFolderPanel::follow);
+    connect(name_, &QLineEdit::textChanged, this, &NewFolderPanel::handleNameChange);
     connect(create_, &PrimaryRecoveryButton::clicked, this, &NewFolderPanel::accept);
     connect(cancel, &SecondaryRecoveryButton::clicked, this, &NewFolderPanel::reject);
 }
@@ -90,16 +90,16 @@ void NewFolderPanel::accept() {
     if (making_.isRunning() || !canBeName(name_->text())) {
         return;
     }
-    const std::filesystem::path folder = folder_ / QFile::encodeName(name_->text()).toStdString();
+    const std::filesystem::path folder = folder_ / name_->text().toStdString();
     create_->setEnabled(false);
     const bool isStarted = making_.start([folder] { return makeFolder(folder); },
-                                         [this, folder](const std::error_code& error) { take(folder, error); });
+                                         [this, folder](const std::error_code& error) { finish(folder, error); });
     if (!isStarted) {
-        take(folder, std::make_error_code(std::errc::resource_unavailable_try_again));
+        finish(folder, std::make_error_code(std::errc::resource_unavailable_try_again));
     }
 }
 
-void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_code& error) {
+void NewFolderPanel::finish(const std::filesystem::path& folder, const std::error_code& error) {
     create_->setEnabled(true);
     if (!error) {
         emit made(folder);
@@ -112,7 +112,7 @@ void NewFolderPanel::take(const std::filesystem::path& folder, const std::error_
     name_->selectAll();
 }
 
-void NewFolderPanel::follow() {
+void NewFolderPanel::handleNameChange() {
     create_->setEnabled(!making_.isRunning() && canBeName(name_->text()));
     showMessage({});
 }

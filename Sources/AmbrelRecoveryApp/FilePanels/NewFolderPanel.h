@@ -26,8 +26,8 @@ signals:
     void made(const std::filesystem::path& folder);
 
 private:
-    void follow();
-    void take(const std::filesystem::path& folder, const std::error_code& error);
+    void handleNameChange();
+    void finish(const std::filesystem::path& folder, const std::error_code& error);
     void showMessage(const QString& message);
 
     const std::filesystem::path folder_;

@@ -4,7 +4,6 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelPalette.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 
 #include <QClipboard>
@@ -31,14 +30,16 @@ PanelNameField::PanelNameField(const QString& label, QWidget* parent) : QLineEdi
     // The panel is painted here.
     setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 12px; }"));
     // What has a style sheet takes no colours from what it lies in.
-    setPalette(PanelPalette::colors());
+    setPalette(RecoveryPalette::ofToolkit());
 }
 
 void PanelNameField::contextMenuEvent(QContextMenuEvent* event) {
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setLayoutDirection(layoutDirection());
-    menu->setPalette(PanelPalette::colors());
+    QPalette colors = RecoveryPalette::ofToolkit();
+    colors.setColor(QPalette::Window, RecoveryPalette::rail());
+    menu->setPalette(colors);
     menu->setFont(font());
     menu->addAction(PanelTexts::localized(Text::cut), this, &QLineEdit::cut)->setEnabled(hasSelectedText());
     menu->addAction(PanelTexts::localized(Text::copy), this, &QLineEdit::copy)->setEnabled(hasSelectedText());

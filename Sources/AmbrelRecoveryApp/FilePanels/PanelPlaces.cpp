@@ -13,16 +13,8 @@
 
 using PanelTexts::Text;
 
-namespace {
-
-std::filesystem::path native(const QString& path) {
-    return QFile::encodeName(path).toStdString();
-}
-
-} // namespace
-
 PanelPlaces::Place PanelPlaces::home() {
-    return {PanelTexts::localized(Text::home), native(QDir::homePath()), RecoverySymbol::house};
+    return {PanelTexts::localized(Text::home), QDir::homePath().toStdString(), RecoverySymbol::house};
 }
 
 std::vector<PanelPlaces::Place> PanelPlaces::usualFolders() {
@@ -33,10 +25,10 @@ std::vector<PanelPlaces::Place> PanelPlaces::usualFolders() {
                                          std::pair(QStandardPaths::MusicLocation, Text::music),
                                          std::pair(QStandardPaths::PicturesLocation, Text::pictures),
                                          std::pair(QStandardPaths::MoviesLocation, Text::videos)}) {
-        const std::filesystem::path path = native(QStandardPaths::writableLocation(location));
+        const std::filesystem::path path = QStandardPaths::writableLocation(location).toStdString();
         std::error_code error;
         const bool isNew =
-            path != native(QDir::homePath()) && std::ranges::find(places, path, &Place::path) == places.end();
+            path != QDir::homePath().toStdString() && std::ranges::find(places, path, &Place::path) == places.end();
         if (isNew && std::filesystem::is_directory(path, error)) {
             places.push_back({PanelTexts::localized(text), path, RecoverySymbol::folder});
         }

@@ -3,17 +3,22 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
+#include "AmbrelRecoveryApp/FilePanels/MountedVolumes.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSocketNotifier>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int listWidth = 196;
 constexpr int textSize = 13;
+constexpr int symbolRole = Qt::UserRole;
 
 /// The rows of the places, with what lies behind them: in a plain list no one else draws it.
 class PlaceDelegate final : public QStyledItemDelegate {
@@ -32,43 +37,81 @@ public:
 
 private:
     const QAbstractItemView* const view_;
-    const PanelRowDelegate texts_{PlacesModel::SymbolRole, nullptr};
+    const PanelRowDelegate texts_{symbolRole, nullptr};
 };
 
 } // namespace
 
-PlacesView::PlacesView(QWidget* parent) : QListView(parent), model_(new PlacesModel(this)) {
+PlacesView::PlacesView(QWidget* parent)
+    : QListWidget(parent), volumeTable_(QString::fromLatin1(MountedVolumes::tablePath)) {
     setFont(recoveryFont(textSize, QFont::Normal));
     setItemDelegate(new PlaceDelegate(this));
-    setModel(model_);
-    // After the selection's own reaction, which drops it.
-    connect(model_, &QAbstractItemModel::modelReset, this, [this] { showFolder(folder_); });
     setAccessibleName(PanelTexts::localized(PanelTexts::Text::locations));
     setFixedWidth(TextScale::scaled(listWidth));
     setUniformItemSizes(true);
     PanelItemView::prepare(*this);
-    connect(this, &QListView::clicked, this, [this](const QModelIndex& index) {
-        const std::filesystem::path place = model_->path(index);
-        emit placeChosen(place);
+    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { choose(row(item)); });
+    fill();
+    findUsualFolders();
+    watchVolumes();
+}
+
+/// Where no thread can be had, home and the volumes are enough to reach every folder.
+void PlacesView::findUsualFolders() {
+    finding_.start(PanelPlaces::usualFolders, [this](std::vector<PanelPlaces::Place> folders) {
+        usualFolders_ = std::move(folders);
+        fill();
     });
+}
+
+void PlacesView::watchVolumes() {
+    if (volumeTable_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        auto* const changes = new QSocketNotifier(volumeTable_.handle(), QSocketNotifier::Exception, this);
+        connect(changes, &QSocketNotifier::activated, this, &PlacesView::fill);
+    }
+}
+
+void PlacesView::fill() {
+    std::vector<PanelPlaces::Place> places{PanelPlaces::home()};
+    for (const auto& group : {usualFolders_, PanelPlaces::volumes()}) {
+        for (const PanelPlaces::Place& place : group) {
+            if (std::ranges::find(places, place.path, &PanelPlaces::Place::path) == places.end()) {
+                places.push_back(place);
+            }
+        }
+    }
+    if (places == places_) {
+        return;
+    }
+    places_ = std::move(places);
+    clear();
+    for (const PanelPlaces::Place& place : places_) {
+        auto* const item = new QListWidgetItem(place.name, this);
+        item->setData(symbolRole, static_cast<int>(place.symbol));
+    }
+    showFolder(folder_);
 }
 
 void PlacesView::showFolder(const std::filesystem::path& folder) {
     folder_ = folder;
-    const QModelIndex place = model_->indexOf(folder);
-    if (place.isValid()) {
-        setCurrentIndex(place);
+    const auto place = std::ranges::find(places_, folder, &PanelPlaces::Place::path);
+    if (place != places_.end()) {
+        setCurrentRow(static_cast<int>(place - places_.begin()));
     } else {
         clearSelection();
     }
 }
 
+void PlacesView::choose(int row) {
+    // A copy, since going there may change the list.
+    const std::filesystem::path place = path(row);
+    emit placeChosen(place);
+}
+
 void PlacesView::keyPressEvent(QKeyEvent* event) {
-    if (ReturnKey::is(*event) && currentIndex().isValid()) {
-        // A copy, since going there may change the list.
-        const std::filesystem::path place = model_->path(currentIndex());
-        emit placeChosen(place);
+    if (isReturnKey(*event) && currentRow() >= 0) {
+        choose(currentRow());
     } else {
-        QListView::keyPressEvent(event);
+        QListWidget::keyPressEvent(event);
     }
 }

@@ -3,13 +3,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
 
-#include <QFile>
-
 namespace {
-
-std::filesystem::path native(const QString& path) {
-    return QFile::encodeName(path).toStdString();
-}
 
 std::filesystem::path withoutTrailingSeparators(std::string path) {
     while (path.size() > 1 && path.ends_with('/')) {
@@ -29,11 +23,11 @@ bool isFolderToEnter(const std::filesystem::path& path) {
 
 /// The home sign is a name like any other where there is an item of that name.
 std::filesystem::path pathOf(const QString& text, const std::filesystem::path& folder) {
-    std::filesystem::path path = folder / native(text);
+    std::filesystem::path path = folder / text.toStdString();
     const bool isFromHome = text == u"~" || text.startsWith(u"~/");
     std::error_code error;
     return isFromHome && !std::filesystem::exists(path, error)
-               ? std::filesystem::path(PanelPlaces::home().path.native() + native(text.sliced(1)).native())
+               ? std::filesystem::path(PanelPlaces::home().path.native() + text.sliced(1).toStdString())
                : path;
 }
 

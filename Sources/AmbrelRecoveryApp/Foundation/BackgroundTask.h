@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
 #include <chrono>
 #include <exception>
 #include <functional>
@@ -62,6 +64,7 @@ std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
 /// and holds what the work returned or threw. Main thread. Throws std::system_error where no thread can be had.
 template<typename Work, typename Completion>
 void run(Work work, Completion completion, AtEnd atEnd = AtEnd::awaited) {
+    MainThread::require();
     auto running = std::make_unique<Running>(atEnd);
     std::thread([work = std::move(work), completion = std::move(completion), running = std::move(running)]() mutable {
         // Shared, because what is posted must be copyable.

@@ -54,7 +54,5 @@ QString FileNameText::readable(std::string_view name) {
 }
 
 QString FileNameText::isolated(const QString& text) {
-    constexpr QChar firstStrongIsolate(0x2068);
-    constexpr QChar popDirectionalIsolate(0x2069);
     return firstStrongIsolate + text + popDirectionalIsolate;
 }

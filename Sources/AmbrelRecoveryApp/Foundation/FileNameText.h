@@ -12,6 +12,9 @@ namespace FileNameText {
 /// control pictures, and the code point of others in brackets. Bytes that are no UTF-8 give the replacement character.
 QString readable(std::string_view name);
 
+inline constexpr QChar firstStrongIsolate(0x2068);
+inline constexpr QChar popDirectionalIsolate(0x2069);
+
 /// `text` kept apart from the direction of what stands around it.
 QString isolated(const QString& text);
 

@@ -18,14 +18,6 @@ Path standardized(const Path& path) {
     return normal.has_filename() ? normal : normal.parent_path();
 }
 
-bool hasPackageExtension(const Path& standardizedPath) {
-    std::string extension = standardizedPath.extension().native();
-    std::ranges::transform(extension, extension.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    return extension == ".ambrel";
-}
-
 /// Whether anything has this name, a symbolic link that leads nowhere included.
 bool isTaken(const Path& path) {
     std::error_code error;
@@ -71,10 +63,18 @@ bool mayLeadInto(const Path& package, const Path& path) {
 
 } // namespace
 
+bool RecoveryChosenPath::isPackageName(const Path& name) {
+    std::string extension = name.extension().native();
+    std::ranges::transform(extension, extension.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    });
+    return extension == ".ambrel";
+}
+
 RecoveryChosenPath::Outcome RecoveryChosenPath::package(const Path& chosen) {
     const Path path = standardized(chosen);
     std::error_code error;
-    if (!hasPackageExtension(path) || !std::filesystem::is_directory(chosen, error)) {
+    if (!isPackageName(path) || !std::filesystem::is_directory(chosen, error)) {
         return AmbrelRecoveryFailureKind::invalidPackage;
     }
     return path;

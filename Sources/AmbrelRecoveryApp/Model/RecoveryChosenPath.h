@@ -13,6 +13,10 @@ namespace RecoveryChosenPath {
 /// the choice is refused.
 using Outcome = std::variant<std::filesystem::path, AmbrelRecoveryFailureKind>;
 
+/// Whether a folder of this name is a backup package: its extension is "ambrel", in capitals or not. Asks no disk; any
+/// thread.
+bool isPackageName(const std::filesystem::path& name);
+
 /// `chosen` as a package: a directory with the extension "ambrel". Otherwise invalidPackage.
 Outcome package(const std::filesystem::path& chosen);
 

@@ -37,7 +37,7 @@ RecoveryViewModel::RecoveryViewModel(std::shared_ptr<RecoveryEngine> engine, Des
 }
 
 RecoveryViewModel::~RecoveryViewModel() {
-    assertMainThread();
+    MainThread::require();
     cancelRunningOperation();
     dropCredentialSession();
 }
@@ -64,24 +64,23 @@ void RecoveryViewModel::dismissPresentedError() {
     publish(presentedError_, std::nullopt);
 }
 
-bool RecoveryViewModel::isBusy() const {
-    assertMainThread();
-    return phase_ == Phase::preparingPackage || phase_ == Phase::inspecting || phase_ == Phase::exporting;
+bool RecoveryViewModel::isBusy(Phase phase) {
+    return phase == Phase::preparingPackage || phase == Phase::inspecting || phase == Phase::exporting;
 }
 
 bool RecoveryViewModel::canInspect() const {
-    assertMainThread();
+    MainThread::require();
     return packageURL_ && !credential_.isBlank() && !isBusy();
 }
 
 bool RecoveryViewModel::canExport() const {
-    assertMainThread();
+    MainThread::require();
     return inspection_ && selectedSnapshotCode_ && credentialSession_ &&
            credentialSession_->containsCredential(factor_) && !isBusy();
 }
 
 void RecoveryViewModel::chooseBackup() {
-    assertMainThread();
+    MainThread::require();
     if (isBusy()) {
         return;
     }
@@ -95,7 +94,7 @@ void RecoveryViewModel::chooseBackup() {
 }
 
 void RecoveryViewModel::acceptPackage(const Path& chosen) {
-    assertMainThread();
+    MainThread::require();
     if (!isBusy()) {
         checkChoice([chosen] { return RecoveryChosenPath::package(chosen); }, &RecoveryViewModel::applyPackage);
     }
@@ -109,7 +108,7 @@ void RecoveryViewModel::applyPackage(const Path& package) {
 }
 
 void RecoveryViewModel::inspectBackup() {
-    assertMainThread();
+    MainThread::require();
     if (!engine_ || !canInspect()) {
         return;
     }
@@ -125,7 +124,7 @@ void RecoveryViewModel::inspectBackup() {
 }
 
 void RecoveryViewModel::chooseDestinationAndExport() {
-    assertMainThread();
+    MainThread::require();
     if (!packageURL_ || !engine_ || !canExport()) {
         return;
     }
@@ -173,14 +172,14 @@ void RecoveryViewModel::applyDestination(const Path& destination, const Path& ch
 }
 
 void RecoveryViewModel::openRecoveredFolder() {
-    assertMainThread();
+    MainThread::require();
     if (destinationURL_) {
         desktop_.fileViewer.reveal(*destinationURL_);
     }
 }
 
 void RecoveryViewModel::startAgain() {
-    assertMainThread();
+    MainThread::require();
     cancelRunningOperation();
     publish(packageURL_, std::nullopt);
     forgetPackageContents();
@@ -189,7 +188,7 @@ void RecoveryViewModel::startAgain() {
 }
 
 void RecoveryViewModel::cancelOperation() {
-    assertMainThread();
+    MainThread::require();
     cancelRunningOperation();
     publish(packagePreparationProgress_, std::nullopt);
     if (!inspection_) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 #include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
 #include "AmbrelRecoveryApp/Secrets/SecretText.h"
@@ -10,7 +11,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QThread>
 #include <QUuid>
 
 #include <cstdint>
@@ -31,7 +31,8 @@ class RecoveryPanels;
 
 /// The one object that sequences a recovery: choose a package, type the credential, inspect, pick a snapshot, choose a
 /// destination, export, show the result. It owns all workflow state; the screens read it and call its operations.
-/// Lives on the main thread, and every member is called there.
+/// Lives on the main thread, and every member is called there but the static ones. A call on another thread that would
+/// change or start something stops the program.
 class RecoveryViewModel final : public QObject {
     Q_OBJECT
 
@@ -92,7 +93,9 @@ public:
     void dismissPresentedError();
 
     /// Whether a long operation runs: a package is being prepared or inspected, or a snapshot exported.
-    bool isBusy() const;
+    bool isBusy() const { return isBusy(phase_); }
+    /// Whether a long operation runs in `phase`. Any thread.
+    static bool isBusy(Phase phase);
     bool canInspect() const;
     bool canExport() const;
 
@@ -127,11 +130,9 @@ private:
     using Accepting = std::function<void(RecoveryViewModel& model, const std::filesystem::path& path)>;
     using Failing = void (RecoveryViewModel::*)(const std::exception_ptr& error);
 
-    void assertMainThread() const { Q_ASSERT(QThread::currentThread() == thread()); }
-
     template<typename Value, typename NewValue>
     void publish(Value& property, NewValue&& value) {
-        assertMainThread();
+        MainThread::require();
         emit aboutToChange();
         property = std::forward<NewValue>(value);
     }

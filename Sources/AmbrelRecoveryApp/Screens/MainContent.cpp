@@ -10,6 +10,8 @@
 
 #include <QHBoxLayout>
 
+#include <initializer_list>
+
 namespace {
 
 constexpr int topPadding = 46;
@@ -19,21 +21,26 @@ constexpr int sidePadding = 52;
 } // namespace
 
 MainContent::MainContent(QWidget* parent)
-    : QScrollArea(parent), column_(new QWidget), lines_(new QVBoxLayout), header_(new HeaderView(column_)),
-      chooseBackup_(new ChooseBackupScreen(column_)) {
+    : QScrollArea(parent), column_(new QWidget), header_(new HeaderView(column_)),
+      chooseBackup_(new ChooseBackupScreen(column_)), snapshots_(new SnapshotsScreen(column_)),
+      completion_(new CompletionScreen(column_)) {
     // Before it has a layout: the scroll area asks a widget that it is given for its size, and no text is there yet.
     setWidget(column_);
 
-    lines_->setSpacing(23);
-    lines_->addLayout(withTrailingInset(header_));
-    lines_->addWidget(chooseBackup_, 1);
-    screens_.push_back(chooseBackup_);
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(23);
+    lines->addLayout(withTrailingInset(header_));
+    for (QWidget* const screen : std::initializer_list<QWidget*>{chooseBackup_, snapshots_, completion_}) {
+        // Before it is in the layout, which shows what nobody has hidden.
+        ShownPart::setShown(screen, screen == chooseBackup_);
+        lines->addWidget(screen, 1);
+    }
 
     auto* const row = new QHBoxLayout(column_);
     row->setContentsMargins(0, topPadding, 0, bottomPadding);
     row->setSpacing(0);
     row->addSpacing(sidePadding);
-    row->addLayout(lines_, 1);
+    row->addLayout(lines, 1);
     // The two scroll bars stand in the padding.
     row->addSpacing(sidePadding - 2 * QuietScrollBar::thickness);
 
@@ -47,30 +54,11 @@ MainContent::MainContent(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
-SnapshotsScreen* MainContent::addSnapshots() {
-    snapshots_ = new SnapshotsScreen(column_);
-    addScreen(snapshots_);
-    return snapshots_;
-}
-
-CompletionScreen* MainContent::addCompletion() {
-    completion_ = new CompletionScreen(column_);
-    addScreen(completion_);
-    return completion_;
-}
-
-void MainContent::addScreen(QWidget* screen) {
-    // Before it is in the layout, which shows what nobody has hidden.
-    ShownPart::setShown(screen, false);
-    lines_->addWidget(screen, 1);
-    screens_.push_back(screen);
-}
-
 void MainContent::showScreen(QWidget* screen) {
     if (!screen->isHidden()) {
         return;
     }
-    for (QWidget* const other : screens_) {
+    for (QWidget* const other : std::initializer_list<QWidget*>{chooseBackup_, snapshots_, completion_}) {
         ShownPart::setShown(other, other == screen);
     }
     verticalScrollBar()->setValue(0);

@@ -6,6 +6,7 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
+#include "AmbrelRecoveryApp/Foundation/MainThread.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/RailStep.h"
@@ -52,6 +53,7 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
 } // namespace
 
 void RecoveryAccessibility::install() {
+    MainThread::require();
     // Qt itself keeps a factory only once.
     QAccessible::installFactory(make);
 }

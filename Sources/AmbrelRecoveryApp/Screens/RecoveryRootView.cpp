@@ -26,7 +26,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QThread>
 
 #include <utility>
 
@@ -48,6 +47,8 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     layout->addWidget(rail_);
     layout->addWidget(content_, 1);
     connectChooseBackup();
+    connectSnapshots();
+    connectCompletion();
     connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
     connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
     applyContents();
@@ -65,22 +66,21 @@ void RecoveryRootView::connectChooseBackup() {
     connect(choose, &ChooseBackupScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
 }
 
-void RecoveryRootView::addSnapshots() {
-    const SnapshotsScreen* const snapshots = content_->addSnapshots();
+void RecoveryRootView::connectSnapshots() {
+    const SnapshotsScreen* const snapshots = content_->snapshots();
     connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
     connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
     connect(snapshots, &SnapshotsScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
     connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
 }
 
-void RecoveryRootView::addCompletion() {
-    const CompletionScreen* const completion = content_->addCompletion();
+void RecoveryRootView::connectCompletion() {
+    const CompletionScreen* const completion = content_->completion();
     connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
     connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
 }
 
-/// Makes it where it is shown for the first time.
-QWidget* RecoveryRootView::screenOfThePhase() {
+QWidget* RecoveryRootView::screenOfThePhase() const {
     using Phase = RecoveryScreenState::Phase;
     switch (state_.phase) {
     case Phase::chooseBackup:
@@ -89,14 +89,8 @@ QWidget* RecoveryRootView::screenOfThePhase() {
         return content_->chooseBackup();
     case Phase::snapshots:
     case Phase::exporting:
-        if (content_->snapshots() == nullptr) {
-            addSnapshots();
-        }
         return content_->snapshots();
     case Phase::complete:
-        if (content_->completion() == nullptr) {
-            addCompletion();
-        }
         return content_->completion();
     }
     Q_UNREACHABLE();
@@ -130,7 +124,6 @@ void RecoveryRootView::scheduleRedraw() {
 }
 
 void RecoveryRootView::redraw() {
-    Q_ASSERT(QThread::currentThread() == thread());
     isRedrawScheduled_ = false;
     const RecoveryScreenState before = std::exchange(state_, RecoveryScreenState::of(model_, state_.snapshots));
     const bool hadAlert = before.presentedError.has_value();
@@ -143,10 +136,9 @@ void RecoveryRootView::redraw() {
         nextFocus_ = widgetOf(*target);
     }
     if ((target || hadAlert) && !state_.presentedError) {
-        takeNextFocus();
+        moveFocus();
     }
     announceStep(before);
-    emit redrawn();
 }
 
 /// After the focus has moved, which would interrupt the announcement.
@@ -184,16 +176,12 @@ void RecoveryRootView::applyContents() {
 /// Those out of sight, too: they let go of what is no longer the model's.
 void RecoveryRootView::applyScreens() {
     content_->chooseBackup()->apply(chooseBackupContent(state_));
-    if (content_->snapshots() != nullptr) {
-        content_->snapshots()->apply(snapshotsContent(state_));
-    }
+    content_->snapshots()->apply(snapshotsContent(state_));
     if (model_.destinationURL() != shownPath_) {
         shownPath_.reset();
     }
-    if (content_->completion() != nullptr) {
-        content_->completion()->apply(completionContent(state_));
-        content_->completion()->applyPath(shownPath_);
-    }
+    content_->completion()->apply(completionContent(state_));
+    content_->completion()->applyPath(shownPath_);
 }
 
 void RecoveryRootView::applyAlert() {
@@ -244,7 +232,7 @@ QWidget* RecoveryRootView::widgetOf(FocusPlan::Target target) const {
     Q_UNREACHABLE();
 }
 
-void RecoveryRootView::takeNextFocus() {
+void RecoveryRootView::moveFocus() {
     QWidget* const next = nextFocus_;
     nextFocus_ = nullptr;
     if (next != nullptr && next->isVisible() && next->isEnabled()) {
@@ -261,14 +249,14 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
             announceErrorOfTheStart();
         }
     } else {
-        takeNextFocus();
+        moveFocus();
     }
 }
 
 void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool isForTheScreen = isPlain && !state_.presentedError;
-    if (isForTheScreen && ReturnKey::is(*event)) {
+    if (isForTheScreen && isReturnKey(*event)) {
         pressMainButton();
     } else if (isForTheScreen && event->key() == Qt::Key_Escape && model_.isBusy()) {
         model_.cancelOperation();

@@ -34,10 +34,6 @@ public:
     /// The path that showPath() shows; none where it shows none.
     const std::optional<std::filesystem::path>& shownPath() const { return shownPath_; }
 
-signals:
-    /// The screens show the model again as it is; however many changes came before, this is emitted once for them.
-    void redrawn();
-
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -45,9 +41,9 @@ protected:
 
 private:
     void connectChooseBackup();
-    void addSnapshots();
-    void addCompletion();
-    QWidget* screenOfThePhase();
+    void connectSnapshots();
+    void connectCompletion();
+    QWidget* screenOfThePhase() const;
     void scheduleRedraw();
     void redraw();
     void applyContents();
@@ -55,7 +51,7 @@ private:
     void applyAlert();
     void applyCredential();
     QWidget* widgetOf(FocusPlan::Target target) const;
-    void takeNextFocus();
+    void moveFocus();
     void announceStep(const RecoveryScreenState& before);
     void announceErrorOfTheStart();
     void pressMainButton();

@@ -16,10 +16,6 @@ sortedSnapshots(const std::shared_ptr<const AmbrelRecoveryInspectionDocument>& i
 
 } // namespace
 
-bool RecoveryScreenState::isBusy() const {
-    return phase == Phase::preparingPackage || phase == Phase::inspecting || phase == Phase::exporting;
-}
-
 RecoveryScreenState RecoveryScreenState::of(const RecoveryViewModel& model,
                                             const std::shared_ptr<const SortedSnapshots>& known) {
     return {

@@ -26,7 +26,7 @@ struct RecoveryScreenState {
     bool canExport = false;
 
     /// Whether a long operation runs.
-    bool isBusy() const;
+    bool isBusy() const { return RecoveryViewModel::isBusy(phase); }
 
     /// The state of `model`. Snapshots that are in `known` already, which may be null, are not sorted again. Main
     /// thread.

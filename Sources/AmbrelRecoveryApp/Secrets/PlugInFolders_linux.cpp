@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Secrets/PlugInFolders.h"
 
-#include "AmbrelRecoveryAppSupport/UniqueDescriptor.h"
+#include "AmbrelPlatform/UniqueDescriptor.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

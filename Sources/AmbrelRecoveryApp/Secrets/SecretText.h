@@ -20,6 +20,13 @@ public:
     /// Valid until this object is wiped, moved from, assigned to or destroyed.
     QStringView view() const;
 
+    /// How many characters there are; one outside of the basic plane counts once.
+    int characterCount() const;
+
+    /// Puts `text` in the place of the characters from `start` up to `end` and wipes the old text. Throws
+    /// std::bad_alloc.
+    void replace(int start, int end, QStringView text);
+
     /// Whether there is nothing but white space and line breaks.
     bool isBlank() const;
 

@@ -94,20 +94,20 @@ std::vector<Pair> labels(const QColor& ground) {
     return pairs;
 }
 
-class ContrastTests : public testing::Test {
+class ContrastTest : public testing::Test {
 protected:
-    ~ContrastTests() override { setContrastIncreased(false); }
+    ~ContrastTest() override { setContrastIncreased(false); }
 };
 
 } // namespace
 
-TEST_F(ContrastTests, isMeasuredAsTheGuidelinesHaveIt) {
+TEST_F(ContrastTest, isMeasuredAsTheGuidelinesHaveIt) {
     EXPECT_NEAR(contrast(Qt::white, Qt::black), 21, 1e-6);
     EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
     EXPECT_NEAR(contrast(Qt::white, copper()), 3.80, 0.01);
 }
 
-TEST_F(ContrastTests, everyTextStandsOutFromItsGround) {
+TEST_F(ContrastTest, everyTextStandsOutFromItsGround) {
     constexpr double leastOfTexts = 4.5;
     for (const Pair& pair : texts()) {
         EXPECT_GE(contrast(pair.color, pair.ground), leastOfTexts) << pair.name;
@@ -120,7 +120,7 @@ TEST_F(ContrastTests, everyTextStandsOutFromItsGround) {
     }
 }
 
-TEST_F(ContrastTests, everyBorderStandsOutWhereTheDesktopWantsIt) {
+TEST_F(ContrastTest, everyBorderStandsOutWhereTheDesktopWantsIt) {
     constexpr double leastOfBorders = 3;
     const std::vector<QColor> grounds{background(),
                                       glow(),
@@ -140,7 +140,7 @@ TEST_F(ContrastTests, everyBorderStandsOutWhereTheDesktopWantsIt) {
     }
 }
 
-TEST_F(ContrastTests, whatMarksAControlStandsOutAlways) {
+TEST_F(ContrastTest, whatMarksAControlStandsOutAlways) {
     constexpr double leastOfMarks = 3;
     for (const QColor& ground : {background(), rail(), panel(), alert(), blended(input(), panel())}) {
         EXPECT_GE(contrast(copper(), ground), leastOfMarks) << ground.name().toStdString();

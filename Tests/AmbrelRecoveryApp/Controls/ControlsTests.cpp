@@ -53,7 +53,7 @@ double emptyShareWithin(const QImage& image) {
     return static_cast<double>(empty) / within;
 }
 
-TEST(RecoveryPaletteTests, hasTheColoursOfTheDesign) {
+TEST(RecoveryPaletteTest, hasTheColoursOfTheDesign) {
     EXPECT_EQ(RecoveryPalette::background().name(), QStringLiteral("#131110"));
     EXPECT_EQ(RecoveryPalette::rail().name(), QStringLiteral("#181614"));
     EXPECT_EQ(RecoveryPalette::primary().name(), QStringLiteral("#f0e8de"));
@@ -67,7 +67,7 @@ TEST(RecoveryPaletteTests, hasTheColoursOfTheDesign) {
     EXPECT_NEAR(RecoveryPalette::line().alphaF(), 0.11, 1e-3);
 }
 
-TEST(SymbolPainterTests, drawsEverySymbolInItsColour) {
+TEST(SymbolPainterTest, drawsEverySymbolInItsColour) {
     for (const RecoverySymbol symbol :
          {RecoverySymbol::checkmark, RecoverySymbol::checkmarkCircleFill, RecoverySymbol::checkmarkShield,
           RecoverySymbol::circle, RecoverySymbol::exclamationmarkTriangleFill, RecoverySymbol::folder,
@@ -88,7 +88,7 @@ TEST(SymbolPainterTests, drawsEverySymbolInItsColour) {
     }
 }
 
-TEST(SymbolPainterTests, fillsTheSymbolsThatAreFilled) {
+TEST(SymbolPainterTest, fillsTheSymbolsThatAreFilled) {
     constexpr int side = 200;
     for (const RecoverySymbol symbol :
          {RecoverySymbol::checkmarkCircleFill, RecoverySymbol::exclamationmarkTriangleFill,
@@ -102,7 +102,7 @@ TEST(SymbolPainterTests, fillsTheSymbolsThatAreFilled) {
     }
 }
 
-TEST(TextLabelTests, isAsHighAsItsLines) {
+TEST(TextLabelTest, isAsHighAsItsLines) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white, nullptr, 24);
     text.setText(QStringLiteral("one two three four five six seven eight nine ten"));
     const int wide = text.heightForWidth(10'000);
@@ -111,7 +111,7 @@ TEST(TextLabelTests, isAsHighAsItsLines) {
     EXPECT_GT(text.heightForWidth(120), wide);
 }
 
-TEST(TextLabelTests, isAsHighAsItsTextAndFontAreNow) {
+TEST(TextLabelTest, isAsHighAsItsTextAndFontAreNow) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
     text.setText(QStringLiteral("one"));
     const int oneLine = text.heightForWidth(120);
@@ -122,26 +122,26 @@ TEST(TextLabelTests, isAsHighAsItsTextAndFontAreNow) {
     EXPECT_GT(text.heightForWidth(120), lines);
 }
 
-TEST(TextLabelTests, breaksAWordThatIsTooLong) {
+TEST(TextLabelTest, breaksAWordThatIsTooLong) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
     text.setText(QString(300, u'W'));
     EXPECT_GT(text.heightForWidth(100), text.heightForWidth(10'000));
 }
 
-TEST(TextLabelTests, isALabelNamedByItsText) {
+TEST(TextLabelTest, isALabelNamedByItsText) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
     text.setText(QStringLiteral("a & <b>b</b>"));
     EXPECT_EQ(accessible(&text).role(), QAccessible::StaticText);
     EXPECT_EQ(accessible(&text).text(QAccessible::Name), QStringLiteral("a & <b>b</b>"));
 }
 
-TEST(TextLabelTests, keepsItsHeightForAWidthWhenItsTextChanges) {
+TEST(TextLabelTest, keepsItsHeightForAWidthWhenItsTextChanges) {
     TextLabel label(recoveryFont(13, QFont::Normal), Qt::white);
     label.setText(QStringLiteral("Unlock the backup"));
     EXPECT_TRUE(label.sizePolicy().hasHeightForWidth());
 }
 
-TEST(CenteredTextTests, setsWordsFromRightToLeftWhateverThePainterDoes) {
+TEST(CenteredTextTest, setsWordsFromRightToLeftWhateverThePainterDoes) {
     const auto drawn = [](Qt::LayoutDirection direction) {
         QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
@@ -154,7 +154,7 @@ TEST(CenteredTextTests, setsWordsFromRightToLeftWhateverThePainterDoes) {
     EXPECT_EQ(drawn(Qt::LeftToRight), drawn(Qt::RightToLeft));
 }
 
-TEST(RecoveryButtonTests, isNamedByItsLabelAndNeverCutOff) {
+TEST(RecoveryButtonTest, isNamedByItsLabelAndNeverCutOff) {
     PrimaryRecoveryButton button(RecoverySymbol::folder);
     button.setLabel(QStringLiteral("Save & close"));
     EXPECT_EQ(accessible(&button).text(QAccessible::Name), QStringLiteral("Save & close"));
@@ -163,7 +163,7 @@ TEST(RecoveryButtonTests, isNamedByItsLabelAndNeverCutOff) {
     EXPECT_GE(button.sizeHint().height(), 50);
 }
 
-TEST(RecoveryButtonTests, isPressedByMouseSpaceReturnAndAssistiveTechnology) {
+TEST(RecoveryButtonTest, isPressedByMouseSpaceReturnAndAssistiveTechnology) {
     QWidget window;
     SecondaryRecoveryButton button(std::nullopt, &window);
     button.setLabel(QStringLiteral("Go"));
@@ -179,7 +179,7 @@ TEST(RecoveryButtonTests, isPressedByMouseSpaceReturnAndAssistiveTechnology) {
     EXPECT_TRUE(clicks.count() == 4 || clicks.wait());
 }
 
-TEST(SegmentedPickerTests, isMadeOfRadioButtons) {
+TEST(SegmentedPickerTest, isMadeOfRadioButtons) {
     SegmentedPicker picker(2);
     picker.apply({QStringLiteral("One"), QStringLiteral("Two")}, 1);
     const QList<QRadioButton*> segments = picker.findChildren<QRadioButton*>();
@@ -190,7 +190,7 @@ TEST(SegmentedPickerTests, isMadeOfRadioButtons) {
     EXPECT_TRUE(accessible(segments[1]).state().checked);
 }
 
-TEST(SegmentedPickerTests, tellsOfTheUsersChoiceOnly) {
+TEST(SegmentedPickerTest, tellsOfTheUsersChoiceOnly) {
     SegmentedPicker picker(2);
     QSignalSpy choices(&picker, &SegmentedPicker::chosen);
     picker.apply({QStringLiteral("One"), QStringLiteral("Two")}, 1);
@@ -204,7 +204,7 @@ TEST(SegmentedPickerTests, tellsOfTheUsersChoiceOnly) {
     EXPECT_EQ(choices.takeFirst().first().toInt(), 1);
 }
 
-TEST(SegmentedPickerTests, arrowsMoveTheChoice) {
+TEST(SegmentedPickerTest, arrowsMoveTheChoice) {
     SegmentedPicker picker(2);
     picker.apply({QStringLiteral("One"), QStringLiteral("Two")}, 0);
     picker.resize(300, 40);
@@ -218,7 +218,7 @@ TEST(SegmentedPickerTests, arrowsMoveTheChoice) {
     EXPECT_TRUE(segments[0]->isChecked());
 }
 
-TEST(ProgressRowTests, aKnownFractionIsAValue) {
+TEST(ProgressRowTest, aKnownFractionIsAValue) {
     ProgressRow row;
     row.apply({.fraction = 0.42,
                .percent = QStringLiteral("42%"),
@@ -233,7 +233,7 @@ TEST(ProgressRowTests, aKnownFractionIsAValue) {
     EXPECT_FALSE(bar.state().busy);
 }
 
-TEST(ProgressRowTests, anUnknownFractionIsBusyWithoutAValue) {
+TEST(ProgressRowTest, anUnknownFractionIsBusyWithoutAValue) {
     ProgressRow row;
     row.apply({.fraction = std::nullopt,
                .percent = {},
@@ -244,7 +244,7 @@ TEST(ProgressRowTests, anUnknownFractionIsBusyWithoutAValue) {
     EXPECT_TRUE(bar.state().busy);
 }
 
-TEST(ProgressRowTests, theCancelButtonIsNamedAndNotPressedByReturn) {
+TEST(ProgressRowTest, theCancelButtonIsNamedAndNotPressedByReturn) {
     ProgressRow row;
     row.apply({.fraction = std::nullopt,
                .percent = {},
@@ -264,7 +264,7 @@ TEST(ProgressRowTests, theCancelButtonIsNamedAndNotPressedByReturn) {
     EXPECT_EQ(cancellations.count(), 1);
 }
 
-TEST(ButtonRowTests, stacksButtonsThatDoNotFit) {
+TEST(ButtonRowTest, stacksButtonsThatDoNotFit) {
     auto* const first = new PrimaryRecoveryButton(std::nullopt);
     auto* const second = new SecondaryRecoveryButton(std::nullopt);
     first->setLabel(QStringLiteral("First"));

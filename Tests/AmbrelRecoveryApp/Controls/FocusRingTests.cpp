@@ -41,9 +41,9 @@ private:
 };
 
 /// A window with two buttons, a picker and a list of three snapshots, whose user has last used the pointer.
-class FocusRingTests : public testing::Test {
+class FocusRingTest : public testing::Test {
 protected:
-    FocusRingTests() {
+    FocusRingTest() {
         auto* const layout = new QVBoxLayout(&window);
         first->setLabel(QStringLiteral("First"));
         second->setLabel(QStringLiteral("Second"));
@@ -92,13 +92,13 @@ protected:
     SnapshotList* const list = new SnapshotList(&window);
 };
 
-TEST_F(FocusRingTests, isNotShownToWhoeverUsesThePointer) {
+TEST_F(FocusRingTest, isNotShownToWhoeverUsesThePointer) {
     EXPECT_FALSE(isRinged(first));
     second->setFocus();
     EXPECT_FALSE(isRinged(second));
 }
 
-TEST_F(FocusRingTests, isShownAfterEveryNavigationKey) {
+TEST_F(FocusRingTest, isShownAfterEveryNavigationKey) {
     for (const Qt::Key key :
          {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp,
           Qt::Key_PageDown, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape, Qt::Key_Backspace}) {
@@ -112,13 +112,13 @@ TEST_F(FocusRingTests, isShownAfterEveryNavigationKey) {
     }
 }
 
-TEST_F(FocusRingTests, followsTheTabKey) {
+TEST_F(FocusRingTest, followsTheTabKey) {
     QTest::keyClick(first, Qt::Key_Tab);
     EXPECT_FALSE(isRinged(first));
     EXPECT_TRUE(isRinged(second));
 }
 
-TEST_F(FocusRingTests, isNotBroughtByLettersAndModifiers) {
+TEST_F(FocusRingTest, isNotBroughtByLettersAndModifiers) {
     for (const Qt::Key key :
          {Qt::Key_A, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock, Qt::Key_Print}) {
         QTest::keyClick(first, key);
@@ -126,13 +126,13 @@ TEST_F(FocusRingTests, isNotBroughtByLettersAndModifiers) {
     }
 }
 
-TEST_F(FocusRingTests, goesWithTheFocusWhereTheProgramMovesItAfterAKey) {
+TEST_F(FocusRingTest, goesWithTheFocusWhereTheProgramMovesItAfterAKey) {
     QTest::keyClick(first, Qt::Key_Return);
     second->setFocus();
     EXPECT_TRUE(isRinged(second));
 }
 
-TEST_F(FocusRingTests, goesWithTheArrowsInAPicker) {
+TEST_F(FocusRingTest, goesWithTheArrowsInAPicker) {
     const QList<QRadioButton*> segments = picker->findChildren<QRadioButton*>();
     segments[0]->setFocus();
     EXPECT_FALSE(isRinged(segments[0]));
@@ -141,7 +141,7 @@ TEST_F(FocusRingTests, goesWithTheArrowsInAPicker) {
     EXPECT_TRUE(isRinged(segments[1]));
 }
 
-TEST_F(FocusRingTests, isAroundTheCurrentRowOfAList) {
+TEST_F(FocusRingTest, isAroundTheCurrentRowOfAList) {
     list->setFocus();
     EXPECT_FALSE(isRowRinged(0));
     QTest::keyClick(list, Qt::Key_Down);
@@ -154,7 +154,7 @@ TEST_F(FocusRingTests, isAroundTheCurrentRowOfAList) {
     EXPECT_FALSE(isRowRinged(2));
 }
 
-TEST_F(FocusRingTests, isShownAtOnceInAWindowThatAKeyOpens) {
+TEST_F(FocusRingTest, isShownAtOnceInAWindowThatAKeyOpens) {
     QTest::keyClick(first, Qt::Key_Return);
     QWidget panel;
     auto* const button = new PrimaryRecoveryButton(std::nullopt, &panel);
@@ -165,7 +165,7 @@ TEST_F(FocusRingTests, isShownAtOnceInAWindowThatAKeyOpens) {
     EXPECT_TRUE(isRinged(button));
 }
 
-TEST_F(FocusRingTests, comesAndGoesWithoutAnythingElseBeingDrawnAnew) {
+TEST_F(FocusRingTest, comesAndGoesWithoutAnythingElseBeingDrawnAnew) {
     QWidget* const controls[] = {first, list->viewport()};
     for (QWidget* const drawn : controls) {
         QWidget* const control = drawn == first ? drawn : list;

@@ -21,7 +21,7 @@ void repeat(Qt::Key key, int times = 3) {
     }
 }
 
-class HeldKeysTests : public RecoveryRootViewTestCase {
+class HeldKeysTest : public RecoveryRootViewTestCase {
 protected:
     /// Presses the key and keeps it down.
     static void hold(Qt::Key key) {
@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(HeldKeysTests, noneDismissesAnAlert) {
+TEST_F(HeldKeysTest, noneDismissesAnAlert) {
     open();
     for (const Qt::Key key : pressingKeys) {
         untilAnnounced([this] { model->acceptPackage(path("not there")); });
@@ -68,14 +68,14 @@ TEST_F(HeldKeysTests, noneDismissesAnAlert) {
     }
 }
 
-TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStroke) {
+TEST_F(HeldKeysTest, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStroke) {
     open();
     untilAnnounced([this] { model->acceptPackage(path("not there")); });
     redraw();
     expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
-TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiveTechnology) {
+TEST_F(HeldKeysTest, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiveTechnology) {
     // As the toolkit does: each key is taken, and comes back later without its time.
     class SendingOnceMore final : public QObject {
     public:
@@ -97,7 +97,7 @@ TEST_F(HeldKeysTests, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiv
     expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
-TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
+TEST_F(HeldKeysTest, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     open();
     panels.answer = path("not there");
     untilAnnounced([] { QTest::keyPress(QApplication::focusWidget(), Qt::Key_Return); });
@@ -109,7 +109,7 @@ TEST_F(HeldKeysTests, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     EXPECT_TRUE(isAlertShown());
 }
 
-TEST_F(HeldKeysTests, returnStopsAtTheSnapshotsAndAtTheEnd) {
+TEST_F(HeldKeysTest, returnStopsAtTheSnapshotsAndAtTheEnd) {
     open();
     panels.answer = path("Family Photos.ambrel");
     untilAnnounced([] { hold(Qt::Key_Return); });
@@ -134,7 +134,7 @@ TEST_F(HeldKeysTests, returnStopsAtTheSnapshotsAndAtTheEnd) {
     EXPECT_EQ(model->phase(), Phase::complete);
 }
 
-TEST_F(HeldKeysTests, escapeCancelsOneOperation) {
+TEST_F(HeldKeysTest, escapeCancelsOneOperation) {
     setEngineThatWaits();
     open();
     choosePackage();
@@ -148,7 +148,7 @@ TEST_F(HeldKeysTests, escapeCancelsOneOperation) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
 }
 
-TEST_F(HeldKeysTests, noneReachesAnyControl) {
+TEST_F(HeldKeysTest, noneReachesAnyControl) {
     class Counter final : public QObject {
     public:
         bool eventFilter(QObject* /*object*/, QEvent* event) override {
@@ -175,7 +175,7 @@ TEST_F(HeldKeysTests, noneReachesAnyControl) {
     EXPECT_EQ(counter.count, 1);
 }
 
-TEST_F(HeldKeysTests, spaceIsTypedAsOftenAsItRepeats) {
+TEST_F(HeldKeysTest, spaceIsTypedAsOftenAsItRepeats) {
     open();
     choosePackage();
     redraw();

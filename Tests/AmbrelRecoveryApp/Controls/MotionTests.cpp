@@ -24,9 +24,9 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).fillRect(rect(), color); }
 };
 
-class MotionTests : public testing::Test {
+class MotionTest : public testing::Test {
 protected:
-    ~MotionTests() override { Motion::setReduced(false); }
+    ~MotionTest() override { Motion::setReduced(false); }
 
     static QColor middleOf(QWidget& widget) {
         const QImage picture = widget.grab().toImage();
@@ -49,7 +49,7 @@ int filledWidth(QWidget& bar) {
 
 } // namespace
 
-TEST_F(MotionTests, isShortAndThereOnlyWhereTheDesktopWantsIt) {
+TEST_F(MotionTest, isShortAndThereOnlyWhereTheDesktopWantsIt) {
     QWidget widget;
     widget.setStyle(&moving);
     EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
@@ -58,7 +58,7 @@ TEST_F(MotionTests, isShortAndThereOnlyWhereTheDesktopWantsIt) {
     EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
 }
 
-TEST_F(MotionTests, isGoneWhereLessMotionIsWantedAndComesBack) {
+TEST_F(MotionTest, isGoneWhereLessMotionIsWantedAndComesBack) {
     QWidget widget;
     widget.setStyle(&moving);
     Motion::setReduced(true);
@@ -67,7 +67,7 @@ TEST_F(MotionTests, isGoneWhereLessMotionIsWantedAndComesBack) {
     EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
 }
 
-TEST_F(MotionTests, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
+TEST_F(MotionTest, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&moving);
@@ -79,7 +79,7 @@ TEST_F(MotionTests, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
     EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
 }
 
-TEST_F(MotionTests, theEarlierScreenFadesAndLeavesTheNewOne) {
+TEST_F(MotionTest, theEarlierScreenFadesAndLeavesTheNewOne) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&moving);
@@ -92,7 +92,7 @@ TEST_F(MotionTests, theEarlierScreenFadesAndLeavesTheNewOne) {
     EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
 }
 
-TEST_F(MotionTests, theNewScreenCanBeClickedDuringTheFade) {
+TEST_F(MotionTest, theNewScreenCanBeClickedDuringTheFade) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&moving);
@@ -101,7 +101,7 @@ TEST_F(MotionTests, theNewScreenCanBeClickedDuringTheFade) {
     EXPECT_EQ(parent.childAt(parent.rect().center()), nullptr);
 }
 
-TEST_F(MotionTests, withoutMotionTheNewScreenIsThereAtOnce) {
+TEST_F(MotionTest, withoutMotionTheNewScreenIsThereAtOnce) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&still);
@@ -112,7 +112,7 @@ TEST_F(MotionTests, withoutMotionTheNewScreenIsThereAtOnce) {
     EXPECT_EQ(middleOf(parent), QColor(Qt::blue));
 }
 
-TEST_F(MotionTests, theBarGlidesToANewFraction) {
+TEST_F(MotionTest, theBarGlidesToANewFraction) {
     ProgressIndicator bar;
     bar.setStyle(&moving);
     bar.setFraction(0.1);
@@ -125,7 +125,7 @@ TEST_F(MotionTests, theBarGlidesToANewFraction) {
     EXPECT_GT(before, 0);
 }
 
-TEST_F(MotionTests, withoutMotionTheBarIsAtItsFractionAtOnce) {
+TEST_F(MotionTest, withoutMotionTheBarIsAtItsFractionAtOnce) {
     ProgressIndicator bar;
     bar.setStyle(&still);
     bar.setFraction(0.1);

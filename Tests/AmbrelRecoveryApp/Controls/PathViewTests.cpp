@@ -19,7 +19,7 @@ QString copied(PathView& view) {
     return QApplication::clipboard()->text();
 }
 
-TEST(PathViewTests, isCopiedAsItIsInEveryScript) {
+TEST(PathViewTest, isCopiedAsItIsInEveryScript) {
     for (const char* const path :
          {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/", "/home/\u2068strange\u2069/name",
           "/a\nb/gpj.\u202Eexe\x7F", "/no\u00A0break/\u202Fnarrow", "/line\u2028separator\u2029s", "/ blanks  /  ",
@@ -30,20 +30,20 @@ TEST(PathViewTests, isCopiedAsItIsInEveryScript) {
     }
 }
 
-TEST(PathViewTests, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
+TEST(PathViewTest, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
     PathView view;
     view.setPath("/home/سارة/صور");
     EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068home\u2069/\u2068سارة\u2069/\u2068صور\u2069"));
     EXPECT_EQ(view.document()->defaultTextOption().textDirection(), Qt::LeftToRight);
 }
 
-TEST(PathViewTests, showsWhatWouldNotBeSeenOrTurnTheRestAround) {
+TEST(PathViewTest, showsWhatWouldNotBeSeenOrTurnTheRestAround) {
     PathView view;
     view.setPath("/a\nb/\u202Egpj.exe\U000E0041");
     EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068a\u240Ab\u2069/\u2068[U+202E]gpj.exe[U+E0041]\u2069"));
 }
 
-TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {
+TEST(PathViewTest, aPartCanBeSelectedByKeyboard) {
     PathView view;
     view.setPath("/ab/cd");
     view.show();
@@ -56,7 +56,7 @@ TEST(PathViewTests, aPartCanBeSelectedByKeyboard) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("cd"));
 }
 
-TEST(PathViewTests, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
+TEST(PathViewTest, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
     PathView view;
     view.setPath("/a\u202Eb");
     QTextCursor cursor = view.textCursor();
@@ -67,7 +67,7 @@ TEST(PathViewTests, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral(u"\u202E"));
 }
 
-TEST(PathViewTests, keepsItsSelectionWhenItIsToldTheSamePath) {
+TEST(PathViewTest, keepsItsSelectionWhenItIsToldTheSamePath) {
     for (const char* const path : {"/ab/cd", "/a\u00A0b/cd", "/a\uFDD0b"}) {
         PathView view;
         view.setPath(path);
@@ -77,7 +77,7 @@ TEST(PathViewTests, keepsItsSelectionWhenItIsToldTheSamePath) {
     }
 }
 
-TEST(PathViewTests, cannotBeChanged) {
+TEST(PathViewTest, cannotBeChanged) {
     PathView view;
     view.setPath("/ab/cd");
     const QString before = view.toPlainText();
@@ -88,7 +88,7 @@ TEST(PathViewTests, cannotBeChanged) {
     EXPECT_FALSE(view.acceptDrops());
 }
 
-TEST(PathViewTests, isAsHighAsThePathNeeds) {
+TEST(PathViewTest, isAsHighAsThePathNeeds) {
     PathView view;
     view.setPath("/short");
     const int oneLine = view.heightForWidth(400);
@@ -97,7 +97,7 @@ TEST(PathViewTests, isAsHighAsThePathNeeds) {
     EXPECT_GT(view.heightForWidth(400), view.heightForWidth(800));
 }
 
-class CompletionPathTests : public RecoveryRootViewTestCase {
+class CompletionPathTest : public RecoveryRootViewTestCase {
 protected:
     void complete() {
         open();
@@ -109,12 +109,12 @@ protected:
     PathView& pathView() const { return *view->findChild<PathView*>(); }
 };
 
-TEST_F(CompletionPathTests, thePathIsHiddenUntilItIsNeeded) {
+TEST_F(CompletionPathTest, thePathIsHiddenUntilItIsNeeded) {
     complete();
     EXPECT_FALSE(pathView().isVisible());
 }
 
-TEST_F(CompletionPathTests, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
+TEST_F(CompletionPathTest, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
     complete();
     view->showPath(path("Ambrel Recovered"));
     EXPECT_TRUE(pathView().isVisible());
@@ -131,7 +131,7 @@ TEST_F(CompletionPathTests, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Show in Finder"));
 }
 
-TEST_F(CompletionPathTests, thePathGoesWithTheRecoveryThatItBelongsTo) {
+TEST_F(CompletionPathTest, thePathGoesWithTheRecoveryThatItBelongsTo) {
     complete();
     view->showPath(path("Ambrel Recovered"));
     model->startAgain();
@@ -140,7 +140,7 @@ TEST_F(CompletionPathTests, thePathGoesWithTheRecoveryThatItBelongsTo) {
     EXPECT_FALSE(pathView().isVisibleTo(view.get()));
 }
 
-TEST_F(CompletionPathTests, anAnswerForAnotherFolderIsNotShown) {
+TEST_F(CompletionPathTest, anAnswerForAnotherFolderIsNotShown) {
     complete();
     view->showPath(path("Another"));
     EXPECT_FALSE(pathView().isVisible());

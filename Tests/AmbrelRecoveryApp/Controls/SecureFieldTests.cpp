@@ -36,9 +36,9 @@ public:
     }
 };
 
-class SecureFieldTests : public testing::Test {
+class SecureFieldTest : public testing::Test {
 protected:
-    SecureFieldTests() {
+    SecureFieldTest() {
         field.resize(300, field.height());
         field.show();
         field.activateWindow();
@@ -46,7 +46,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&field));
     }
 
-    ~SecureFieldTests() override { QGuiApplication::clipboard()->clear(); }
+    ~SecureFieldTest() override { QGuiApplication::clipboard()->clear(); }
 
     QString secret() const { return field.secret().toString(); }
     void type(const QString& text) { QTest::keyClicks(&field, text); }
@@ -67,14 +67,14 @@ protected:
     SecureField field;
 };
 
-TEST_F(SecureFieldTests, holdsWhatIsTypedAndShowsOnlyAMask) {
+TEST_F(SecureFieldTest, holdsWhatIsTypedAndShowsOnlyAMask) {
     type(QStringLiteral(" correct horse "));
     EXPECT_EQ(secret(), QStringLiteral(" correct horse "));
     EXPECT_EQ(static_cast<QLineEdit&>(field).text(), QString(15, QChar(0x2022)));
     EXPECT_EQ(field.echoMode(), QLineEdit::Password);
 }
 
-TEST_F(SecureFieldTests, masksInItsOwnWayWhateverTheDesktops) {
+TEST_F(SecureFieldTest, masksInItsOwnWayWhateverTheDesktops) {
     type(QStringLiteral("abc"));
     const QImage before = field.grab().toImage();
     QApplication::setStyle(new RevealingStyle);
@@ -91,7 +91,7 @@ TEST_F(SecureFieldTests, masksInItsOwnWayWhateverTheDesktops) {
     EXPECT_EQ(other.grab().toImage(), before);
 }
 
-TEST_F(SecureFieldTests, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {
+TEST_F(SecureFieldTest, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {
     const auto caret = [this] {
         // A line edit places its text when it is painted.
         field.grab();
@@ -112,7 +112,7 @@ TEST_F(SecureFieldTests, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) 
     EXPECT_LT(caret(), marginal);
 }
 
-TEST_F(SecureFieldTests, tellsInputMethodsNotToLearn) {
+TEST_F(SecureFieldTest, tellsInputMethodsNotToLearn) {
     const Qt::InputMethodHints hints = field.inputMethodHints();
     EXPECT_TRUE(hints.testFlag(Qt::ImhHiddenText));
     EXPECT_TRUE(hints.testFlag(Qt::ImhSensitiveData));
@@ -120,7 +120,7 @@ TEST_F(SecureFieldTests, tellsInputMethodsNotToLearn) {
     EXPECT_TRUE(hints.testFlag(Qt::ImhNoAutoUppercase));
 }
 
-TEST_F(SecureFieldTests, typesAtTheCursorAndOverTheSelection) {
+TEST_F(SecureFieldTest, typesAtTheCursorAndOverTheSelection) {
     type(QStringLiteral("ad"));
     press(Qt::Key_Left);
     type(QStringLiteral("bc"));
@@ -131,7 +131,7 @@ TEST_F(SecureFieldTests, typesAtTheCursorAndOverTheSelection) {
     EXPECT_EQ(field.cursorPosition(), 2);
 }
 
-TEST_F(SecureFieldTests, deletesWhatTheKeysDelete) {
+TEST_F(SecureFieldTest, deletesWhatTheKeysDelete) {
     type(QStringLiteral("abcdef"));
     press(Qt::Key_Backspace);
     EXPECT_EQ(secret(), QStringLiteral("abcde"));
@@ -146,7 +146,7 @@ TEST_F(SecureFieldTests, deletesWhatTheKeysDelete) {
     EXPECT_EQ(secret(), QString());
 }
 
-TEST_F(SecureFieldTests, deletesWholeCharacters) {
+TEST_F(SecureFieldTest, deletesWholeCharacters) {
     field.setSecret(u"a🔑b");
     EXPECT_EQ(static_cast<QLineEdit&>(field).text().size(), 3);
     press(Qt::Key_Left);
@@ -154,7 +154,7 @@ TEST_F(SecureFieldTests, deletesWholeCharacters) {
     EXPECT_EQ(secret(), QStringLiteral("ab"));
 }
 
-TEST_F(SecureFieldTests, cannotBeCopiedOrCutFrom) {
+TEST_F(SecureFieldTest, cannotBeCopiedOrCutFrom) {
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
     type(QStringLiteral("secret"));
     field.selectAll();
@@ -168,14 +168,14 @@ TEST_F(SecureFieldTests, cannotBeCopiedOrCutFrom) {
     EXPECT_FALSE(field.dragEnabled());
 }
 
-TEST_F(SecureFieldTests, cannotBeDraggedIntoOrSelectedForOthers) {
+TEST_F(SecureFieldTest, cannotBeDraggedIntoOrSelectedForOthers) {
     EXPECT_FALSE(field.acceptDrops());
     type(QStringLiteral("secret"));
     field.selectAll();
     EXPECT_EQ(field.selectedText(), QString(6, QChar(0x2022)));
 }
 
-TEST_F(SecureFieldTests, tellsThatCapsLockIsOnOnceAKeyTellsIt) {
+TEST_F(SecureFieldTest, tellsThatCapsLockIsOnOnceAKeyTellsIt) {
     field.setCapsLockHint(QStringLiteral("Caps Lock is on"));
     const auto* const hint = field.findChild<QLabel*>();
     ASSERT_NE(hint, nullptr);
@@ -192,7 +192,7 @@ TEST_F(SecureFieldTests, tellsThatCapsLockIsOnOnceAKeyTellsIt) {
     EXPECT_EQ(secret(), QStringLiteral("aAa"));
 }
 
-TEST_F(SecureFieldTests, followsTheCapsLockKeyItself) {
+TEST_F(SecureFieldTest, followsTheCapsLockKeyItself) {
     const auto* const hint = field.findChild<QLabel*>();
     ASSERT_NE(hint, nullptr);
     // An event has the state before it.
@@ -203,7 +203,7 @@ TEST_F(SecureFieldTests, followsTheCapsLockKeyItself) {
     EXPECT_EQ(secret(), QString());
 }
 
-TEST_F(SecureFieldTests, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
+TEST_F(SecureFieldTest, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
     const auto* const hint = field.findChild<QLabel*>();
     ASSERT_NE(hint, nullptr);
     pressWithNativeModifiers(Qt::Key_CapsLock, QString(), 0);
@@ -211,7 +211,7 @@ TEST_F(SecureFieldTests, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
     EXPECT_FALSE(hint->isVisible());
 }
 
-TEST_F(SecureFieldTests, cannotBeUndone) {
+TEST_F(SecureFieldTest, cannotBeUndone) {
     type(QStringLiteral("secret"));
     field.selectAll();
     press(Qt::Key_Delete);
@@ -223,25 +223,25 @@ TEST_F(SecureFieldTests, cannotBeUndone) {
     EXPECT_EQ(secret(), QString());
 }
 
-TEST_F(SecureFieldTests, canBePastedInto) {
+TEST_F(SecureFieldTest, canBePastedInto) {
     type(QStringLiteral("<>"));
     press(Qt::Key_Left);
     paste(QStringLiteral(" two words "));
     EXPECT_EQ(secret(), QStringLiteral("< two words >"));
 }
 
-TEST_F(SecureFieldTests, pastesLinesAsOneLine) {
+TEST_F(SecureFieldTest, pastesLinesAsOneLine) {
     paste(QStringLiteral("\nalpha\r\nbravo\ncharlie\n\n"));
     EXPECT_EQ(secret(), QStringLiteral("alpha bravo charlie"));
 }
 
-TEST_F(SecureFieldTests, takesAVeryLongSecret) {
+TEST_F(SecureFieldTest, takesAVeryLongSecret) {
     const QString text(200'000, u'x');
     paste(text);
     EXPECT_EQ(secret(), text);
 }
 
-TEST_F(SecureFieldTests, takesWhatAnInputMethodCommitsAndNotWhatItComposes) {
+TEST_F(SecureFieldTest, takesWhatAnInputMethodCommitsAndNotWhatItComposes) {
     QInputMethodEvent composing(QStringLiteral("geheim"), {});
     QApplication::sendEvent(&field, &composing);
     EXPECT_EQ(secret(), QString());
@@ -252,7 +252,7 @@ TEST_F(SecureFieldTests, takesWhatAnInputMethodCommitsAndNotWhatItComposes) {
     EXPECT_EQ(secret(), QStringLiteral("é漢"));
 }
 
-TEST_F(SecureFieldTests, tellsOfEditsByTheUserOnly) {
+TEST_F(SecureFieldTest, tellsOfEditsByTheUserOnly) {
     const QSignalSpy edits(&field, &SecureField::secretEdited);
     field.setSecret(u"set");
     EXPECT_EQ(edits.count(), 0);
@@ -262,7 +262,7 @@ TEST_F(SecureFieldTests, tellsOfEditsByTheUserOnly) {
     EXPECT_EQ(secret(), QStringLiteral("set"));
 }
 
-TEST_F(SecureFieldTests, isAPasswordTextNamedByItsPrompt) {
+TEST_F(SecureFieldTest, isAPasswordTextNamedByItsPrompt) {
     field.setPrompt(QStringLiteral("Recovery key"));
     EXPECT_EQ(accessible().role(), QAccessible::EditableText);
     EXPECT_TRUE(accessible().state().passwordEdit);
@@ -271,7 +271,7 @@ TEST_F(SecureFieldTests, isAPasswordTextNamedByItsPrompt) {
     EXPECT_EQ(field.placeholderText(), QStringLiteral("Recovery key"));
 }
 
-TEST_F(SecureFieldTests, canBeEditedButNotReadByAssistiveTechnology) {
+TEST_F(SecureFieldTest, canBeEditedButNotReadByAssistiveTechnology) {
     const QSignalSpy edits(&field, &SecureField::secretEdited);
     QAccessibleEditableTextInterface* const editing = accessible().editableTextInterface();
     QAccessibleTextInterface* const reading = accessible().textInterface();

@@ -1,6 +1,6 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelButton.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "FilePanelsTestCase.h"
 
 #include <QAccessible>
@@ -51,7 +51,7 @@ TEST_F(FilePanelsTest, showAnAmpersandOfTheButtonsLabelAsOne) {
 TEST_F(FilePanelsTest, beginAtHomeAndThenWhereTheLastChoiceWas) {
     ItemPanel& first = openPanel();
     EXPECT_EQ(shownFolder(first), home());
-    EXPECT_FALSE(first.findChild<PanelButton*>()->isEnabled());
+    EXPECT_FALSE(first.findChild<SecondaryRecoveryButton*>()->isEnabled());
     enterAndReturn(first, home() / "folder" / "x.ambrel");
     expectOneChoice(home() / "folder" / "x.ambrel");
     QTest::qWait(0);

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 
+#include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
+
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -111,10 +113,10 @@ TEST_F(FolderContentsTest, knowWhatWouldLieInAPackage) {
     EXPECT_FALSE(FolderContents::isWithinPackage("/"));
 }
 
-TEST(FolderContents, knowPackagesByTheirNameInAnyLetterCase) {
-    EXPECT_TRUE(FolderContents::isPackageName("a.ambrel"));
-    EXPECT_TRUE(FolderContents::isPackageName("/b/a.b.AMBREL"));
-    EXPECT_FALSE(FolderContents::isPackageName(".ambrel"));
-    EXPECT_FALSE(FolderContents::isPackageName("ambrel"));
-    EXPECT_FALSE(FolderContents::isPackageName("a.ambrels"));
+TEST(FolderContentsNameTest, knowPackagesByTheirNameInAnyLetterCase) {
+    EXPECT_TRUE(RecoveryChosenPath::isPackageName("a.ambrel"));
+    EXPECT_TRUE(RecoveryChosenPath::isPackageName("/b/a.b.AMBREL"));
+    EXPECT_FALSE(RecoveryChosenPath::isPackageName(".ambrel"));
+    EXPECT_FALSE(RecoveryChosenPath::isPackageName("ambrel"));
+    EXPECT_FALSE(RecoveryChosenPath::isPackageName("a.ambrels"));
 }

@@ -1,5 +1,5 @@
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelButton.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
 #include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
 #include "FilePanelsTestCase.h"
@@ -30,10 +30,9 @@ protected:
     }
 
     static std::vector<Path> placesOf(ItemPanel& panel) {
-        const auto& model = *static_cast<const PlacesModel*>(places(panel).model());
         std::vector<Path> paths;
-        for (int number = 0; number < model.rowCount(); ++number) {
-            paths.push_back(model.path(model.index(number)));
+        for (int row = 0; row < places(panel).count(); ++row) {
+            paths.push_back(places(panel).path(row));
         }
         return paths;
     }
@@ -69,8 +68,8 @@ TEST_F(PanelListTest, givesATypedPathToTheNameField) {
 TEST_F(PanelListTest, goesUpAndBackWithTheButtons) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");
-    const auto buttons = panel.findChildren<PanelButton*>();
-    ASSERT_EQ(buttons.size(), 2);
+    const auto buttons = panel.findChildren<SecondaryRecoveryButton*>();
+    ASSERT_GT(buttons.size(), 2);
     buttons[1]->click();
     EXPECT_EQ(shownFolder(panel), home());
     buttons[0]->click();
@@ -118,7 +117,7 @@ TEST_F(PanelListTest, saysWhyThereIsNothing) {
     EXPECT_TRUE(waitForState(panel, FolderModel::State::unreadable));
     EXPECT_EQ(list(panel).accessibleDescription(), "This folder cannot be opened");
     std::filesystem::create_directory(home() / "folder");
-    panel.findChildren<PanelButton*>()[1]->click();
+    panel.findChildren<SecondaryRecoveryButton*>()[1]->click();
     waitForFolder(panel, home());
 }
 

@@ -21,7 +21,7 @@ const std::set<std::pair<QString, Text>> loanwords = {
 
 } // namespace
 
-TEST(PanelTexts, areThereInEveryLanguageOfTheInterface) {
+TEST(PanelTextsTest, areThereInEveryLanguageOfTheInterface) {
     for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
         for (int number = 0; number < PanelTexts::textCount; ++number) {
             SCOPED_TRACE(language.toStdString() + " " + std::to_string(number));
@@ -39,6 +39,6 @@ TEST(PanelTexts, areThereInEveryLanguageOfTheInterface) {
     }
 }
 
-TEST(PanelTexts, areEnglishInOtherLanguages) {
+TEST(PanelTextsTest, areEnglishInOtherLanguages) {
     EXPECT_EQ(PanelTexts::resolved(Text::home, "nl"), "Home");
 }

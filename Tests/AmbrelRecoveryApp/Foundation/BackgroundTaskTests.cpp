@@ -16,7 +16,7 @@ constexpr int generousMilliseconds = 60'000;
 
 } // namespace
 
-TEST(BackgroundTask, worksElsewhereAndCompletesOnTheMainThread) {
+TEST(BackgroundTaskTest, worksElsewhereAndCompletesOnTheMainThread) {
     const auto mainThread = std::this_thread::get_id();
     std::optional<std::thread::id> completedOn;
     std::thread::id workedOn;
@@ -30,7 +30,7 @@ TEST(BackgroundTask, worksElsewhereAndCompletesOnTheMainThread) {
     EXPECT_EQ(completedOn, mainThread);
 }
 
-TEST(BackgroundTask, deliversWhatTheWorkThrew) {
+TEST(BackgroundTaskTest, deliversWhatTheWorkThrew) {
     bool caught = false;
     BackgroundTask::run([]() -> int { throw std::runtime_error("no"); },
                         [&caught](std::future<int>& outcome) {
@@ -40,7 +40,7 @@ TEST(BackgroundTask, deliversWhatTheWorkThrew) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return caught; }, generousMilliseconds));
 }
 
-TEST(BackgroundTask, givesBackWhatTheWorkCapturedBeforeItsCompletion) {
+TEST(BackgroundTaskTest, givesBackWhatTheWorkCapturedBeforeItsCompletion) {
     auto captured = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = captured;
     bool gone = false;
@@ -54,7 +54,7 @@ TEST(BackgroundTask, givesBackWhatTheWorkCapturedBeforeItsCompletion) {
     EXPECT_TRUE(gone);
 }
 
-TEST(BackgroundTask, waitsForRunningWorkUpToALimit) {
+TEST(BackgroundTaskTest, waitsForRunningWorkUpToALimit) {
     std::promise<void> gate;
     bool completed = false;
     BackgroundTask::run([opened = gate.get_future().share()] { opened.wait(); },
@@ -66,7 +66,7 @@ TEST(BackgroundTask, waitsForRunningWorkUpToALimit) {
     EXPECT_TRUE(completed);
 }
 
-TEST(BackgroundTask, doesNotWaitForAbandonedWorkButTellsOfIt) {
+TEST(BackgroundTaskTest, doesNotWaitForAbandonedWorkButTellsOfIt) {
     constexpr std::chrono::hours tooLongForATest(1);
     std::promise<void> gate;
     bool completed = false;
@@ -78,7 +78,7 @@ TEST(BackgroundTask, doesNotWaitForAbandonedWorkButTellsOfIt) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return BackgroundTask::waitForAll(tooLongForATest); }, generousMilliseconds));
 }
 
-TEST(BackgroundTask, keepsTheOrderOfWhatOneThreadPosts) {
+TEST(BackgroundTaskTest, keepsTheOrderOfWhatOneThreadPosts) {
     std::vector<int> order;
     BackgroundTask::run(
         [&order] {

@@ -19,7 +19,7 @@ icu::Locale locale(const char* identifier) {
     return icu::Locale(identifier);
 }
 
-TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
+TEST(RecoveryAppCopyTest, hasEveryTextInEveryLanguage) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         SCOPED_TRACE(expected.locale);
         const icu::Locale language(expected.locale);
@@ -36,7 +36,7 @@ TEST(RecoveryAppCopyTests, hasEveryTextInEveryLanguage) {
     }
 }
 
-TEST(RecoveryAppCopyTests, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAreIn) {
+TEST(RecoveryAppCopyTest, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAreIn) {
     const ScopedEnvironment all("LC_ALL", std::nullopt);
     const ScopedEnvironment messages("LC_MESSAGES", std::nullopt);
     const std::array<const char*, 3> settings[] = {
@@ -53,7 +53,7 @@ TEST(RecoveryAppCopyTests, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesA
     EXPECT_EQ(RecoveryAppCopy::readOnly(AmbrelStrings::currentFormattingLocale()), QStringLiteral("唯讀"));
 }
 
-TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
+TEST(RecoveryAppCopyTest, isSetByTheRulesOfItsLanguage) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         SCOPED_TRACE(expected.locale);
         const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
@@ -75,7 +75,7 @@ TEST(RecoveryAppCopyTests, isSetByTheRulesOfItsLanguage) {
     }
 }
 
-TEST(RecoveryAppCopyTests, aCompletedStepIsNotToldInTheWordOfAButton) {
+TEST(RecoveryAppCopyTest, aCompletedStepIsNotToldInTheWordOfAButton) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         const ScopedLanguage language(expected.locale, "en_US.UTF-8");
         EXPECT_NE(RecoveryAppCopy::stepCompleted(AmbrelStrings::currentFormattingLocale()),
@@ -84,45 +84,45 @@ TEST(RecoveryAppCopyTests, aCompletedStepIsNotToldInTheWordOfAButton) {
     }
 }
 
-TEST(RecoveryAppCopyTests, takesTraditionalChineseWhereverTheScriptIsNamed) {
+TEST(RecoveryAppCopyTest, takesTraditionalChineseWhereverTheScriptIsNamed) {
     for (const char* identifier : {"zh-Hant-TW", "zh_Hant_HK", "ZH-HANT", "ja-Hant"}) {
         EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale(identifier)), QStringLiteral("zh-Hant")) << identifier;
     }
     EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh_Hant_HK")), QStringLiteral("唯讀"));
 }
 
-TEST(RecoveryAppCopyTests, takesSimplifiedChineseWhereverTheScriptIsNamed) {
+TEST(RecoveryAppCopyTest, takesSimplifiedChineseWhereverTheScriptIsNamed) {
     EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale("zh-Hans-CN")), QStringLiteral("zh-Hans"));
     EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh-Hans-CN")), QStringLiteral("只读"));
 }
 
-TEST(RecoveryAppCopyTests, isEnglishForChineseWithoutAScript) {
+TEST(RecoveryAppCopyTest, isEnglishForChineseWithoutAScript) {
     EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale("zh_TW")), QStringLiteral("zh"));
     EXPECT_EQ(RecoveryAppCopy::noAccount(locale("zh_TW")), QStringLiteral("No account"));
 }
 
-TEST(RecoveryAppCopyTests, takesThePortugueseRowInEveryCountry) {
+TEST(RecoveryAppCopyTest, takesThePortugueseRowInEveryCountry) {
     for (const char* identifier : {"pt_PT", "pt_BR"}) {
         EXPECT_EQ(RecoveryAppCopy::noAccount(locale(identifier)), QStringLiteral("Sem conta"));
     }
 }
 
-TEST(RecoveryAppCopyTests, takesTheSpanishRowInMexico) {
+TEST(RecoveryAppCopyTest, takesTheSpanishRowInMexico) {
     EXPECT_EQ(RecoveryAppCopy::noAccount(locale("es_MX")), QStringLiteral("Sin cuenta"));
 }
 
-TEST(RecoveryAppCopyTests, isEnglishForEveryOtherLanguage) {
+TEST(RecoveryAppCopyTest, isEnglishForEveryOtherLanguage) {
     for (const char* identifier : {"en_AU", "nl_NL", "en"}) {
         EXPECT_EQ(RecoveryAppCopy::showInFinder(locale(identifier)), QStringLiteral("Show in Finder")) << identifier;
     }
 }
 
-TEST(RecoveryAppCopyTests, isEnglishForALocaleWithoutALanguage) {
+TEST(RecoveryAppCopyTest, isEnglishForALocaleWithoutALanguage) {
     EXPECT_EQ(RecoveryAppCopy::languageIdentifier(icu::Locale::getRoot()), QStringLiteral("en"));
     EXPECT_EQ(RecoveryAppCopy::noAccount(icu::Locale::getRoot()), QStringLiteral("No account"));
 }
 
-TEST(RecoveryAppCopyTests, saysOKInTheLanguagesThatDoSo) {
+TEST(RecoveryAppCopyTest, saysOKInTheLanguagesThatDoSo) {
     for (const char* identifier : {"de", "es", "pt_BR", "fr", "it", "pl"}) {
         EXPECT_EQ(RecoveryAppCopy::okay(locale(identifier)), QStringLiteral("OK")) << identifier;
     }

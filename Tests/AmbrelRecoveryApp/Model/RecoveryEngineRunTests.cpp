@@ -82,7 +82,7 @@ std::vector<std::string> almost(const std::string& identifier) {
 
 } // namespace
 
-TEST(RecoveryEngineRun, tellsEveryThrownErrorAsAFailure) {
+TEST(RecoveryEngineRunTest, tellsEveryThrownErrorAsAFailure) {
     EXPECT_EQ(kindOf(CancellationError()), Kind::cancelled);
     EXPECT_EQ(kindOf(AmbrelRecoveryPackagePreparationError::downloadFailed), Kind::packageUnavailable);
     EXPECT_EQ(kindOf(AmbrelRecoveryProcessError::timedOut), Kind::packageUnavailable);
@@ -94,7 +94,7 @@ TEST(RecoveryEngineRun, tellsEveryThrownErrorAsAFailure) {
     EXPECT_EQ(kindOf(std::bad_alloc()), Kind::generic);
 }
 
-TEST(RecoveryEngineRun, doesNotStartACancelledRun) {
+TEST(RecoveryEngineRunTest, doesNotStartACancelledRun) {
     AmbrelRecoveryProcessRunner runner("/bin/true");
     const AmbrelRecoveryCredentialSession session(passphrase, secret());
     std::stop_source stop;
@@ -102,7 +102,7 @@ TEST(RecoveryEngineRun, doesNotStartACancelledRun) {
     EXPECT_THROW(RecoveryEngineRun::run(runner, {}, session, passphrase, stop.get_token()), CancellationError);
 }
 
-TEST(RecoveryEngineRun, doesNotStartWithoutACredentialForTheFactor) {
+TEST(RecoveryEngineRunTest, doesNotStartWithoutACredentialForTheFactor) {
     // An engine that cannot be started would give another error.
     AmbrelRecoveryProcessRunner runner("/nonexistent");
     AmbrelRecoveryCredentialSession session(passphrase, secret());
@@ -120,7 +120,7 @@ TEST(RecoveryEngineRun, doesNotStartWithoutACredentialForTheFactor) {
     EXPECT_EQ(runWith(passphrase), AmbrelRecoveryProcessError::launchFailed);
 }
 
-TEST(RecoveryEngineRun, handsOverTheCredentialAndReturnsWhatTheEngineLeft) {
+TEST(RecoveryEngineRunTest, handsOverTheCredentialAndReturnsWhatTheEngineLeft) {
     AmbrelRecoveryProcessRunner runner("/bin/cat");
     const AmbrelRecoveryCredentialSession session(passphrase, secret());
     const auto result = RecoveryEngineRun::run(runner, {}, session, passphrase, {});
@@ -128,14 +128,14 @@ TEST(RecoveryEngineRun, handsOverTheCredentialAndReturnsWhatTheEngineLeft) {
     EXPECT_EQ(result.standardOutput, "secret\n");
 }
 
-TEST(RecoveryEngineRun, classifiesADocumentThatIsNotAccepted) {
+TEST(RecoveryEngineRunTest, classifiesADocumentThatIsNotAccepted) {
     const auto outcome = RecoveryEngineRun::inspectionOutcome({0, "{}", "package is unavailable"}, passphrase);
     EXPECT_EQ(std::get<Kind>(outcome), Kind::packageUnavailable);
     EXPECT_EQ(std::get<Kind>(RecoveryEngineRun::exportOutcome({0, "", "did not unlock"}, recoveryKey)),
               Kind::wrongRecoveryKey);
 }
 
-TEST(RecoveryEngineRun, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitStatus) {
+TEST(RecoveryEngineRunTest, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitStatus) {
     const std::string document = exportDocument(exportSchema);
     const auto accepted = RecoveryEngineRun::exportOutcome({0, document, "integrity verification failed"}, passphrase);
     EXPECT_EQ(std::get<0>(accepted)->failedResourceCount, 9);
@@ -143,7 +143,7 @@ TEST(RecoveryEngineRun, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitSta
     EXPECT_EQ(std::get<Kind>(refused), Kind::generic);
 }
 
-TEST(RecoveryEngineRun, refusesADocumentWhoseOnlyFaultIsTheIdentifierOfTheOther) {
+TEST(RecoveryEngineRunTest, refusesADocumentWhoseOnlyFaultIsTheIdentifierOfTheOther) {
     ASSERT_TRUE(isExportAccepted(exportSchema));
     EXPECT_FALSE(isExportAccepted(inspectionSchema));
     EXPECT_FALSE(isExportAccepted(backupFormat));
@@ -152,7 +152,7 @@ TEST(RecoveryEngineRun, refusesADocumentWhoseOnlyFaultIsTheIdentifierOfTheOther)
     EXPECT_FALSE(isInspectionAccepted(backupFormat, inspectionSchema));
 }
 
-TEST(RecoveryEngineRun, comparesTheIdentifiersExactly) {
+TEST(RecoveryEngineRunTest, comparesTheIdentifiersExactly) {
     for (const std::string& other : almost(inspectionSchema)) {
         EXPECT_FALSE(isInspectionAccepted(other, backupFormat)) << other;
     }

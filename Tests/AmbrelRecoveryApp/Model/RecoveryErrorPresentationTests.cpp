@@ -22,11 +22,11 @@ void PrintTo(const Row& row, std::ostream* stream) {
     *stream << row.name;
 }
 
-class RecoveryErrorPresentationTable : public testing::TestWithParam<Row> {};
+class RecoveryErrorPresentationTableTest : public testing::TestWithParam<Row> {};
 
 } // namespace
 
-TEST_P(RecoveryErrorPresentationTable, givesTheTextsOfTheKind) {
+TEST_P(RecoveryErrorPresentationTableTest, givesTheTextsOfTheKind) {
     const auto error = RecoveryErrorPresentation::errorPresentation(GetParam().kind);
     EXPECT_EQ(error.title, AmbrelStrings::localized(LocalizedStringResource(GetParam().titleKey)));
     EXPECT_EQ(error.body, AmbrelStrings::localized(LocalizedStringResource(GetParam().bodyKey)));
@@ -35,7 +35,7 @@ TEST_P(RecoveryErrorPresentationTable, givesTheTextsOfTheKind) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    EveryKind, RecoveryErrorPresentationTable,
+    EveryKind, RecoveryErrorPresentationTableTest,
     testing::Values(Row{"cancelled", Kind::cancelled, "ambrel.recovery.failure.cancelled.title",
                         "ambrel.recovery.failure.cancelled.body"},
                     Row{"wrongPassphrase", Kind::wrongPassphrase, "ambrel.recovery.failure.wrong-passphrase.title",
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"generic", Kind::generic, "ambrel.recovery.failure.generic.title",
                         "ambrel.recovery.failure.generic.body"}));
 
-TEST(RecoveryErrorPresentation, makesADistinctErrorOfEveryPresentation) {
+TEST(RecoveryErrorPresentationTest, makesADistinctErrorOfEveryPresentation) {
     const auto first = RecoveryErrorPresentation::errorPresentation(Kind::wrongPassphrase);
     const auto second = RecoveryErrorPresentation::errorPresentation(Kind::wrongPassphrase);
     EXPECT_EQ(first.title, second.title);

@@ -9,9 +9,9 @@
 
 namespace {
 
-class RecoveryViewModelCancellation : public RecoveryViewModelTestCase {
+class RecoveryViewModelCancellationTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelCancellation() { makeModel(); }
+    RecoveryViewModelCancellationTest() { makeModel(); }
 
     void inspectUntilEngineRuns() {
         setEngineThatWaits();
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_F(RecoveryViewModelCancellation, ofAnInspectionEndsTheEngineAndShowsNoError) {
+TEST_F(RecoveryViewModelCancellationTest, ofAnInspectionEndsTheEngineAndShowsNoError) {
     inspectUntilEngineRuns();
     EXPECT_EQ(model->phase(), Phase::inspecting);
     model->cancelOperation();
@@ -41,7 +41,7 @@ TEST_F(RecoveryViewModelCancellation, ofAnInspectionEndsTheEngineAndShowsNoError
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelCancellation, ofAnExportKeepsTheSessionSoThatItCanStartAgain) {
+TEST_F(RecoveryViewModelCancellationTest, ofAnExportKeepsTheSessionSoThatItCanStartAgain) {
     inspect(inspectionDocument());
     exportUntilEngineRuns();
     model->cancelOperation();
@@ -57,7 +57,7 @@ TEST_F(RecoveryViewModelCancellation, ofAnExportKeepsTheSessionSoThatItCanStartA
     EXPECT_EQ(engineInput(), "correct horse\n");
 }
 
-TEST_F(RecoveryViewModelCancellation, ofALaterInspectionGoesBackToTheSnapshots) {
+TEST_F(RecoveryViewModelCancellationTest, ofALaterInspectionGoesBackToTheSnapshots) {
     inspect(inspectionDocument());
     setEngineThatWaits();
     type("secret");
@@ -70,7 +70,7 @@ TEST_F(RecoveryViewModelCancellation, ofALaterInspectionGoesBackToTheSnapshots) 
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItAndShowsNoError) {
+TEST_F(RecoveryViewModelCancellationTest, ofADownloadEndsItAndShowsNoError) {
     cloudItems->onProperties = [] {
         return CloudItems::Properties{
             .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
@@ -89,7 +89,7 @@ TEST_F(RecoveryViewModelCancellation, ofADownloadEndsItAndShowsNoError) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
 }
 
-TEST_F(RecoveryViewModelCancellation, discardsAResultThatIsOnItsWayAlready) {
+TEST_F(RecoveryViewModelCancellationTest, discardsAResultThatIsOnItsWayAlready) {
     choosePackage();
     type("secret");
     model->inspectBackup();
@@ -102,7 +102,7 @@ TEST_F(RecoveryViewModelCancellation, discardsAResultThatIsOnItsWayAlready) {
     EXPECT_FALSE(model->inspection());
 }
 
-TEST_F(RecoveryViewModelCancellation, keepsAnErrorThatIsShown) {
+TEST_F(RecoveryViewModelCancellationTest, keepsAnErrorThatIsShown) {
     panels.answer = path("temporary");
     untilAnnounced([this] { model->chooseBackup(); });
     ASSERT_TRUE(model->presentedError());
@@ -110,7 +110,7 @@ TEST_F(RecoveryViewModelCancellation, keepsAnErrorThatIsShown) {
     EXPECT_TRUE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelCancellation, byStartingAgainClearsEverythingButTheFactor) {
+TEST_F(RecoveryViewModelCancellationTest, byStartingAgainClearsEverythingButTheFactor) {
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
     exportToTheEndAndInspectAgain();
     type("typed again");
@@ -130,13 +130,13 @@ TEST_F(RecoveryViewModelCancellation, byStartingAgainClearsEverythingButTheFacto
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelCancellation, byDestroyingTheModelEndsTheEngine) {
+TEST_F(RecoveryViewModelCancellationTest, byDestroyingTheModelEndsTheEngine) {
     inspectUntilEngineRuns();
     model.reset();
     settle();
 }
 
-TEST_F(RecoveryViewModelCancellation, byDestroyingTheModelDuringADownloadEndsIt) {
+TEST_F(RecoveryViewModelCancellationTest, byDestroyingTheModelDuringADownloadEndsIt) {
     auto asked = std::make_shared<std::promise<void>>();
     std::future<void> firstPass = asked->get_future();
     cloudItems->onProperties = [asked, told = false]() mutable {
@@ -154,7 +154,7 @@ TEST_F(RecoveryViewModelCancellation, byDestroyingTheModelDuringADownloadEndsIt)
     settle();
 }
 
-TEST_F(RecoveryViewModelCancellation, atAnyMomentOfAnInspectionLeavesNothingBehind) {
+TEST_F(RecoveryViewModelCancellationTest, atAnyMomentOfAnInspectionLeavesNothingBehind) {
     for (int turns = 0; turns < 40; ++turns) {
         setEngineThatPrints(inspectionDocument());
         choosePackage();

@@ -5,9 +5,9 @@
 
 namespace {
 
-class RecoveryViewModelChoosing : public RecoveryViewModelTestCase {
+class RecoveryViewModelChoosingTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelChoosing() { makeModel(); }
+    RecoveryViewModelChoosingTest() { makeModel(); }
 
     void expectRefused(const std::filesystem::path& choice) {
         panels.answer = choice;
@@ -24,7 +24,7 @@ protected:
 
 } // namespace
 
-TEST_F(RecoveryViewModelChoosing, startsWithNothingChosen) {
+TEST_F(RecoveryViewModelChoosingTest, startsWithNothingChosen) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
     EXPECT_FALSE(model->packageURL());
     EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::backupPassphrase);
@@ -39,7 +39,7 @@ TEST_F(RecoveryViewModelChoosing, startsWithNothingChosen) {
     EXPECT_FALSE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelChoosing, presentsTheGenericErrorAtOnceWithoutAnEngineAndThenDoesNothing) {
+TEST_F(RecoveryViewModelChoosingTest, presentsTheGenericErrorAtOnceWithoutAnEngineAndThenDoesNothing) {
     RecoveryViewModel withoutEngine(std::nullopt, {panels, fileViewer, cloudItems});
     ASSERT_TRUE(withoutEngine.presentedError());
     EXPECT_EQ(withoutEngine.presentedError()->title,
@@ -53,14 +53,14 @@ TEST_F(RecoveryViewModelChoosing, presentsTheGenericErrorAtOnceWithoutAnEngineAn
     EXPECT_EQ(withoutEngine.credential().view(), u"secret");
 }
 
-TEST_F(RecoveryViewModelChoosing, asksWithTheTextsOfTheCatalogue) {
+TEST_F(RecoveryViewModelChoosingTest, asksWithTheTextsOfTheCatalogue) {
     model->chooseBackup();
     ASSERT_EQ(panels.openPanels.size(), 1U);
     EXPECT_EQ(panels.openPanels[0].title, AmbrelStrings::localized(AmbrelStrings::recoveryChoosePackageAction()));
     EXPECT_EQ(panels.openPanels[0].prompt, panels.openPanels[0].title);
 }
 
-TEST_F(RecoveryViewModelChoosing, changesNothingWhenThePanelIsDismissed) {
+TEST_F(RecoveryViewModelChoosingTest, changesNothingWhenThePanelIsDismissed) {
     choosePackage();
     type("secret");
     panels.answer = std::nullopt;
@@ -69,7 +69,7 @@ TEST_F(RecoveryViewModelChoosing, changesNothingWhenThePanelIsDismissed) {
     EXPECT_EQ(model->credential().view(), u"secret");
 }
 
-TEST_F(RecoveryViewModelChoosing, acceptsAnUpperCaseExtensionAndAPathWithDotsAndATrailingSeparator) {
+TEST_F(RecoveryViewModelChoosingTest, acceptsAnUpperCaseExtensionAndAPathWithDotsAndATrailingSeparator) {
     std::filesystem::create_directory(path("Old.AMBREL"));
     panels.answer = path("temporary/.././Old.AMBREL/");
     untilAnnounced([this] { model->chooseBackup(); });
@@ -77,34 +77,34 @@ TEST_F(RecoveryViewModelChoosing, acceptsAnUpperCaseExtensionAndAPathWithDotsAnd
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelChoosing, acceptsASymbolicLinkToAPackage) {
+TEST_F(RecoveryViewModelChoosingTest, acceptsASymbolicLinkToAPackage) {
     std::filesystem::create_directory_symlink(path("Family Photos.ambrel"), path("link.ambrel"));
     panels.answer = path("link.ambrel");
     untilAnnounced([this] { model->chooseBackup(); });
     EXPECT_EQ(model->packageURL(), path("link.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, refusesAPlainFileWithTheExtension) {
+TEST_F(RecoveryViewModelChoosingTest, refusesAPlainFileWithTheExtension) {
     std::ofstream(path("file.ambrel")) << "x";
     expectRefused(path("file.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, refusesAFolderWithoutTheExtension) {
+TEST_F(RecoveryViewModelChoosingTest, refusesAFolderWithoutTheExtension) {
     expectRefused(path("temporary"));
 }
 
-TEST_F(RecoveryViewModelChoosing, refusesAFolderWhoseWholeNameIsTheExtension) {
+TEST_F(RecoveryViewModelChoosingTest, refusesAFolderWhoseWholeNameIsTheExtension) {
     std::filesystem::create_directory(path(".ambrel"));
     expectRefused(path(".ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, refusesWhatDoesNotExistAndALinkThatLeadsNowhere) {
+TEST_F(RecoveryViewModelChoosingTest, refusesWhatDoesNotExistAndALinkThatLeadsNowhere) {
     expectRefused(path("missing.ambrel"));
     std::filesystem::create_symlink(path("missing.ambrel"), path("dangling.ambrel"));
     expectRefused(path("dangling.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, keepsTheStateWhenAChoiceIsRefused) {
+TEST_F(RecoveryViewModelChoosingTest, keepsTheStateWhenAChoiceIsRefused) {
     inspect(inspectionDocument());
     panels.answer = path("temporary");
     untilAnnounced([this] { model->chooseBackup(); });
@@ -114,7 +114,7 @@ TEST_F(RecoveryViewModelChoosing, keepsTheStateWhenAChoiceIsRefused) {
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelChoosing, clearsEverythingButTheFactorForANewPackage) {
+TEST_F(RecoveryViewModelChoosingTest, clearsEverythingButTheFactorForANewPackage) {
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
     exportToTheEndAndInspectAgain();
     type("typed again");
@@ -134,13 +134,13 @@ TEST_F(RecoveryViewModelChoosing, clearsEverythingButTheFactorForANewPackage) {
     EXPECT_EQ(model->factor(), AmbrelRecoveryAppFactor::recoveryKey);
 }
 
-TEST_F(RecoveryViewModelChoosing, clearsAnErrorWhenAPackageIsAccepted) {
+TEST_F(RecoveryViewModelChoosingTest, clearsAnErrorWhenAPackageIsAccepted) {
     expectRefused(path("temporary"));
     choosePackage();
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelChoosing, isIgnoredWhileAnInspectionRuns) {
+TEST_F(RecoveryViewModelChoosingTest, isIgnoredWhileAnInspectionRuns) {
     setEngineThatWaits();
     choosePackage();
     type("secret");
@@ -154,7 +154,7 @@ TEST_F(RecoveryViewModelChoosing, isIgnoredWhileAnInspectionRuns) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelChoosing, ignoresAnAnswerThatComesWhenAnInspectionRunsAlready) {
+TEST_F(RecoveryViewModelChoosingTest, ignoresAnAnswerThatComesWhenAnInspectionRunsAlready) {
     setEngineThatWaits();
     choosePackage();
     type("secret");
@@ -166,14 +166,14 @@ TEST_F(RecoveryViewModelChoosing, ignoresAnAnswerThatComesWhenAnInspectionRunsAl
     EXPECT_EQ(model->phase(), Phase::inspecting);
 }
 
-TEST_F(RecoveryViewModelChoosing, survivesAnAnswerThatComesAfterTheModelIsGone) {
+TEST_F(RecoveryViewModelChoosingTest, survivesAnAnswerThatComesAfterTheModelIsGone) {
     panels.staysOpen = true;
     model->chooseBackup();
     model.reset();
     panels.open.at(0)(path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, tellsObserversBeforeEachChange) {
+TEST_F(RecoveryViewModelChoosingTest, tellsObserversBeforeEachChange) {
     std::vector<std::optional<std::filesystem::path>> seen;
     QObject::connect(model.get(), &RecoveryViewModel::aboutToChange, [&] { seen.push_back(model->packageURL()); });
     choosePackage();
@@ -182,7 +182,7 @@ TEST_F(RecoveryViewModelChoosing, tellsObserversBeforeEachChange) {
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosing, dismissingAnErrorChangesNothingElse) {
+TEST_F(RecoveryViewModelChoosingTest, dismissingAnErrorChangesNothingElse) {
     inspect(inspectionDocument());
     panels.answer = path("temporary");
     untilAnnounced([this] { model->chooseBackup(); });

@@ -7,9 +7,9 @@
 
 namespace {
 
-class RecoveryViewModelExport : public RecoveryViewModelTestCase {
+class RecoveryViewModelExportTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelExport() {
+    RecoveryViewModelExportTest() {
         makeModel();
         inspect(inspectionDocument());
         panels.answer = path("Ambrel Recovered");
@@ -28,7 +28,7 @@ protected:
 
 } // namespace
 
-TEST_F(RecoveryViewModelExport, asksWithTheTextsOfTheCatalogueAndProposesAName) {
+TEST_F(RecoveryViewModelExportTest, asksWithTheTextsOfTheCatalogueAndProposesAName) {
     panels.answer = std::nullopt;
     model->chooseDestinationAndExport();
     ASSERT_EQ(panels.savePanels.size(), 1U);
@@ -39,7 +39,7 @@ TEST_F(RecoveryViewModelExport, asksWithTheTextsOfTheCatalogueAndProposesAName) 
     EXPECT_FALSE(model->destinationURL());
 }
 
-TEST_F(RecoveryViewModelExport, tellsThePanelHowMuchTheSelectedSnapshotNeeds) {
+TEST_F(RecoveryViewModelExportTest, tellsThePanelHowMuchTheSelectedSnapshotNeeds) {
     std::string document = inspectionDocument();
     // That of the older snapshot, which comes first.
     document.replace(document.find("1500000"), std::string_view("1500000").size(), "18446744073709551615");
@@ -55,7 +55,7 @@ TEST_F(RecoveryViewModelExport, tellsThePanelHowMuchTheSelectedSnapshotNeeds) {
     EXPECT_EQ(panels.savePanels[2].requiredByteCount, std::nullopt);
 }
 
-TEST_F(RecoveryViewModelExport, takesNoOtherSecretFactorOrSnapshotWhileItRuns) {
+TEST_F(RecoveryViewModelExportTest, takesNoOtherSecretFactorOrSnapshotWhileItRuns) {
     setEngineThatWaits();
     chooseDestination(path("Ambrel Recovered"));
     waitUntilEngineRuns();
@@ -70,7 +70,7 @@ TEST_F(RecoveryViewModelExport, takesNoOtherSecretFactorOrSnapshotWhileItRuns) {
     EXPECT_EQ(model->selectedSnapshotCode(), "old");
 }
 
-TEST_F(RecoveryViewModelExport, refusesADestinationInsideThePackageBeforeTheEngineIsAsked) {
+TEST_F(RecoveryViewModelExportTest, refusesADestinationInsideThePackageBeforeTheEngineIsAsked) {
     setEngineThatPrints(exportDocument());
     std::filesystem::remove(path("arguments"));
     std::filesystem::create_directory_symlink(path("Family Photos.ambrel"), path("link"));
@@ -80,7 +80,7 @@ TEST_F(RecoveryViewModelExport, refusesADestinationInsideThePackageBeforeTheEngi
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExport, handsTheEngineItsCommandLineAndTheCredentialAndCompletes) {
+TEST_F(RecoveryViewModelExportTest, handsTheEngineItsCommandLineAndTheCredentialAndCompletes) {
     setEngineThatPrints(exportDocument());
     chooseDestination(path("temporary/../Ambrel Recovered"));
     EXPECT_EQ(model->phase(), Phase::exporting);
@@ -99,7 +99,7 @@ TEST_F(RecoveryViewModelExport, handsTheEngineItsCommandLineAndTheCredentialAndC
     EXPECT_FALSE(std::filesystem::exists(path("Ambrel Recovered")));
 }
 
-TEST_F(RecoveryViewModelExport, exportsTheSnapshotThatTheUserPicked) {
+TEST_F(RecoveryViewModelExportTest, exportsTheSnapshotThatTheUserPicked) {
     setEngineThatPrints(exportDocument());
     model->setSelectedSnapshotCode("old");
     model->chooseDestinationAndExport();
@@ -107,19 +107,19 @@ TEST_F(RecoveryViewModelExport, exportsTheSnapshotThatTheUserPicked) {
     EXPECT_EQ(engineArguments().at(3), "old");
 }
 
-TEST_F(RecoveryViewModelExport, refusesADestinationThatExists) {
+TEST_F(RecoveryViewModelExportTest, refusesADestinationThatExists) {
     std::filesystem::create_directory(path("Ambrel Recovered"));
     chooseDestination(path("Ambrel Recovered"));
     expectDestinationError();
 }
 
-TEST_F(RecoveryViewModelExport, refusesADestinationThatIsALinkToNowhere) {
+TEST_F(RecoveryViewModelExportTest, refusesADestinationThatIsALinkToNowhere) {
     std::filesystem::create_symlink(path("nowhere"), path("Ambrel Recovered"));
     chooseDestination(path("Ambrel Recovered"));
     expectDestinationError();
 }
 
-TEST_F(RecoveryViewModelExport, keepsTheSessionAfterAFailureSoThatItCanBeTriedAgain) {
+TEST_F(RecoveryViewModelExportTest, keepsTheSessionAfterAFailureSoThatItCanBeTriedAgain) {
     setEngineThatFails("output could not be written");
     model->chooseDestinationAndExport();
     waitUntil([this] { return model->presentedError().has_value(); });
@@ -134,7 +134,7 @@ TEST_F(RecoveryViewModelExport, keepsTheSessionAfterAFailureSoThatItCanBeTriedAg
     EXPECT_EQ(engineInput(), "correct horse\n");
 }
 
-TEST_F(RecoveryViewModelExport, refusesADocumentOfAnotherKind) {
+TEST_F(RecoveryViewModelExportTest, refusesADocumentOfAnotherKind) {
     setEngineThatPrints(inspectionDocument());
     model->chooseDestinationAndExport();
     waitUntil([this] { return model->presentedError().has_value(); });
@@ -144,7 +144,7 @@ TEST_F(RecoveryViewModelExport, refusesADocumentOfAnotherKind) {
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExport, refusesAReportWhoseOnlyFaultIsTheIdentifierOfAnInspection) {
+TEST_F(RecoveryViewModelExportTest, refusesAReportWhoseOnlyFaultIsTheIdentifierOfAnInspection) {
     std::string report = exportDocument();
     report.replace(report.find("cli-export"), std::string_view("cli-export").size(), "cli-inspection");
     setEngineThatPrints(report);
@@ -156,7 +156,7 @@ TEST_F(RecoveryViewModelExport, refusesAReportWhoseOnlyFaultIsTheIdentifierOfAnI
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExport, completesAlsoWhereResourcesCouldNotBeWritten) {
+TEST_F(RecoveryViewModelExportTest, completesAlsoWhereResourcesCouldNotBeWritten) {
     std::string report = exportDocument();
     const std::string_view none = R"("failedResourceCount":0)";
     report.replace(report.find(none), none.size(), R"("failedResourceCount":3)");
@@ -172,7 +172,7 @@ TEST_F(RecoveryViewModelExport, completesAlsoWhereResourcesCouldNotBeWritten) {
     EXPECT_FALSE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExport, presentsAMissingEngineAsAGenericFailureAndKeepsTheSession) {
+TEST_F(RecoveryViewModelExportTest, presentsAMissingEngineAsAGenericFailureAndKeepsTheSession) {
     std::filesystem::remove(path("engine"));
     model->chooseDestinationAndExport();
     waitUntil([this] { return model->presentedError().has_value(); });
@@ -181,13 +181,13 @@ TEST_F(RecoveryViewModelExport, presentsAMissingEngineAsAGenericFailureAndKeepsT
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExport, isIgnoredWithoutASelection) {
+TEST_F(RecoveryViewModelExportTest, isIgnoredWithoutASelection) {
     model->setSelectedSnapshotCode(std::nullopt);
     model->chooseDestinationAndExport();
     EXPECT_TRUE(panels.savePanels.empty());
 }
 
-TEST_F(RecoveryViewModelExport, ignoresAnAnswerThatComesWhenExportHasBecomeImpossible) {
+TEST_F(RecoveryViewModelExportTest, ignoresAnAnswerThatComesWhenExportHasBecomeImpossible) {
     panels.staysOpen = true;
     model->chooseDestinationAndExport();
     model->setSelectedSnapshotCode(std::nullopt);
@@ -196,7 +196,7 @@ TEST_F(RecoveryViewModelExport, ignoresAnAnswerThatComesWhenExportHasBecomeImpos
     EXPECT_FALSE(model->destinationURL());
 }
 
-TEST_F(RecoveryViewModelExport, revealsTheDestination) {
+TEST_F(RecoveryViewModelExportTest, revealsTheDestination) {
     model->openRecoveredFolder();
     EXPECT_TRUE(fileViewer.revealed.empty());
     setEngineThatPrints(exportDocument());
@@ -206,7 +206,7 @@ TEST_F(RecoveryViewModelExport, revealsTheDestination) {
     EXPECT_EQ(fileViewer.revealed, (std::vector{path("Ambrel Recovered")}));
 }
 
-TEST_F(RecoveryViewModelExport, canInspectAgainAfterCompletion) {
+TEST_F(RecoveryViewModelExportTest, canInspectAgainAfterCompletion) {
     setEngineThatPrints(exportDocument());
     model->chooseDestinationAndExport();
     waitForPhase(Phase::complete);

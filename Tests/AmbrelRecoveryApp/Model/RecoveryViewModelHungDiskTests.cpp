@@ -9,15 +9,15 @@
 
 namespace {
 
-class RecoveryViewModelHungDisk : public RecoveryViewModelTestCase {
+class RecoveryViewModelHungDiskTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelHungDisk() {
+    RecoveryViewModelHungDiskTest() {
         makeModel();
         std::filesystem::create_directory(path("Slow.ambrel"));
         std::filesystem::create_directory(path("Slow folder"));
     }
 
-    ~RecoveryViewModelHungDisk() override { answer(); }
+    ~RecoveryViewModelHungDiskTest() override { answer(); }
 
     /// Chooses a package and returns once its disk was asked.
     void chooseSlowPackage() {
@@ -52,7 +52,7 @@ private:
 
 } // namespace
 
-TEST_F(RecoveryViewModelHungDisk, aPackageIsTakenWhenItsDiskHasAnswered) {
+TEST_F(RecoveryViewModelHungDiskTest, aPackageIsTakenWhenItsDiskHasAnswered) {
     chooseSlowPackage();
     EXPECT_FALSE(model->packageURL());
     EXPECT_FALSE(model->isBusy());
@@ -62,14 +62,14 @@ TEST_F(RecoveryViewModelHungDisk, aPackageIsTakenWhenItsDiskHasAnswered) {
     EXPECT_EQ(model->packageURL(), path("Slow.ambrel"));
 }
 
-TEST_F(RecoveryViewModelHungDisk, theLatestChosenPackageWins) {
+TEST_F(RecoveryViewModelHungDiskTest, theLatestChosenPackageWins) {
     chooseSlowPackage();
     choosePackage();
     expectNoSlowPackage();
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelHungDisk, anInspectionThatBeganMeanwhileWins) {
+TEST_F(RecoveryViewModelHungDiskTest, anInspectionThatBeganMeanwhileWins) {
     choosePackage();
     chooseSlowPackage();
     type("secret");
@@ -82,7 +82,7 @@ TEST_F(RecoveryViewModelHungDisk, anInspectionThatBeganMeanwhileWins) {
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelHungDisk, aCancellationAndAnotherStartWin) {
+TEST_F(RecoveryViewModelHungDiskTest, aCancellationAndAnotherStartWin) {
     chooseSlowPackage();
     model->cancelOperation();
     expectNoSlowPackage();
@@ -91,14 +91,14 @@ TEST_F(RecoveryViewModelHungDisk, aCancellationAndAnotherStartWin) {
     expectNoSlowPackage();
 }
 
-TEST_F(RecoveryViewModelHungDisk, aRefusalThatComesTooLateIsNotTold) {
+TEST_F(RecoveryViewModelHungDiskTest, aRefusalThatComesTooLateIsNotTold) {
     std::filesystem::remove(path("Slow.ambrel"));
     chooseSlowPackage();
     choosePackage();
     expectNoSlowPackage();
 }
 
-TEST_F(RecoveryViewModelHungDisk, anExportBeginsWhenTheDiskOfItsDestinationHasAnswered) {
+TEST_F(RecoveryViewModelHungDiskTest, anExportBeginsWhenTheDiskOfItsDestinationHasAnswered) {
     inspect(inspectionDocument());
     setEngineThatPrints(exportDocument());
     chooseSlowDestination();
@@ -110,7 +110,7 @@ TEST_F(RecoveryViewModelHungDisk, anExportBeginsWhenTheDiskOfItsDestinationHasAn
     EXPECT_EQ(model->destinationURL(), path("Slow folder/Recovered"));
 }
 
-TEST_F(RecoveryViewModelHungDisk, theLatestChosenDestinationWins) {
+TEST_F(RecoveryViewModelHungDiskTest, theLatestChosenDestinationWins) {
     inspect(inspectionDocument());
     chooseSlowDestination();
     exportEverything();
@@ -120,7 +120,7 @@ TEST_F(RecoveryViewModelHungDisk, theLatestChosenDestinationWins) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelHungDisk, noExportBeginsThatHasBecomeImpossible) {
+TEST_F(RecoveryViewModelHungDiskTest, noExportBeginsThatHasBecomeImpossible) {
     inspect(inspectionDocument());
     chooseSlowDestination();
     model->setSelectedSnapshotCode(std::nullopt);
@@ -129,7 +129,7 @@ TEST_F(RecoveryViewModelHungDisk, noExportBeginsThatHasBecomeImpossible) {
     EXPECT_FALSE(model->destinationURL());
 }
 
-TEST_F(RecoveryViewModelHungDisk, noOtherSnapshotIsExportedThanTheOneThatTheDestinationWasNamedFor) {
+TEST_F(RecoveryViewModelHungDiskTest, noOtherSnapshotIsExportedThanTheOneThatTheDestinationWasNamedFor) {
     inspect(inspectionDocument());
     chooseSlowDestination();
     model->setSelectedSnapshotCode("old");
@@ -139,7 +139,7 @@ TEST_F(RecoveryViewModelHungDisk, noOtherSnapshotIsExportedThanTheOneThatTheDest
     EXPECT_EQ(model->selectedSnapshotCode(), "old");
 }
 
-TEST_F(RecoveryViewModelHungDisk, theProcessDoesNotWaitForIt) {
+TEST_F(RecoveryViewModelHungDiskTest, theProcessDoesNotWaitForIt) {
     constexpr std::chrono::hours tooLongForATest(1);
     chooseSlowPackage();
     model.reset();

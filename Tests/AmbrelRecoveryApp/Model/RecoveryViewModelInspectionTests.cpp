@@ -8,9 +8,9 @@
 
 namespace {
 
-class RecoveryViewModelInspection : public RecoveryViewModelTestCase {
+class RecoveryViewModelInspectionTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelInspection() { makeModel(); }
+    RecoveryViewModelInspectionTest() { makeModel(); }
 
     void startInspection() {
         choosePackage();
@@ -45,7 +45,7 @@ std::string replaced(std::string text, const std::string& old, const std::string
 
 } // namespace
 
-TEST_F(RecoveryViewModelInspection, needsMoreThanSpacesAndLineBreaks) {
+TEST_F(RecoveryViewModelInspectionTest, needsMoreThanSpacesAndLineBreaks) {
     choosePackage();
     for (const char16_t* blank : {u"", u" ", u" \t\r\n ", u"\u00A0\u3000\u2028\u0085"}) {
         type(QString::fromUtf16(blank));
@@ -55,7 +55,7 @@ TEST_F(RecoveryViewModelInspection, needsMoreThanSpacesAndLineBreaks) {
     EXPECT_TRUE(model->canInspect());
 }
 
-TEST_F(RecoveryViewModelInspection, needsAPackage) {
+TEST_F(RecoveryViewModelInspectionTest, needsAPackage) {
     type("secret");
     EXPECT_FALSE(model->canInspect());
     model->inspectBackup();
@@ -63,7 +63,7 @@ TEST_F(RecoveryViewModelInspection, needsAPackage) {
     EXPECT_EQ(model->credential().view(), u"secret");
 }
 
-TEST_F(RecoveryViewModelInspection, handsTheEngineTheUntrimmedCredentialAndAPathWithSpacesAsOneArgument) {
+TEST_F(RecoveryViewModelInspectionTest, handsTheEngineTheUntrimmedCredentialAndAPathWithSpacesAsOneArgument) {
     choosePackage();
     type(QStringLiteral(" Grüße 🗝 "));
     model->inspectBackup();
@@ -76,13 +76,13 @@ TEST_F(RecoveryViewModelInspection, handsTheEngineTheUntrimmedCredentialAndAPath
     EXPECT_EQ(engineInput(), " Grüße 🗝 \n");
 }
 
-TEST_F(RecoveryViewModelInspection, passesTheFlagOfTheRecoveryKey) {
+TEST_F(RecoveryViewModelInspectionTest, passesTheFlagOfTheRecoveryKey) {
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
     inspect(inspectionDocument());
     EXPECT_EQ(engineArguments().at(2), "--recovery-key");
 }
 
-TEST_F(RecoveryViewModelInspection, showsTheSnapshotsAndSelectsTheRecommendedOne) {
+TEST_F(RecoveryViewModelInspectionTest, showsTheSnapshotsAndSelectsTheRecommendedOne) {
     inspect(inspectionDocument());
     ASSERT_TRUE(model->inspection());
     EXPECT_EQ(model->inspection()->snapshots.size(), 2U);
@@ -92,13 +92,13 @@ TEST_F(RecoveryViewModelInspection, showsTheSnapshotsAndSelectsTheRecommendedOne
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelInspection, selectsNothingWhereTheHistoryForked) {
+TEST_F(RecoveryViewModelInspectionTest, selectsNothingWhereTheHistoryForked) {
     inspect(inspectionDocument("unresolved-fork"));
     EXPECT_FALSE(model->selectedSnapshotCode());
     EXPECT_FALSE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelInspection, allowsExportOnlyForTheFactorThatUnlockedThePackage) {
+TEST_F(RecoveryViewModelInspectionTest, allowsExportOnlyForTheFactorThatUnlockedThePackage) {
     inspect(inspectionDocument());
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
     EXPECT_FALSE(model->canExport());
@@ -106,20 +106,20 @@ TEST_F(RecoveryViewModelInspection, allowsExportOnlyForTheFactorThatUnlockedTheP
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelInspection, presentsTheFailureThatTheEngineTells) {
+TEST_F(RecoveryViewModelInspectionTest, presentsTheFailureThatTheEngineTells) {
     setEngineThatFails("The passphrase did not unlock the package.");
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::wrongPassphrase);
 }
 
-TEST_F(RecoveryViewModelInspection, presentsAWrongRecoveryKeyForThatFactor) {
+TEST_F(RecoveryViewModelInspectionTest, presentsAWrongRecoveryKeyForThatFactor) {
     setEngineThatFails("CREDENTIAL IS INVALID");
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::wrongRecoveryKey);
 }
 
-TEST_F(RecoveryViewModelInspection, refusesADocumentWithOtherIdentifiers) {
+TEST_F(RecoveryViewModelInspectionTest, refusesADocumentWithOtherIdentifiers) {
     setEngineThatPrints(replaced(inspectionDocument(), "com.ambrel.backup.v1", "com.ambrel.backup.v2"));
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::generic);
@@ -128,32 +128,32 @@ TEST_F(RecoveryViewModelInspection, refusesADocumentWithOtherIdentifiers) {
     expectFailure(AmbrelRecoveryFailureKind::generic);
 }
 
-TEST_F(RecoveryViewModelInspection, refusesEmptyOutputOfASuccessfulEngine) {
+TEST_F(RecoveryViewModelInspectionTest, refusesEmptyOutputOfASuccessfulEngine) {
     setEngineThatPrints("");
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::generic);
 }
 
-TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineTellsAFailure) {
+TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineTellsAFailure) {
     inspect(inspectionDocument());
     setEngineThatFails("package is unavailable");
     expectDroppedSession();
 }
 
-TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheResultIsRefused) {
+TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenTheResultIsRefused) {
     inspect(inspectionDocument());
     setEngineThatPrints("");
     expectDroppedSession();
 }
 
-TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineCannotRun) {
+TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineCannotRun) {
     inspect(inspectionDocument());
     std::filesystem::remove(path("engine"));
     expectDroppedSession();
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWhenThePreparationFails) {
+TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenThePreparationFails) {
     inspect(inspectionDocument());
     cloudItems->onProperties = [] {
         return CloudItems::Properties{
@@ -163,14 +163,14 @@ TEST_F(RecoveryViewModelInspection, keepsAnEarlierInspectionAndDropsTheSessionWh
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelInspection, presentsAnEngineThatIsGoneAsAGenericFailure) {
+TEST_F(RecoveryViewModelInspectionTest, presentsAnEngineThatIsGoneAsAGenericFailure) {
     std::filesystem::remove(path("engine"));
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::generic);
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelInspection, showsTheProgressOfADownload) {
+TEST_F(RecoveryViewModelInspectionTest, showsTheProgressOfADownload) {
     std::atomic<int> passes = 0;
     cloudItems->onProperties = [&passes] {
         return CloudItems::Properties{.isUbiquitous = true,
@@ -189,7 +189,7 @@ TEST_F(RecoveryViewModelInspection, showsTheProgressOfADownload) {
     EXPECT_EQ(model->packagePreparationProgress(), 1.0);
 }
 
-TEST_F(RecoveryViewModelInspection, presentsADownloadThatFails) {
+TEST_F(RecoveryViewModelInspectionTest, presentsADownloadThatFails) {
     cloudItems->onProperties = [] {
         return CloudItems::Properties{
             .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = true};
@@ -199,7 +199,7 @@ TEST_F(RecoveryViewModelInspection, presentsADownloadThatFails) {
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelInspection, presentsUnreadablePropertiesAsAGenericFailure) {
+TEST_F(RecoveryViewModelInspectionTest, presentsUnreadablePropertiesAsAGenericFailure) {
     cloudItems->onProperties = []() -> CloudItems::Properties {
         throw std::system_error(std::make_error_code(std::errc::io_error));
     };
@@ -207,7 +207,7 @@ TEST_F(RecoveryViewModelInspection, presentsUnreadablePropertiesAsAGenericFailur
     expectFailure(AmbrelRecoveryFailureKind::generic);
 }
 
-TEST_F(RecoveryViewModelInspection, canBeRepeatedAfterAFailure) {
+TEST_F(RecoveryViewModelInspectionTest, canBeRepeatedAfterAFailure) {
     setEngineThatFails("did not unlock");
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::wrongPassphrase);
@@ -215,7 +215,7 @@ TEST_F(RecoveryViewModelInspection, canBeRepeatedAfterAFailure) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelInspection, formatsTheEpochInTheTimeZoneOfTheUser) {
+TEST_F(RecoveryViewModelInspectionTest, formatsTheEpochInTheTimeZoneOfTheUser) {
     qputenv("TZ", "America/Los_Angeles");
     EXPECT_TRUE(model->formattedDate(0).contains("1969")) << model->formattedDate(0).toStdString();
     qputenv("TZ", "UTC");
@@ -224,12 +224,12 @@ TEST_F(RecoveryViewModelInspection, formatsTheEpochInTheTimeZoneOfTheUser) {
     qunsetenv("TZ");
 }
 
-TEST_F(RecoveryViewModelInspection, formatsAFractionAsAWholePercentageWithoutClamping) {
+TEST_F(RecoveryViewModelInspectionTest, formatsAFractionAsAWholePercentageWithoutClamping) {
     EXPECT_TRUE(model->formattedPercent(0.42).contains("42"));
     EXPECT_TRUE(model->formattedPercent(1.5).contains("150"));
 }
 
-TEST_F(RecoveryViewModelInspection, takesNoOtherSecretAndNoOtherFactorWhileItRuns) {
+TEST_F(RecoveryViewModelInspectionTest, takesNoOtherSecretAndNoOtherFactorWhileItRuns) {
     setEngineThatWaits();
     startInspection();
     const auto expectIgnored = [this] {

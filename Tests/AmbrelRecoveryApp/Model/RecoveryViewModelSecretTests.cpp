@@ -11,9 +11,9 @@
 
 namespace {
 
-class RecoveryViewModelSecret : public RecoveryViewModelTestCase {
+class RecoveryViewModelSecretTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelSecret() { makeModel(); }
+    RecoveryViewModelSecretTest() { makeModel(); }
 
     /// The copies that the application has: as the bytes that the engine gets, without the test's own ones.
     static int copiesAtOnce() { return MemoryScan::copiesOfHiddenSecret() - 1; }
@@ -80,13 +80,13 @@ private:
 
 } // namespace
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenAnotherPackageIsChosen) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenAnotherPackageIsChosen) {
     inspectWell();
     choosePackage();
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isThatOfTheLatestInspectionAlone) {
+TEST_F(RecoveryViewModelSecretTest, isThatOfTheLatestInspectionAlone) {
     inspectWell();
     type("another secret");
     model->inspectBackup();
@@ -96,21 +96,21 @@ TEST_F(RecoveryViewModelSecret, isThatOfTheLatestInspectionAlone) {
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenTheEngineTellsAFailure) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenTheEngineTellsAFailure) {
     setEngineThatFails("did not unlock");
     startInspection();
     waitForPhase(Phase::chooseBackup);
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenTheEngineCannotRun) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenTheEngineCannotRun) {
     std::filesystem::remove(path("engine"));
     startInspection();
     waitForPhase(Phase::chooseBackup);
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenThePackageCannotBePrepared) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenThePackageCannotBePrepared) {
     cloudItems->onProperties = []() -> CloudItems::Properties {
         throw std::system_error(std::make_error_code(std::errc::io_error));
     };
@@ -119,7 +119,7 @@ TEST_F(RecoveryViewModelSecret, isGoneWhenThePackageCannotBePrepared) {
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenADownloadIsCancelledWithoutAnEarlierInspection) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenADownloadIsCancelledWithoutAnEarlierInspection) {
     downloadForever();
     startInspection();
     waitUntil([this] { return model->packagePreparationProgress() == 0.1; });
@@ -127,11 +127,11 @@ TEST_F(RecoveryViewModelSecret, isGoneWhenADownloadIsCancelledWithoutAnEarlierIn
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isTheRunsAloneWhenAnInspectionIsCancelledWithoutAnEarlierOneAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenAnInspectionIsCancelledWithoutAnEarlierOneAndGoneWithTheEngine) {
     expectSessionGoneAtOnce([this] { startInspection(); }, [this] { model->cancelOperation(); });
 }
 
-TEST_F(RecoveryViewModelSecret, isKeptWhenALaterInspectionIsCancelled) {
+TEST_F(RecoveryViewModelSecretTest, isKeptWhenALaterInspectionIsCancelled) {
     inspectWell();
     setEngineThatWaits();
     typeAndInspect();
@@ -140,7 +140,7 @@ TEST_F(RecoveryViewModelSecret, isKeptWhenALaterInspectionIsCancelled) {
     EXPECT_EQ(copies(), 1);
 }
 
-TEST_F(RecoveryViewModelSecret, isKeptWhenAnExportIsCancelledOrFailsAndGoneWhenItSucceeds) {
+TEST_F(RecoveryViewModelSecretTest, isKeptWhenAnExportIsCancelledOrFailsAndGoneWhenItSucceeds) {
     inspectWell();
     exportUntilEngineRuns();
     model->cancelOperation();
@@ -155,29 +155,29 @@ TEST_F(RecoveryViewModelSecret, isKeptWhenAnExportIsCancelledOrFailsAndGoneWhenI
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWhenItStartsAgain) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenItStartsAgain) {
     inspectWell();
     model->startAgain();
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isTheRunsAloneWhenItStartsAgainDuringAnExportAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenItStartsAgainDuringAnExportAndGoneWithTheEngine) {
     inspectWell();
     expectSessionGoneAtOnce([this] { startExport(); }, [this] { model->startAgain(); });
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWithTheModel) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWithTheModel) {
     inspectWell();
     model.reset();
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecret, isTheRunsAloneWhenTheModelGoesDuringAnExportAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenTheModelGoesDuringAnExportAndGoneWithTheEngine) {
     inspectWell();
     expectSessionGoneAtOnce([this] { startExport(); }, [this] { model.reset(); });
 }
 
-TEST_F(RecoveryViewModelSecret, isGoneWithTheModelDuringADownload) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWithTheModelDuringADownload) {
     downloadForever();
     startInspection();
     waitUntil([this] { return model->packagePreparationProgress() == 0.1; });

@@ -41,9 +41,9 @@ const std::map<std::string, Kind> errorsOfEngines = {
 };
 
 /// A model on misbehaving-engine, whose misbehaviours a file names.
-class RecoveryViewModelStorm : public RecoveryViewModelTestCase {
+class RecoveryViewModelStormTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelStorm() : choice_("AMBREL_TEST_MISBEHAVIOUR", "@" + path("misbehaviour").string()) {
+    RecoveryViewModelStormTest() : choice_("AMBREL_TEST_MISBEHAVIOUR", "@" + path("misbehaviour").string()) {
         std::filesystem::remove(path("engine"));
         std::filesystem::create_symlink(misbehavingEngine(), path("engine"));
         misbehave("valid");
@@ -181,7 +181,7 @@ constexpr std::array<const char*, 11> misbehaviours = {"fork",
 
 } // namespace
 
-TEST_F(RecoveryViewModelStorm, leavesNothing) {
+TEST_F(RecoveryViewModelStormTest, leavesNothing) {
     Storm storm;
     std::map<int, std::string> descriptors;
     int runs = 0;
@@ -254,7 +254,7 @@ TEST_F(RecoveryViewModelStorm, leavesNothing) {
               << " models destroyed, " << completed << " exports complete\n";
 }
 
-TEST_F(RecoveryViewModelStorm, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothing) {
+TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothing) {
     constexpr int far = 1000;
     int points = 0;
     std::map<int, std::string> descriptors;
@@ -273,7 +273,7 @@ TEST_F(RecoveryViewModelStorm, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNo
     std::cout << points << " points\n";
 }
 
-TEST_F(RecoveryViewModelStorm, aModelThatIsDestroyedWhileAnOutcomeIsOnItsWayLeavesNothing) {
+TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedWhileAnOutcomeIsOnItsWayLeavesNothing) {
     // The outcome of the preparation, of the inspection, and of the export, each queued when the model goes.
     for (int queued = 1; queued <= 3; ++queued) {
         int step = 0;

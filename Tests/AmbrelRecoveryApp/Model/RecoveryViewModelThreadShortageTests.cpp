@@ -12,9 +12,9 @@
 
 namespace {
 
-class RecoveryViewModelThreadShortage : public RecoveryViewModelTestCase {
+class RecoveryViewModelThreadShortageTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelThreadShortage() { makeModel(); }
+    RecoveryViewModelThreadShortageTest() { makeModel(); }
 
     void typeSecret() { type(QString::fromLatin1(secret_.data(), static_cast<qsizetype>(secret_.size()))); }
 
@@ -65,7 +65,7 @@ TEST(ThreadShortageTest, isOneOfThisThreadUntilItIsOver) {
     std::thread([] {}).join();
 }
 
-TEST_F(RecoveryViewModelThreadShortage, whileAPackageIsCheckedItIsNotTaken) {
+TEST_F(RecoveryViewModelThreadShortageTest, whileAPackageIsCheckedItIsNotTaken) {
     {
         const ThreadShortage shortage;
         model->acceptPackage(path("Family Photos.ambrel"));
@@ -76,7 +76,7 @@ TEST_F(RecoveryViewModelThreadShortage, whileAPackageIsCheckedItIsNotTaken) {
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelThreadShortage, beforeThePreparationFailsTheInspection) {
+TEST_F(RecoveryViewModelThreadShortageTest, beforeThePreparationFailsTheInspection) {
     choosePackage();
     typeSecret();
     {
@@ -86,7 +86,7 @@ TEST_F(RecoveryViewModelThreadShortage, beforeThePreparationFailsTheInspection) 
     expectFailedInspection();
 }
 
-TEST_F(RecoveryViewModelThreadShortage, betweenThePreparationAndTheEngineFailsTheInspection) {
+TEST_F(RecoveryViewModelThreadShortageTest, betweenThePreparationAndTheEngineFailsTheInspection) {
     choosePackage();
     typeSecret();
     model->inspectBackup();
@@ -98,7 +98,7 @@ TEST_F(RecoveryViewModelThreadShortage, betweenThePreparationAndTheEngineFailsTh
     expectFailedInspection();
 }
 
-TEST_F(RecoveryViewModelThreadShortage, whileADestinationIsCheckedFailsTheExport) {
+TEST_F(RecoveryViewModelThreadShortageTest, whileADestinationIsCheckedFailsTheExport) {
     inspectAndForgetArguments();
     panels.answer = path("Ambrel Recovered");
     {
@@ -109,7 +109,7 @@ TEST_F(RecoveryViewModelThreadShortage, whileADestinationIsCheckedFailsTheExport
     expectFailedExport();
 }
 
-TEST_F(RecoveryViewModelThreadShortage, betweenThatCheckAndTheEngineFailsTheExport) {
+TEST_F(RecoveryViewModelThreadShortageTest, betweenThatCheckAndTheEngineFailsTheExport) {
     inspectAndForgetArguments();
     panels.answer = path("Ambrel Recovered");
     model->chooseDestinationAndExport();

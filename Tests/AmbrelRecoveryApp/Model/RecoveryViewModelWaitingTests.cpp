@@ -14,9 +14,9 @@
 
 namespace {
 
-class RecoveryViewModelWaiting : public RecoveryViewModelTestCase {
+class RecoveryViewModelWaitingTest : public RecoveryViewModelTestCase {
 protected:
-    ~RecoveryViewModelWaiting() override { letEngineEnd(); }
+    ~RecoveryViewModelWaitingTest() override { letEngineEnd(); }
 
     void makeModelThatWaits(std::chrono::milliseconds longestWait = RecoveryEngineProgram::defaultWait) {
         model =
@@ -85,7 +85,7 @@ private:
 
 } // namespace
 
-TEST_F(RecoveryViewModelWaiting, anInspectionRunsWhenTheCancelledOneHasEnded) {
+TEST_F(RecoveryViewModelWaitingTest, anInspectionRunsWhenTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnInspection();
     setNextEngineThatPrints(inspectionDocument());
@@ -98,7 +98,7 @@ TEST_F(RecoveryViewModelWaiting, anInspectionRunsWhenTheCancelledOneHasEnded) {
     EXPECT_EQ(engineInput(), "secret\n");
 }
 
-TEST_F(RecoveryViewModelWaiting, anExportRunsWhenTheCancelledOneHasEnded) {
+TEST_F(RecoveryViewModelWaitingTest, anExportRunsWhenTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnExport();
     setNextEngineThatPrints(exportDocument());
@@ -111,7 +111,7 @@ TEST_F(RecoveryViewModelWaiting, anExportRunsWhenTheCancelledOneHasEnded) {
     EXPECT_EQ(engineInput(), "correct horse\n");
 }
 
-TEST_F(RecoveryViewModelWaiting, whatWaitsCanBeCancelledAndNeverRuns) {
+TEST_F(RecoveryViewModelWaitingTest, whatWaitsCanBeCancelledAndNeverRuns) {
     makeModelThatWaits();
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -126,7 +126,7 @@ TEST_F(RecoveryViewModelWaiting, whatWaitsCanBeCancelledAndNeverRuns) {
     waitForPhase(Phase::snapshots);
 }
 
-TEST_F(RecoveryViewModelWaiting, whatWaitsNeverRunsOnceTheModelIsGone) {
+TEST_F(RecoveryViewModelWaitingTest, whatWaitsNeverRunsOnceTheModelIsGone) {
     makeModelThatWaits();
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -137,7 +137,7 @@ TEST_F(RecoveryViewModelWaiting, whatWaitsNeverRunsOnceTheModelIsGone) {
     EXPECT_FALSE(isNextEngineStarted());
 }
 
-TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnInspectionFailsAndGivesTheSecretBack) {
+TEST_F(RecoveryViewModelWaitingTest, behindAnEngineThatNeverEndsAnInspectionFailsAndGivesTheSecretBack) {
     makeModelThatWaits(std::chrono::milliseconds(1));
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -155,7 +155,7 @@ TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnInspectionFailsAnd
     EXPECT_TRUE(model->credential().view().isEmpty());
 }
 
-TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnExportFailsAndKeepsTheSecret) {
+TEST_F(RecoveryViewModelWaitingTest, behindAnEngineThatNeverEndsAnExportFailsAndKeepsTheSecret) {
     makeModelThatWaits(std::chrono::milliseconds(1));
     cancelAnExport();
     setEngineThatPrints(exportDocument());
@@ -170,7 +170,7 @@ TEST_F(RecoveryViewModelWaiting, behindAnEngineThatNeverEndsAnExportFailsAndKeep
     EXPECT_EQ(engineInput(), "correct horse\n");
 }
 
-TEST_F(RecoveryViewModelWaiting, anInspectionThatWasCancelledAtAnyMomentDoesNotDisturbTheNext) {
+TEST_F(RecoveryViewModelWaitingTest, anInspectionThatWasCancelledAtAnyMomentDoesNotDisturbTheNext) {
     makeModelThatWaits();
     for (int turns = 0; turns < 40 && !HasFailure(); ++turns) {
         setEngineThatPrints(inspectionDocument());

@@ -19,9 +19,9 @@ using WorkflowTable::Expected;
 using WorkflowTable::operation;
 using WorkflowTable::operations;
 
-class RecoveryWorkflow : public RecoveryViewModelTestCase {
+class RecoveryWorkflowTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryWorkflow() {
+    RecoveryWorkflowTest() {
         std::filesystem::create_directories(folder_ / "Photos");
         for (int number = 1; number <= WorkflowDriver::longestWalk; ++number) {
             std::filesystem::create_directory(folder_ / WorkflowDriver::package(number));
@@ -67,7 +67,7 @@ protected:
 };
 
 /// The outcome of a step is queued when the user, or the end of the window, gets ahead of it.
-class RecoveryWorkflowOvertaken : public RecoveryWorkflow {
+class RecoveryWorkflowOvertakenTest : public RecoveryWorkflowTest {
 protected:
     void inspect() {
         choosePackage();
@@ -97,7 +97,7 @@ protected:
 
 } // namespace
 
-TEST_F(RecoveryWorkflow, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
+TEST_F(RecoveryWorkflowTest, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
     for (const WorkflowTable::Operation& last : operations()) {
         WorkflowWalk walk(folder_);
         ASSERT_TRUE(takeEverything(walk));
@@ -112,7 +112,7 @@ TEST_F(RecoveryWorkflow, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
     }
 }
 
-TEST_F(RecoveryWorkflow, everySequenceOfThreeIsAsTheTableSays) {
+TEST_F(RecoveryWorkflowTest, everySequenceOfThreeIsAsTheTableSays) {
     for (const WorkflowTable::Operation& first : operations()) {
         for (const WorkflowTable::Operation& second : operations()) {
             for (const WorkflowTable::Operation& third : operations()) {
@@ -122,7 +122,7 @@ TEST_F(RecoveryWorkflow, everySequenceOfThreeIsAsTheTableSays) {
     }
 }
 
-TEST_F(RecoveryWorkflow, everyLongerSequenceThatLeadsOnIsAsTheTableSays) {
+TEST_F(RecoveryWorkflowTest, everyLongerSequenceThatLeadsOnIsAsTheTableSays) {
     const char* const asked = std::getenv("AMBREL_SEQUENCE_LENGTH");
     const int length = asked == nullptr ? 4 : std::atoi(asked);
     ASSERT_TRUE(length > 0 && length <= WorkflowDriver::longestWalk);
@@ -133,7 +133,7 @@ TEST_F(RecoveryWorkflow, everyLongerSequenceThatLeadsOnIsAsTheTableSays) {
     std::cout << count_ << " sequences of up to " << length << " operations\n";
 }
 
-TEST_F(RecoveryWorkflowOvertaken, noInspectionStartsAfterACancellation) {
+TEST_F(RecoveryWorkflowOvertakenTest, noInspectionStartsAfterACancellation) {
     for (const auto interruption : {&RecoveryViewModel::cancelOperation, &RecoveryViewModel::startAgain}) {
         inspect();
         waitForWork();
@@ -143,14 +143,14 @@ TEST_F(RecoveryWorkflowOvertaken, noInspectionStartsAfterACancellation) {
     }
 }
 
-TEST_F(RecoveryWorkflowOvertaken, noInspectionStartsAfterTheEndOfTheModel) {
+TEST_F(RecoveryWorkflowOvertakenTest, noInspectionStartsAfterTheEndOfTheModel) {
     inspect();
     waitForWork();
     driver_.destroyModel();
     expectRunsAfterAll(0);
 }
 
-TEST_F(RecoveryWorkflowOvertaken, noExportStartsAfterACancellation) {
+TEST_F(RecoveryWorkflowOvertakenTest, noExportStartsAfterACancellation) {
     for (const auto interruption : {&RecoveryViewModel::cancelOperation, &RecoveryViewModel::startAgain}) {
         inspectToTheEnd();
         const std::size_t runs = driver_.engine().runs().size();
@@ -162,7 +162,7 @@ TEST_F(RecoveryWorkflowOvertaken, noExportStartsAfterACancellation) {
     }
 }
 
-TEST_F(RecoveryWorkflowOvertaken, noExportStartsAfterTheEndOfTheModel) {
+TEST_F(RecoveryWorkflowOvertakenTest, noExportStartsAfterTheEndOfTheModel) {
     inspectToTheEnd();
     beginExport();
     waitForWork();

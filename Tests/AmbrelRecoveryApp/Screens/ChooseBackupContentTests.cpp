@@ -9,14 +9,14 @@ namespace {
 
 using Phase = RecoveryScreenState::Phase;
 
-TEST(HeaderContentTests, isTheSameInEveryPhase) {
+TEST(HeaderContentTest, isTheSameInEveryPhase) {
     const HeaderContent content = headerContent();
     EXPECT_EQ(content.badge, QStringLiteral("AMBREL RECOVERY"));
     EXPECT_EQ(content.title, QStringLiteral("Ambrel Recovery"));
     EXPECT_TRUE(content.body.startsWith(QStringLiteral("Choose the backup package that you saved")));
 }
 
-TEST(ChooseBackupContentTests, showsNoPackageBeforeOneIsChosen) {
+TEST(ChooseBackupContentTest, showsNoPackageBeforeOneIsChosen) {
     const ChooseBackupContent content = chooseBackupContent(stateIn(Phase::chooseBackup));
     EXPECT_EQ(content.package.name, std::nullopt);
     EXPECT_EQ(content.package.hint, QStringLiteral("Choose the backup, or drop it here."));
@@ -24,7 +24,7 @@ TEST(ChooseBackupContentTests, showsNoPackageBeforeOneIsChosen) {
     EXPECT_TRUE(content.package.canChoose);
 }
 
-TEST(ChooseBackupContentTests, showsTheFileNameOfThePackage) {
+TEST(ChooseBackupContentTest, showsTheFileNameOfThePackage) {
     RecoveryScreenState state;
     state.packageURL = "/backups/Family Photos.ambrel";
     const ChooseBackupContent content = chooseBackupContent(state);
@@ -32,19 +32,19 @@ TEST(ChooseBackupContentTests, showsTheFileNameOfThePackage) {
     EXPECT_EQ(content.package.kind, QStringLiteral(".ambrel"));
 }
 
-TEST(ChooseBackupContentTests, showsAFileNameInAnyScript) {
+TEST(ChooseBackupContentTest, showsAFileNameInAnyScript) {
     RecoveryScreenState state;
     state.packageURL = "/backups/صور العائلة & <b>写真.ambrel";
     EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral("صور العائلة & <b>写真.ambrel"));
 }
 
-TEST(ChooseBackupContentTests, showsCharactersThatWouldNotBeSeenOrTurnTheRestAround) {
+TEST(ChooseBackupContentTest, showsCharactersThatWouldNotBeSeenOrTurnTheRestAround) {
     RecoveryScreenState state;
     state.packageURL = "/backups/a\nb\u202Elerbma.ambrel";
     EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral(u"a\u240Ab[U+202E]lerbma.ambrel"));
 }
 
-TEST(ChooseBackupContentTests, aPackageCanBeChosenOnlyWhileNothingRuns) {
+TEST(ChooseBackupContentTest, aPackageCanBeChosenOnlyWhileNothingRuns) {
     for (const Phase phase : allPhases) {
         const RecoveryScreenState state = stateIn(phase);
         EXPECT_EQ(chooseBackupContent(state).package.canChoose, !state.isBusy());
@@ -53,20 +53,20 @@ TEST(ChooseBackupContentTests, aPackageCanBeChosenOnlyWhileNothingRuns) {
     EXPECT_TRUE(chooseBackupContent(stateIn(Phase::complete)).package.canChoose);
 }
 
-TEST(ChooseBackupContentTests, theSecretAndItsKindCanBeChangedOnlyWhileNothingRuns) {
+TEST(ChooseBackupContentTest, theSecretAndItsKindCanBeChangedOnlyWhileNothingRuns) {
     for (const Phase phase : allPhases) {
         const RecoveryScreenState state = stateIn(phase);
         EXPECT_EQ(chooseBackupContent(state).credential.canEdit, !state.isBusy());
     }
 }
 
-TEST(ChooseBackupContentTests, thePreparationIsShownOnlyWhileItRuns) {
+TEST(ChooseBackupContentTest, thePreparationIsShownOnlyWhileItRuns) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(chooseBackupContent(stateIn(phase)).preparation.has_value(), phase == Phase::preparingPackage);
     }
 }
 
-TEST(ChooseBackupContentTests, thePreparationShowsItsProgress) {
+TEST(ChooseBackupContentTest, thePreparationShowsItsProgress) {
     RecoveryScreenState state = stateIn(Phase::preparingPackage);
     state.packagePreparationProgress = 0.42;
     const std::optional<ChooseBackupContent::Preparation> preparation = chooseBackupContent(state).preparation;
@@ -78,20 +78,20 @@ TEST(ChooseBackupContentTests, thePreparationShowsItsProgress) {
     EXPECT_EQ(preparation->progress.cancelLabel, QStringLiteral("Cancel"));
 }
 
-TEST(ChooseBackupContentTests, anUnknownProgressHasNoFractionAndNoPercentage) {
+TEST(ChooseBackupContentTest, anUnknownProgressHasNoFractionAndNoPercentage) {
     const ChooseBackupContent content = chooseBackupContent(stateIn(Phase::preparingPackage));
     ASSERT_TRUE(content.preparation);
     EXPECT_EQ(content.preparation->progress.fraction, std::nullopt);
     EXPECT_EQ(content.preparation->progress.percent, QString());
 }
 
-TEST(ChooseBackupContentTests, percentagesAreNotClamped) {
+TEST(ChooseBackupContentTest, percentagesAreNotClamped) {
     RecoveryScreenState state = stateIn(Phase::preparingPackage);
     state.packagePreparationProgress = 1.5;
     EXPECT_EQ(chooseBackupContent(state).preparation->progress.percent, QStringLiteral("150%"));
 }
 
-TEST(ChooseBackupContentTests, offersThePassphraseFirst) {
+TEST(ChooseBackupContentTest, offersThePassphraseFirst) {
     const ChooseBackupContent::Credential credential = chooseBackupContent(RecoveryScreenState()).credential;
     EXPECT_EQ(credential.title, QStringLiteral("Unlock the backup"));
     EXPECT_EQ(credential.kindLabel, QStringLiteral("Unlock with"));
@@ -101,7 +101,7 @@ TEST(ChooseBackupContentTests, offersThePassphraseFirst) {
     EXPECT_EQ(credential.prompt, QStringLiteral("Backup passphrase"));
 }
 
-TEST(ChooseBackupContentTests, asksForTheRecoveryKeyOnceItIsChosen) {
+TEST(ChooseBackupContentTest, asksForTheRecoveryKeyOnceItIsChosen) {
     RecoveryScreenState state;
     state.factor = AmbrelRecoveryAppFactor::recoveryKey;
     const ChooseBackupContent::Credential credential = chooseBackupContent(state).credential;
@@ -109,7 +109,7 @@ TEST(ChooseBackupContentTests, asksForTheRecoveryKeyOnceItIsChosen) {
     EXPECT_EQ(credential.prompt, QStringLiteral("Recovery key"));
 }
 
-TEST(ChooseBackupContentTests, theInspectionTakesThePlaceOfItsButton) {
+TEST(ChooseBackupContentTest, theInspectionTakesThePlaceOfItsButton) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(chooseBackupContent(stateIn(phase)).inspecting.has_value(), phase == Phase::inspecting);
     }
@@ -118,13 +118,13 @@ TEST(ChooseBackupContentTests, theInspectionTakesThePlaceOfItsButton) {
     EXPECT_EQ(content.inspecting->fraction, std::nullopt);
 }
 
-TEST(ChooseBackupContentTests, theInspectionHasNoFractionEvenAfterAKnownPreparation) {
+TEST(ChooseBackupContentTest, theInspectionHasNoFractionEvenAfterAKnownPreparation) {
     RecoveryScreenState state = stateIn(Phase::inspecting);
     state.packagePreparationProgress = 1.0;
     EXPECT_EQ(chooseBackupContent(state).inspecting->fraction, std::nullopt);
 }
 
-TEST(ChooseBackupContentTests, theInspectButtonFollowsTheModel) {
+TEST(ChooseBackupContentTest, theInspectButtonFollowsTheModel) {
     RecoveryScreenState state;
     EXPECT_FALSE(chooseBackupContent(state).canInspect);
     state.canInspect = true;
@@ -132,12 +132,12 @@ TEST(ChooseBackupContentTests, theInspectButtonFollowsTheModel) {
     EXPECT_EQ(chooseBackupContent(state).inspectLabel, QStringLiteral("Inspect backup"));
 }
 
-TEST(ChooseBackupContentTests, hasTheFootnote) {
+TEST(ChooseBackupContentTest, hasTheFootnote) {
     EXPECT_TRUE(chooseBackupContent(RecoveryScreenState())
                     .footnote.startsWith(QStringLiteral("Inspecting reads the package and shows its snapshots.")));
 }
 
-TEST(ChooseBackupContentTests, differsAsSoonAsTheLanguageDoes) {
+TEST(ChooseBackupContentTest, differsAsSoonAsTheLanguageDoes) {
     const ChooseBackupContent english = chooseBackupContent(stateIn(Phase::preparingPackage));
     const ScopedLanguage german("de", "de_DE.UTF-8");
     const ChooseBackupContent other = chooseBackupContent(stateIn(Phase::preparingPackage));

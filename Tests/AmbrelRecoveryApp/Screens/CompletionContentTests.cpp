@@ -9,7 +9,7 @@ namespace {
 
 using Phase = RecoveryScreenState::Phase;
 
-TEST(CompletionContentTests, showsHowManyItemsWereRecovered) {
+TEST(CompletionContentTest, showsHowManyItemsWereRecovered) {
     RecoveryScreenState state = stateIn(Phase::complete);
     state.exportResult = exportResult({.totalItemCount = 5000, .recoveredItemCount = 4812, .failedResourceCount = 3});
     const CompletionContent content = completionContent(state);
@@ -19,14 +19,14 @@ TEST(CompletionContentTests, showsHowManyItemsWereRecovered) {
     EXPECT_EQ(content.startAgainLabel, QStringLiteral("Choose another package"));
 }
 
-TEST(CompletionContentTests, withoutAReportOnlyTheLineIsAbsent) {
+TEST(CompletionContentTest, withoutAReportOnlyTheLineIsAbsent) {
     const CompletionContent content = completionContent(stateIn(Phase::complete));
     EXPECT_EQ(content.exported, std::nullopt);
     EXPECT_FALSE(content.revealLabel.isEmpty());
     EXPECT_FALSE(content.startAgainLabel.isEmpty());
 }
 
-TEST(CompletionContentTests, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) {
+TEST(CompletionContentTest, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) {
     RecoveryScreenState state = stateIn(Phase::complete);
     state.exportResult = exportResult({});
     EXPECT_EQ(completionContent(state).exported, QStringLiteral("Exported: 0"));
@@ -38,16 +38,16 @@ TEST(CompletionContentTests, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) 
     EXPECT_EQ(completionContent(state).exported, QStringLiteral("العناصر المصدَّرة: ٠"));
 }
 
-TEST(CompletionContentTests, followsTheLanguage) {
+TEST(CompletionContentTest, followsTheLanguage) {
     const ScopedLanguage german("de", "de_DE.UTF-8");
     EXPECT_EQ(completionContent(stateIn(Phase::complete)).revealLabel, QStringLiteral("Im Finder anzeigen"));
 }
 
-TEST(ErrorAlertContentTests, thereIsNoneWithoutAnError) {
+TEST(ErrorAlertContentTest, thereIsNoneWithoutAnError) {
     EXPECT_EQ(errorAlertContent(RecoveryScreenState()), std::nullopt);
 }
 
-TEST(ErrorAlertContentTests, showsTheErrorInEveryPhase) {
+TEST(ErrorAlertContentTest, showsTheErrorInEveryPhase) {
     for (const Phase phase : allPhases) {
         RecoveryScreenState state = stateIn(phase);
         state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
@@ -59,7 +59,7 @@ TEST(ErrorAlertContentTests, showsTheErrorInEveryPhase) {
     }
 }
 
-TEST(ErrorAlertContentTests, theSameErrorShownTwiceIsTwoAlerts) {
+TEST(ErrorAlertContentTest, theSameErrorShownTwiceIsTwoAlerts) {
     RecoveryScreenState state;
     state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
     const std::optional<ErrorAlertContent> first = errorAlertContent(state);
@@ -67,7 +67,7 @@ TEST(ErrorAlertContentTests, theSameErrorShownTwiceIsTwoAlerts) {
     EXPECT_NE(errorAlertContent(state), first);
 }
 
-TEST(ErrorAlertContentTests, onlyTheButtonFollowsALaterChangeOfLanguage) {
+TEST(ErrorAlertContentTest, onlyTheButtonFollowsALaterChangeOfLanguage) {
     RecoveryScreenState state;
     state.presentedError = {QUuid::createUuid(), QStringLiteral("Title"), QStringLiteral("Body")};
     const ScopedLanguage korean("ko", "ko_KR.UTF-8");

@@ -48,7 +48,7 @@ constexpr double symbolStep = 0.15;
 /// How much of its square the drawing of a bold checkmark is wide.
 constexpr double checkmarkShare = 0.87;
 
-class DesignMetricsTests : public RecoveryRootViewTestCase {
+class DesignMetricsTest : public RecoveryRootViewTestCase {
 protected:
     /// Walks to the end, so that every screen is there.
     void walk() {
@@ -219,7 +219,7 @@ protected:
 
 } // namespace
 
-TEST_F(DesignMetricsTests, areThoseOfTheDesign) {
+TEST_F(DesignMetricsTest, areThoseOfTheDesign) {
     walk();
     measureRail();
     measureHeader();

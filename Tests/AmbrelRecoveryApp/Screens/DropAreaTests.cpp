@@ -17,7 +17,7 @@
 namespace {
 
 /// Drags are sent to the window's content as the toolkit sends them.
-class DropAreaTests : public RecoveryRootViewTestCase {
+class DropAreaTest : public RecoveryRootViewTestCase {
 protected:
     static QUrl url(const std::filesystem::path& item) { return QUrl::fromEncoded(FileURL::encoded(item)); }
     void drag(const std::vector<std::filesystem::path>& items) {
@@ -69,7 +69,7 @@ private:
     }
 };
 
-TEST_F(DropAreaTests, aDroppedPackageIsTheChosenOne) {
+TEST_F(DropAreaTest, aDroppedPackageIsTheChosenOne) {
     open();
     drag({path("Family Photos.ambrel")});
     EXPECT_TRUE(enter());
@@ -84,7 +84,7 @@ TEST_F(DropAreaTests, aDroppedPackageIsTheChosenOne) {
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(DropAreaTests, aNameInAnyEncodingIsTakenAsItIs) {
+TEST_F(DropAreaTest, aNameInAnyEncodingIsTakenAsItIs) {
     open();
     const std::filesystem::path package = path("100% \xFF\n#1.ambrel");
     std::filesystem::create_directory(package);
@@ -95,7 +95,7 @@ TEST_F(DropAreaTests, aNameInAnyEncodingIsTakenAsItIs) {
     std::filesystem::remove(package);
 }
 
-TEST_F(DropAreaTests, whatIsNoPackageIsRefusedWithTheErrorOfTheOpenPanel) {
+TEST_F(DropAreaTest, whatIsNoPackageIsRefusedWithTheErrorOfTheOpenPanel) {
     open();
     drag({path("engine")});
     dragAndDrop();
@@ -105,7 +105,7 @@ TEST_F(DropAreaTests, whatIsNoPackageIsRefusedWithTheErrorOfTheOpenPanel) {
     EXPECT_FALSE(model->packageURL());
 }
 
-TEST_F(DropAreaTests, nothingButOneLocalItemIsTaken) {
+TEST_F(DropAreaTest, nothingButOneLocalItemIsTaken) {
     open();
     const auto isRefused = [this] {
         const bool entered = enter();
@@ -129,7 +129,7 @@ TEST_F(DropAreaTests, nothingButOneLocalItemIsTaken) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(DropAreaTests, whatCouldOnlyBeMovedIsNotTaken) {
+TEST_F(DropAreaTest, whatCouldOnlyBeMovedIsNotTaken) {
     open();
     drag({path("Family Photos.ambrel")});
     EXPECT_FALSE(enter(Qt::MoveAction));
@@ -138,7 +138,7 @@ TEST_F(DropAreaTests, whatCouldOnlyBeMovedIsNotTaken) {
     EXPECT_EQ(action, Qt::LinkAction);
 }
 
-TEST_F(DropAreaTests, theHintGoesWithTheDrag) {
+TEST_F(DropAreaTest, theHintGoesWithTheDrag) {
     open();
     drag({path("Family Photos.ambrel")});
     enter();
@@ -148,7 +148,7 @@ TEST_F(DropAreaTests, theHintGoesWithTheDrag) {
     EXPECT_FALSE(model->packageURL());
 }
 
-TEST_F(DropAreaTests, nothingIsTakenWhileAnOperationRuns) {
+TEST_F(DropAreaTest, nothingIsTakenWhileAnOperationRuns) {
     setEngineThatWaits();
     open();
     choosePackage();
@@ -169,7 +169,7 @@ TEST_F(DropAreaTests, nothingIsTakenWhileAnOperationRuns) {
     EXPECT_TRUE(enter());
 }
 
-TEST_F(DropAreaTests, nothingIsTakenBehindAnAlertOrAPanel) {
+TEST_F(DropAreaTest, nothingIsTakenBehindAnAlertOrAPanel) {
     open();
     drag({path("Family Photos.ambrel")});
     untilAnnounced([this] { model->acceptPackage(path("")); });
@@ -184,7 +184,7 @@ TEST_F(DropAreaTests, nothingIsTakenBehindAnAlertOrAPanel) {
     EXPECT_TRUE(enter());
 }
 
-TEST_F(DropAreaTests, anotherPackageIsTakenAfterAnInspection) {
+TEST_F(DropAreaTest, anotherPackageIsTakenAfterAnInspection) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -195,7 +195,7 @@ TEST_F(DropAreaTests, anotherPackageIsTakenAfterAnInspection) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
 }
 
-TEST_F(DropAreaTests, theHintIsDrawnOverTheWholeWindow) {
+TEST_F(DropAreaTest, theHintIsDrawnOverTheWholeWindow) {
     open();
     const QImage before = view->grab().toImage();
     drag({path("Family Photos.ambrel")});

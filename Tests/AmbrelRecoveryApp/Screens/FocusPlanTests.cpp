@@ -14,72 +14,72 @@ std::optional<Target> between(Phase before, Phase after) {
     return FocusPlan::target(stateIn(before), stateIn(after));
 }
 
-TEST(FocusPlanTests, staysWhereTheUserIsWhileThePhaseStays) {
+TEST(FocusPlanTest, staysWhereTheUserIsWhileThePhaseStays) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(between(phase, phase), std::nullopt);
     }
 }
 
-TEST(FocusPlanTests, goesToTheFieldOnceAPackageIsChosen) {
+TEST(FocusPlanTest, goesToTheFieldOnceAPackageIsChosen) {
     RecoveryScreenState chosen = stateIn(Phase::chooseBackup);
     chosen.packageURL = "/backups/a.ambrel";
     EXPECT_EQ(FocusPlan::target(stateIn(Phase::chooseBackup), chosen), Target::secretField);
 }
 
-TEST(FocusPlanTests, goesToTheFieldAfterARefusedSecret) {
+TEST(FocusPlanTest, goesToTheFieldAfterARefusedSecret) {
     RecoveryScreenState refused = stateIn(Phase::chooseBackup);
     refused.packageURL = "/backups/a.ambrel";
     EXPECT_EQ(FocusPlan::target(stateIn(Phase::inspecting), refused), Target::secretField);
     EXPECT_EQ(FocusPlan::target(stateIn(Phase::preparingPackage), refused), Target::secretField);
 }
 
-TEST(FocusPlanTests, goesToTheCancelButtonOfEveryOperation) {
+TEST(FocusPlanTest, goesToTheCancelButtonOfEveryOperation) {
     EXPECT_EQ(between(Phase::chooseBackup, Phase::preparingPackage), Target::cancelButton);
     EXPECT_EQ(between(Phase::preparingPackage, Phase::inspecting), Target::cancelButton);
     EXPECT_EQ(between(Phase::snapshots, Phase::exporting), Target::cancelButton);
 }
 
-TEST(FocusPlanTests, goesToTheListAfterAnInspection) {
+TEST(FocusPlanTest, goesToTheListAfterAnInspection) {
     EXPECT_EQ(between(Phase::inspecting, Phase::snapshots), Target::snapshotList);
 }
 
-TEST(FocusPlanTests, goesToTheWayBackWhereThereAreNoSnapshots) {
+TEST(FocusPlanTest, goesToTheWayBackWhereThereAreNoSnapshots) {
     RecoveryScreenState empty = stateIn(Phase::snapshots);
     empty.snapshots = std::make_shared<SortedSnapshots>(inspection({}));
     EXPECT_EQ(FocusPlan::target(stateIn(Phase::inspecting), empty), Target::chooseAnotherButton);
 }
 
-TEST(FocusPlanTests, goesToTheExportButtonAfterAnExportThatCameToNothing) {
+TEST(FocusPlanTest, goesToTheExportButtonAfterAnExportThatCameToNothing) {
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), Target::exportButton);
 }
 
-TEST(FocusPlanTests, goesToTheButtonThatRevealsTheFolderAtTheEnd) {
+TEST(FocusPlanTest, goesToTheButtonThatRevealsTheFolderAtTheEnd) {
     EXPECT_EQ(between(Phase::exporting, Phase::complete), Target::revealButton);
 }
 
-TEST(FocusPlanTests, goesToTheBeginningWhenTheUserStartsAgain) {
+TEST(FocusPlanTest, goesToTheBeginningWhenTheUserStartsAgain) {
     EXPECT_EQ(between(Phase::complete, Phase::chooseBackup), Target::chooseButton);
     EXPECT_EQ(FocusPlan::first(RecoveryScreenState()), Target::chooseButton);
 }
 
-TEST(FocusPlanTests, beginsWhereAViewThatIsMadeAnewWouldHaveIt) {
+TEST(FocusPlanTest, beginsWhereAViewThatIsMadeAnewWouldHaveIt) {
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::inspecting)), Target::cancelButton);
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::snapshots)), Target::snapshotList);
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::complete)), Target::revealButton);
 }
 
-TEST(InterfaceDirectionTests, followsTheLanguageOfTheTexts) {
+TEST(InterfaceDirectionTest, followsTheLanguageOfTheTexts) {
     EXPECT_EQ(interfaceDirection(), Qt::LeftToRight);
     const ScopedLanguage arabic("ar", "ar_EG.UTF-8");
     EXPECT_EQ(interfaceDirection(), Qt::RightToLeft);
 }
 
-TEST(InterfaceDirectionTests, isThatOfEnglishWhereTheCatalogueLacksTheLanguage) {
+TEST(InterfaceDirectionTest, isThatOfEnglishWhereTheCatalogueLacksTheLanguage) {
     const ScopedLanguage hebrew("he", "he_IL.UTF-8");
     EXPECT_EQ(interfaceDirection(), Qt::LeftToRight);
 }
 
-TEST(RecoveryScreenStateTests, isBusyInTheThreePhasesOfAnOperation) {
+TEST(RecoveryScreenStateTest, isBusyInTheThreePhasesOfAnOperation) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(stateIn(phase).isBusy(),
                   phase == Phase::preparingPackage || phase == Phase::inspecting || phase == Phase::exporting);

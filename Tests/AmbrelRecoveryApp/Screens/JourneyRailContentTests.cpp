@@ -18,7 +18,7 @@ std::array<bool, 3> completedIn(Phase phase) {
     return {content.steps[0].isCompleted, content.steps[1].isCompleted, content.steps[2].isCompleted};
 }
 
-TEST(JourneyRailContentTests, namesTheThreeStepsInOrder) {
+TEST(JourneyRailContentTest, namesTheThreeStepsInOrder) {
     const JourneyRailContent content = journeyRailContent(RecoveryScreenState());
     EXPECT_EQ(content.steps[0].number, QStringLiteral("01"));
     EXPECT_EQ(content.steps[0].title, QStringLiteral("Choose backup package"));
@@ -28,7 +28,7 @@ TEST(JourneyRailContentTests, namesTheThreeStepsInOrder) {
     EXPECT_EQ(content.steps[2].title, QStringLiteral("Export complete"));
 }
 
-TEST(JourneyRailContentTests, showsBrandAndPromises) {
+TEST(JourneyRailContentTest, showsBrandAndPromises) {
     const JourneyRailContent content = journeyRailContent(RecoveryScreenState());
     EXPECT_EQ(content.brand, QStringLiteral("Ambrel"));
     EXPECT_EQ(content.product, QStringLiteral("Recovery"));
@@ -36,26 +36,26 @@ TEST(JourneyRailContentTests, showsBrandAndPromises) {
     EXPECT_EQ(content.readOnly, QStringLiteral("Read-only"));
 }
 
-TEST(JourneyRailContentTests, theFirstStepIsActiveUntilThereIsAnInspection) {
+TEST(JourneyRailContentTest, theFirstStepIsActiveUntilThereIsAnInspection) {
     for (const Phase phase : {Phase::chooseBackup, Phase::preparingPackage, Phase::inspecting}) {
         EXPECT_EQ(activeIn(phase), (std::array{true, false, false}));
         EXPECT_EQ(completedIn(phase), (std::array{false, false, false}));
     }
 }
 
-TEST(JourneyRailContentTests, theSecondStepIsActiveWhileASnapshotIsPickedAndExported) {
+TEST(JourneyRailContentTest, theSecondStepIsActiveWhileASnapshotIsPickedAndExported) {
     for (const Phase phase : {Phase::snapshots, Phase::exporting}) {
         EXPECT_EQ(activeIn(phase), (std::array{false, true, false}));
         EXPECT_EQ(completedIn(phase), (std::array{true, false, false}));
     }
 }
 
-TEST(JourneyRailContentTests, theLastStepIsActiveAtTheEndAndNeverCompleted) {
+TEST(JourneyRailContentTest, theLastStepIsActiveAtTheEndAndNeverCompleted) {
     EXPECT_EQ(activeIn(Phase::complete), (std::array{false, false, true}));
     EXPECT_EQ(completedIn(Phase::complete), (std::array{true, true, false}));
 }
 
-TEST(JourneyRailContentTests, anEarlierInspectionKeepsTheFirstStepCompletedDuringTheNext) {
+TEST(JourneyRailContentTest, anEarlierInspectionKeepsTheFirstStepCompletedDuringTheNext) {
     RecoveryScreenState state = stateIn(Phase::inspecting);
     state.snapshots = std::make_shared<SortedSnapshots>(inspection({}));
     const JourneyRailContent content = journeyRailContent(state);
@@ -63,7 +63,7 @@ TEST(JourneyRailContentTests, anEarlierInspectionKeepsTheFirstStepCompletedDurin
     EXPECT_TRUE(content.steps[0].isCompleted);
 }
 
-TEST(JourneyRailContentTests, promisesFollowTheLanguage) {
+TEST(JourneyRailContentTest, promisesFollowTheLanguage) {
     const ScopedLanguage german("de", "de_DE.UTF-8");
     EXPECT_EQ(journeyRailContent(RecoveryScreenState()).noAccount, QStringLiteral("Kein Konto"));
 }

@@ -26,7 +26,7 @@ void PrintTo(const Told& told, std::ostream* stream) {
             << ", “" << told.description.toStdString() << "”";
 }
 
-class RailStepTests : public testing::Test {
+class RailStepTest : public testing::Test {
 protected:
     void show(Phase phase) { rail.apply(journeyRailContent(stateIn(phase))); }
 
@@ -46,7 +46,7 @@ protected:
     JourneyRail rail;
 };
 
-TEST_F(RailStepTests, areTheItemsOfAListInTheirOrder) {
+TEST_F(RailStepTest, areTheItemsOfAListInTheirOrder) {
     show(Phase::chooseBackup);
     QStringList names;
     for (RailStep* const step : steps()) {
@@ -60,7 +60,7 @@ TEST_F(RailStepTests, areTheItemsOfAListInTheirOrder) {
                                   QStringLiteral("Export complete")}));
 }
 
-TEST_F(RailStepTests, tellWhichOneIsShownAndWhichAreCompleted) {
+TEST_F(RailStepTest, tellWhichOneIsShownAndWhichAreCompleted) {
     const Told notYet{.isSelected = false, .isChecked = false, .description = {}};
     const Told shown{.isSelected = true, .isChecked = false, .description = {}};
     const Told completed{.isSelected = false, .isChecked = true, .description = QStringLiteral("Completed")};
@@ -76,7 +76,7 @@ TEST_F(RailStepTests, tellWhichOneIsShownAndWhichAreCompleted) {
     EXPECT_EQ(told(), (std::vector<Told>{completed, completed, shown}));
 }
 
-TEST_F(RailStepTests, canBeInTheStatesThatTheyTellButCannotBeChanged) {
+TEST_F(RailStepTest, canBeInTheStatesThatTheyTellButCannotBeChanged) {
     show(Phase::snapshots);
     for (RailStep* const step : steps()) {
         const QAccessibleInterface& item = *QAccessible::queryAccessibleInterface(step);

@@ -13,7 +13,7 @@
 
 namespace {
 
-class RecoveryRootViewMirroringTests : public RecoveryRootViewTestCase {
+class RecoveryRootViewMirroringTest : public RecoveryRootViewTestCase {
 protected:
     /// Where every part in sight lies in the view, by its kind and its place in the tree.
     QMap<QString, QRect> places() const {
@@ -51,7 +51,7 @@ protected:
     }
 };
 
-TEST_F(RecoveryRootViewMirroringTests, theRailIsOnTheRightInArabic) {
+TEST_F(RecoveryRootViewMirroringTest, theRailIsOnTheRightInArabic) {
     const ScopedLanguage arabic("ar", "ar_EG.UTF-8");
     open();
     redraw();
@@ -61,7 +61,7 @@ TEST_F(RecoveryRootViewMirroringTests, theRailIsOnTheRightInArabic) {
     EXPECT_EQ(content.geometry(), QRect(0, 0, view->width() - rail.width(), view->height()));
 }
 
-TEST_F(RecoveryRootViewMirroringTests, everyPartIsMirrored) {
+TEST_F(RecoveryRootViewMirroringTest, everyPartIsMirrored) {
     open();
     inspect(inspectionDocument());
     for (const Phase phase : {Phase::snapshots, Phase::chooseBackup}) {

@@ -17,7 +17,7 @@
 namespace {
 
 /// What can be done and read in each step, and what cannot.
-class RecoveryRootViewStepsTests : public RecoveryRootViewTestCase {
+class RecoveryRootViewStepsTest : public RecoveryRootViewTestCase {
 protected:
     bool isShown(const QString& text) const {
         return std::ranges::any_of(view->findChildren<QLabel*>(), [&text](const QLabel* label) {
@@ -48,7 +48,7 @@ protected:
     static QAccessibleInterface* accessible(QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget); }
 };
 
-TEST_F(RecoveryRootViewStepsTests, whileABackupIsInspectedItsSecretCannotBeTypedAndItsKindNotChanged) {
+TEST_F(RecoveryRootViewStepsTest, whileABackupIsInspectedItsSecretCannotBeTypedAndItsKindNotChanged) {
     setEngineThatWaits();
     open();
     choosePackage();
@@ -69,7 +69,7 @@ TEST_F(RecoveryRootViewStepsTests, whileABackupIsInspectedItsSecretCannotBeTyped
     EXPECT_TRUE(control<QRadioButton>(QStringLiteral("Recovery key"))->isEnabled());
 }
 
-TEST_F(RecoveryRootViewStepsTests, whileASnapshotIsExportedNoOtherCanBeChosen) {
+TEST_F(RecoveryRootViewStepsTest, whileASnapshotIsExportedNoOtherCanBeChosen) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -94,7 +94,7 @@ TEST_F(RecoveryRootViewStepsTests, whileASnapshotIsExportedNoOtherCanBeChosen) {
     EXPECT_NE(model->selectedSnapshotCode(), selected);
 }
 
-TEST_F(RecoveryRootViewStepsTests, theSnapshotsHaveAWayBackByKeyboard) {
+TEST_F(RecoveryRootViewStepsTest, theSnapshotsHaveAWayBackByKeyboard) {
     open();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
         inspect(inspectionDocument());
@@ -111,7 +111,7 @@ TEST_F(RecoveryRootViewStepsTests, theSnapshotsHaveAWayBackByKeyboard) {
     }
 }
 
-TEST_F(RecoveryRootViewStepsTests, thereIsNoWayBackWhileASnapshotIsExported) {
+TEST_F(RecoveryRootViewStepsTest, thereIsNoWayBackWhileASnapshotIsExported) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -128,7 +128,7 @@ TEST_F(RecoveryRootViewStepsTests, thereIsNoWayBackWhileASnapshotIsExported) {
     EXPECT_NE(button("Choose another package"), nullptr);
 }
 
-TEST_F(RecoveryRootViewStepsTests, aBackupWithoutSnapshotsSaysSoAndOffersTheWayBack) {
+TEST_F(RecoveryRootViewStepsTest, aBackupWithoutSnapshotsSaysSoAndOffersTheWayBack) {
     open();
     const std::string document = inspectionDocument();
     inspect(document.substr(0, document.find(R"("snapshots":[)")) + R"("snapshots":[]})");
@@ -143,7 +143,7 @@ TEST_F(RecoveryRootViewStepsTests, aBackupWithoutSnapshotsSaysSoAndOffersTheWayB
     EXPECT_FALSE(isShown(RecoveryAppCopy::noSnapshots(icu::Locale("en"))));
 }
 
-TEST_F(RecoveryRootViewStepsTests, saysWhatToDoUntilThereIsAPackage) {
+TEST_F(RecoveryRootViewStepsTest, saysWhatToDoUntilThereIsAPackage) {
     open();
     EXPECT_TRUE(isShown(QStringLiteral("Choose the backup, or drop it here.")));
     choosePackage();

@@ -11,9 +11,9 @@
 
 namespace {
 
-class RecoveryWindowContentTests : public RecoveryViewModelTestCase {
+class RecoveryWindowContentTest : public RecoveryViewModelTestCase {
 protected:
-    ~RecoveryWindowContentTests() override { TextScale::setFactor(1); }
+    ~RecoveryWindowContentTest() override { TextScale::setFactor(1); }
 
     RecoveryRootView* showView(RecoveryWindow& window) const {
         auto* const view = new RecoveryRootView(*model);
@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(RecoveryWindowContentTests, aNewViewTakesThePlaceOfTheOldOneWithTheFocusAndTheTypedSecret) {
+TEST_F(RecoveryWindowContentTest, aNewViewTakesThePlaceOfTheOldOneWithTheFocusAndTheTypedSecret) {
     makeModel();
     choosePackage();
     RecoveryWindow window;

@@ -28,9 +28,9 @@ int pixelsOf(const QIcon& icon, int size, const QColor& color) {
     return count;
 }
 
-class RecoveryWindowTests : public testing::Test {
+class RecoveryWindowTest : public testing::Test {
 protected:
-    RecoveryWindowTests() { window.setContent(field); }
+    RecoveryWindowTest() { window.setContent(field); }
 
     void open() {
         window.show();
@@ -43,7 +43,7 @@ protected:
     SecureField* const field = new SecureField;
 };
 
-TEST_F(RecoveryWindowTests, hasAnIconInWhichItsSymbolIsSeenInEverySize) {
+TEST_F(RecoveryWindowTest, hasAnIconInWhichItsSymbolIsSeenInEverySize) {
     for (const int size : {16, 24, 32, 48, 64, 128}) {
         EXPECT_TRUE(window.windowIcon().availableSizes().contains(QSize(size, size))) << size;
         EXPECT_GT(pixelsOf(window.windowIcon(), size, RecoveryPalette::copper()), size * size / 4) << size;
@@ -51,11 +51,11 @@ TEST_F(RecoveryWindowTests, hasAnIconInWhichItsSymbolIsSeenInEverySize) {
     }
 }
 
-TEST_F(RecoveryWindowTests, isKnownToTheDesktopByTheNameOfItsEntry) {
+TEST_F(RecoveryWindowTest, isKnownToTheDesktopByTheNameOfItsEntry) {
     EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("com.ambrel.recovery"));
 }
 
-TEST_F(RecoveryWindowTests, isClosedByTheKeysForIt) {
+TEST_F(RecoveryWindowTest, isClosedByTheKeysForIt) {
     open();
     for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
         window.show();
@@ -66,7 +66,7 @@ TEST_F(RecoveryWindowTests, isClosedByTheKeysForIt) {
     }
 }
 
-TEST_F(RecoveryWindowTests, isNotClosedByKeysThatAreMeantForAnOpenPanel) {
+TEST_F(RecoveryWindowTest, isNotClosedByKeysThatAreMeantForAnOpenPanel) {
     open();
     QDialog panel(&window);
     panel.open();

@@ -15,9 +15,9 @@
 
 namespace {
 
-class SnapshotListTests : public testing::Test {
+class SnapshotListTest : public testing::Test {
 protected:
-    SnapshotListTests() {
+    SnapshotListTest() {
         list.resize(600, 400);
         show(3);
         list.show();
@@ -56,7 +56,7 @@ protected:
     QSignalSpy choices{&list, &SnapshotList::chosen};
 };
 
-TEST_F(SnapshotListTests, aClickAnywhereInARowChoosesIt) {
+TEST_F(SnapshotListTest, aClickAnywhereInARowChoosesIt) {
     click(rect(1).topLeft() + QPoint(30, 4));
     click(rect(2).center());
     ASSERT_EQ(choices.count(), 2);
@@ -64,27 +64,27 @@ TEST_F(SnapshotListTests, aClickAnywhereInARowChoosesIt) {
     EXPECT_EQ(choices[1].first().toInt(), 2);
 }
 
-TEST_F(SnapshotListTests, theGapBetweenTwoRowsChoosesNothing) {
+TEST_F(SnapshotListTest, theGapBetweenTwoRowsChoosesNothing) {
     click(rect(1).bottomLeft() + QPoint(50, -3));
     click(rect(2).bottomLeft() + QPoint(50, 30));
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTests, aSecondClickDoesNotTakeTheChoiceBack) {
+TEST_F(SnapshotListTest, aSecondClickDoesNotTakeTheChoiceBack) {
     select("1");
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, rect(1).center());
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(1, 0)));
     EXPECT_EQ(list.selectionModel()->selectedIndexes().size(), 1);
 }
 
-TEST_F(SnapshotListTests, arrowsChoose) {
+TEST_F(SnapshotListTest, arrowsChoose) {
     select("0");
     QTest::keyClick(&list, Qt::Key_Down);
     ASSERT_EQ(choices.count(), 1);
     EXPECT_EQ(choices[0].first().toInt(), 1);
 }
 
-TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstKeyChooses) {
+TEST_F(SnapshotListTest, whereNoneIsChosenTheFirstKeyChooses) {
     for (const int count : {1, 3}) {
         const int last = count - 1;
         for (const auto& [key, row] : std::initializer_list<std::pair<Qt::Key, int>>{{Qt::Key_Down, 0},
@@ -102,14 +102,14 @@ TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstKeyChooses) {
     }
 }
 
-TEST_F(SnapshotListTests, keysThatDoNotNavigateChooseNothing) {
+TEST_F(SnapshotListTest, keysThatDoNotNavigateChooseNothing) {
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_Escape, Qt::Key_Shift}) {
         QTest::keyClick(&list, key);
     }
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstRowHasTheFocusAlsoInLaterInspections) {
+TEST_F(SnapshotListTest, whereNoneIsChosenTheFirstRowHasTheFocusAlsoInLaterInspections) {
     list.activateWindow();
     list.setFocus();
     for (int inspection = 0; inspection < 3; ++inspection) {
@@ -126,14 +126,14 @@ TEST_F(SnapshotListTests, whereNoneIsChosenTheFirstRowHasTheFocusAlsoInLaterInsp
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTests, showingASelectionIsNoChoice) {
+TEST_F(SnapshotListTest, showingASelectionIsNoChoice) {
     select("2");
     select(std::nullopt);
     EXPECT_EQ(choices.count(), 0);
     EXPECT_TRUE(list.selectionModel()->selectedIndexes().isEmpty());
 }
 
-TEST_F(SnapshotListTests, theScrollPositionSurvivesAChoiceInSight) {
+TEST_F(SnapshotListTest, theScrollPositionSurvivesAChoiceInSight) {
     show(1000);
     list.verticalScrollBar()->setValue(5000);
     const int row = list.indexAt(QPoint(100, 150)).row();
@@ -143,7 +143,7 @@ TEST_F(SnapshotListTests, theScrollPositionSurvivesAChoiceInSight) {
     EXPECT_EQ(list.indexAt(QPoint(100, 150)).row(), row);
 }
 
-TEST_F(SnapshotListTests, otherSnapshotsReplaceTheRows) {
+TEST_F(SnapshotListTest, otherSnapshotsReplaceTheRows) {
     select("2");
     show(2);
     EXPECT_EQ(list.model()->rowCount(), 2);
@@ -154,7 +154,7 @@ TEST_F(SnapshotListTests, otherSnapshotsReplaceTheRows) {
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTests, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
+TEST_F(SnapshotListTest, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
     state.snapshots = std::make_shared<SortedSnapshots>(inspection({snapshot("same", 2), snapshot("same", 1)}));
     apply();
     click(rect(1).center());
@@ -162,7 +162,7 @@ TEST_F(SnapshotListTests, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
     EXPECT_EQ(list.currentIndex().row(), 1);
 }
 
-TEST_F(SnapshotListTests, aHundredThousandRowsAreThereAndNamed) {
+TEST_F(SnapshotListTest, aHundredThousandRowsAreThereAndNamed) {
     show(100'000);
     select("99999");
     EXPECT_EQ(list.model()->rowCount(), 100'000);
@@ -172,7 +172,7 @@ TEST_F(SnapshotListTests, aHundredThousandRowsAreThereAndNamed) {
               list.snapshotModel().content(list.currentIndex()).sentence());
 }
 
-TEST_F(SnapshotListTests, rowsAreListItemsNamedByASentence) {
+TEST_F(SnapshotListTest, rowsAreListItemsNamedByASentence) {
     select("1");
     EXPECT_EQ(accessible().role(), QAccessible::List);
     ASSERT_EQ(accessible().childCount(), 3);
@@ -188,13 +188,13 @@ TEST_F(SnapshotListTests, rowsAreListItemsNamedByASentence) {
     EXPECT_EQ(accessible().childAt(row.rect().center().x(), row.rect().center().y()), &row);
 }
 
-TEST_F(SnapshotListTests, aRowIsChosenByAssistiveTechnology) {
+TEST_F(SnapshotListTest, aRowIsChosenByAssistiveTechnology) {
     press(accessible().child(2));
     ASSERT_EQ(choices.count(), 1);
     EXPECT_EQ(choices[0].first().toInt(), 2);
 }
 
-TEST_F(SnapshotListTests, aRowThatIsGoneIsNotValidAnyMore) {
+TEST_F(SnapshotListTest, aRowThatIsGoneIsNotValidAnyMore) {
     QAccessibleInterface* const row = accessible().child(2);
     show(1);
     EXPECT_FALSE(row->isValid());

@@ -25,7 +25,7 @@ QRect mirrored(const QRect& place) {
     return QStyle::visualRect(Qt::RightToLeft, row, place);
 }
 
-TEST(SnapshotRowLayoutTests, goesFromTheMarkOverTheTextsToThePayload) {
+TEST(SnapshotRowLayoutTest, goesFromTheMarkOverTheTextsToThePayload) {
     const SnapshotRowLayout layout = layoutIn(Qt::LeftToRight);
     EXPECT_LT(row.left(), layout.mark.left());
     EXPECT_LT(layout.mark.right(), layout.date.place.left());
@@ -36,7 +36,7 @@ TEST(SnapshotRowLayoutTests, goesFromTheMarkOverTheTextsToThePayload) {
     EXPECT_LT(layout.payload.place.right(), row.right());
 }
 
-TEST(SnapshotRowLayoutTests, isItsOwnMirrorImageFromRightToLeft) {
+TEST(SnapshotRowLayoutTest, isItsOwnMirrorImageFromRightToLeft) {
     const SnapshotRowLayout layout = layoutIn(Qt::LeftToRight);
     const SnapshotRowLayout arabic = layoutIn(Qt::RightToLeft);
     EXPECT_EQ(arabic.mark, mirrored(layout.mark));
@@ -47,7 +47,7 @@ TEST(SnapshotRowLayoutTests, isItsOwnMirrorImageFromRightToLeft) {
     EXPECT_NE(arabic.mark, layout.mark);
 }
 
-TEST(SnapshotRowLayoutTests, eachFactKeepsItsOwnDirectionFromRightToLeft) {
+TEST(SnapshotRowLayoutTest, eachFactKeepsItsOwnDirectionFromRightToLeft) {
     EXPECT_EQ(layoutIn(Qt::LeftToRight).facts.text, content().factsLine());
     const QString drawn = layoutIn(Qt::RightToLeft).facts.text;
     constexpr QChar firstStrongIsolate(0x2068);

@@ -30,18 +30,18 @@ std::vector<std::string> codes(const SortedSnapshots& snapshots) {
     return codes;
 }
 
-TEST(SortedSnapshotsTests, theNewestStandsFirst) {
+TEST(SortedSnapshotsTest, theNewestStandsFirst) {
     const SortedSnapshots sorted(inspection({snapshot("old", 1), snapshot("new", 3), snapshot("middle", 2)}));
     EXPECT_EQ(codes(sorted), (std::vector<std::string>{"new", "middle", "old"}));
 }
 
-TEST(SortedSnapshotsTests, snapshotsOfTheSameTimeKeepTheEnginesOrder) {
+TEST(SortedSnapshotsTest, snapshotsOfTheSameTimeKeepTheEnginesOrder) {
     const SortedSnapshots sorted(
         inspection({snapshot("a", 5), snapshot("b", 7), snapshot("c", 5), snapshot("d", 7), snapshot("e", 5)}));
     EXPECT_EQ(codes(sorted), (std::vector<std::string>{"b", "d", "a", "c", "e"}));
 }
 
-TEST(SortedSnapshotsTests, manySnapshotsOfTheSameTimeKeepTheEnginesOrder) {
+TEST(SortedSnapshotsTest, manySnapshotsOfTheSameTimeKeepTheEnginesOrder) {
     // More than the sixteen that the standard library's other sorting leaves in their order by chance.
     std::vector<Snapshot> snapshots;
     std::vector<std::string> expected;
@@ -52,7 +52,7 @@ TEST(SortedSnapshotsTests, manySnapshotsOfTheSameTimeKeepTheEnginesOrder) {
     EXPECT_EQ(codes(SortedSnapshots(inspection(std::move(snapshots)))), expected);
 }
 
-TEST(SortedSnapshotsTests, timesBeforeTheEpochComeLast) {
+TEST(SortedSnapshotsTest, timesBeforeTheEpochComeLast) {
     constexpr std::int64_t earliest = std::numeric_limits<std::int64_t>::min();
     constexpr std::int64_t latest = std::numeric_limits<std::int64_t>::max();
     const SortedSnapshots sorted(inspection(
@@ -60,14 +60,14 @@ TEST(SortedSnapshotsTests, timesBeforeTheEpochComeLast) {
     EXPECT_EQ(codes(sorted), (std::vector<std::string>{"last", "zero", "before", "first"}));
 }
 
-TEST(SortedSnapshotsTests, findsARowByItsCode) {
+TEST(SortedSnapshotsTest, findsARowByItsCode) {
     const SortedSnapshots sorted(inspection({snapshot("a", 1), snapshot("b", 2)}));
     EXPECT_EQ(sorted.rowOf("a"), 1U);
     EXPECT_EQ(sorted.rowOf("b"), 0U);
     EXPECT_EQ(sorted.rowOf("c"), std::nullopt);
 }
 
-TEST(SnapshotsContentTests, withoutAnInspectionTheListIsEmpty) {
+TEST(SnapshotsContentTest, withoutAnInspectionTheListIsEmpty) {
     RecoveryScreenState state;
     state.selectedSnapshotCode = "a";
     const SnapshotsContent content = snapshotsContent(state);
@@ -76,14 +76,14 @@ TEST(SnapshotsContentTests, withoutAnInspectionTheListIsEmpty) {
     EXPECT_EQ(content.forkNotice, std::nullopt);
 }
 
-TEST(SnapshotsContentTests, saysSoWhereABackupHoldsNoSnapshots) {
+TEST(SnapshotsContentTest, saysSoWhereABackupHoldsNoSnapshots) {
     EXPECT_EQ(snapshotsContent(stateWith({})).emptyText,
               QStringLiteral("This backup holds no snapshots, so there is nothing to export. Choose another package."));
     EXPECT_EQ(snapshotsContent(stateWith({snapshot("a", 0)})).emptyText, std::nullopt);
     EXPECT_EQ(snapshotsContent(RecoveryScreenState()).emptyText, std::nullopt);
 }
 
-TEST(SnapshotsContentTests, onlyAnUnresolvedForkShowsTheNotice) {
+TEST(SnapshotsContentTest, onlyAnUnresolvedForkShowsTheNotice) {
     const SnapshotsContent content = snapshotsContent(stateWith({snapshot("a", 0)}, "unresolved-fork"));
     ASSERT_TRUE(content.forkNotice);
     EXPECT_EQ(content.forkNotice->title, QStringLiteral("This backup has two histories"));
@@ -94,14 +94,14 @@ TEST(SnapshotsContentTests, onlyAnUnresolvedForkShowsTheNotice) {
     }
 }
 
-TEST(SnapshotsContentTests, withoutASelectionNothingIsSelectedAndNothingCanBeExported) {
+TEST(SnapshotsContentTest, withoutASelectionNothingIsSelectedAndNothingCanBeExported) {
     const SnapshotsContent content = snapshotsContent(stateWith({snapshot("a", 0)}, "no-published-head"));
     EXPECT_FALSE(content.rows.row(0).isSelected);
     EXPECT_EQ(content.rows.selectedRow(), std::nullopt);
     EXPECT_FALSE(content.canExport);
 }
 
-TEST(SnapshotsContentTests, theSelectedCodeMarksItsRow) {
+TEST(SnapshotsContentTest, theSelectedCodeMarksItsRow) {
     RecoveryScreenState state = stateWith({snapshot("a", 1), snapshot("b", 2)});
     state.selectedSnapshotCode = "a";
     const SnapshotRows rows = snapshotsContent(state).rows;
@@ -110,14 +110,14 @@ TEST(SnapshotsContentTests, theSelectedCodeMarksItsRow) {
     EXPECT_EQ(rows.selectedRow(), 1U);
 }
 
-TEST(SnapshotsContentTests, anUnknownSelectionMarksNoRow) {
+TEST(SnapshotsContentTest, anUnknownSelectionMarksNoRow) {
     RecoveryScreenState state = stateWith({snapshot("a", 1)});
     state.selectedSnapshotCode = "elsewhere";
     EXPECT_FALSE(snapshotsContent(state).rows.row(0).isSelected);
     EXPECT_EQ(snapshotsContent(state).rows.selectedRow(), std::nullopt);
 }
 
-TEST(SnapshotsContentTests, aRowShowsDateFactsAndPayload) {
+TEST(SnapshotsContentTest, aRowShowsDateFactsAndPayload) {
     constexpr std::int64_t june14 = 1'781'430'060'000;
     const SnapshotRowContent row = rowOf(snapshot("a", june14));
     EXPECT_EQ(row.date, AmbrelStrings::formattedDateTime(
@@ -130,19 +130,19 @@ TEST(SnapshotsContentTests, aRowShowsDateFactsAndPayload) {
     EXPECT_EQ(row.sentence(), row.date + QStringLiteral(", Items: 4,812 · Files: 9,630 · 1.5 MB, Complete"));
 }
 
-TEST(SnapshotsContentTests, aSizeBeyondTheSignedRangeIsShownAsTheLargest) {
+TEST(SnapshotsContentTest, aSizeBeyondTheSignedRangeIsShownAsTheLargest) {
     constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
     const Snapshot huge = {.logicalPlaintextByteCount = std::numeric_limits<std::uint64_t>::max()};
     EXPECT_EQ(rowOf(huge).facts.last(),
               AmbrelStrings::formattedFileSize(largest, AmbrelStrings::currentFormattingLocale()));
 }
 
-TEST(SnapshotsContentTests, countsAreShownOverTheirWholeRange) {
+TEST(SnapshotsContentTest, countsAreShownOverTheirWholeRange) {
     const Snapshot huge = {.counts = {.items = std::numeric_limits<std::uint64_t>::max()}};
     EXPECT_EQ(rowOf(huge).facts.first(), QStringLiteral("Items: 18,446,744,073,709,551,615"));
 }
 
-TEST(SnapshotsContentTests, theEnginesVerdictDecidesThePayloadState) {
+TEST(SnapshotsContentTest, theEnginesVerdictDecidesThePayloadState) {
     const SnapshotRowContent row = rowOf({.payloadFileEvidence = {.complete = false}});
     EXPECT_FALSE(row.isComplete);
     EXPECT_EQ(row.payload, QStringLiteral("Incomplete"));
@@ -150,7 +150,7 @@ TEST(SnapshotsContentTests, theEnginesVerdictDecidesThePayloadState) {
     EXPECT_TRUE(rowOf({.payloadFileEvidence = {.complete = true, .missingFileCount = 7}}).isComplete);
 }
 
-TEST(SnapshotsContentTests, theExportTakesThePlaceOfItsButton) {
+TEST(SnapshotsContentTest, theExportTakesThePlaceOfItsButton) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(snapshotsContent(stateIn(phase)).exporting.has_value(), phase == Phase::exporting);
     }
@@ -160,7 +160,7 @@ TEST(SnapshotsContentTests, theExportTakesThePlaceOfItsButton) {
     EXPECT_EQ(content.exporting->cancelLabel, QStringLiteral("Cancel"));
 }
 
-TEST(SnapshotsContentTests, theExportButtonFollowsTheModel) {
+TEST(SnapshotsContentTest, theExportButtonFollowsTheModel) {
     RecoveryScreenState state = stateIn(Phase::snapshots);
     EXPECT_FALSE(snapshotsContent(state).canExport);
     state.canExport = true;
@@ -170,7 +170,7 @@ TEST(SnapshotsContentTests, theExportButtonFollowsTheModel) {
     EXPECT_EQ(snapshotsContent(state).chooseAnotherLabel, QStringLiteral("Choose another package"));
 }
 
-TEST(SnapshotsContentTests, isEqualForTheSameInspectionSelectionAndLanguage) {
+TEST(SnapshotsContentTest, isEqualForTheSameInspectionSelectionAndLanguage) {
     RecoveryScreenState state = stateWith({snapshot("a", 1), snapshot("b", 2)});
     const SnapshotsContent content = snapshotsContent(state);
     EXPECT_EQ(snapshotsContent(state), content);
@@ -181,7 +181,7 @@ TEST(SnapshotsContentTests, isEqualForTheSameInspectionSelectionAndLanguage) {
     EXPECT_NE(snapshotsContent(state), content);
 }
 
-TEST(SnapshotsContentTests, numbersFollowTheLanguage) {
+TEST(SnapshotsContentTest, numbersFollowTheLanguage) {
     const ScopedLanguage german("de", "de_DE.UTF-8");
     EXPECT_TRUE(rowOf(snapshot("a", 0)).facts.first().endsWith(QStringLiteral(": 4.812")));
 }

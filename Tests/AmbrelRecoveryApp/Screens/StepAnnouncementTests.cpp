@@ -20,23 +20,23 @@ RecoveryScreenState withError(RecoveryScreenState state, const QUuid& id) {
 
 } // namespace
 
-TEST(StepAnnouncementTests, saysNothingWhileThePhaseStays) {
+TEST(StepAnnouncementTest, saysNothingWhileThePhaseStays) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(between(phase, phase), std::nullopt);
     }
 }
 
-TEST(StepAnnouncementTests, saysWhichOperationBegins) {
+TEST(StepAnnouncementTest, saysWhichOperationBegins) {
     EXPECT_EQ(between(Phase::chooseBackup, Phase::preparingPackage), QStringLiteral("Preparing the backup"));
     EXPECT_EQ(between(Phase::preparingPackage, Phase::inspecting), QStringLiteral("Inspecting the backup…"));
     EXPECT_EQ(between(Phase::snapshots, Phase::exporting), QStringLiteral("Exporting…"));
 }
 
-TEST(StepAnnouncementTests, saysThatTheSnapshotsAreThere) {
+TEST(StepAnnouncementTest, saysThatTheSnapshotsAreThere) {
     EXPECT_EQ(between(Phase::inspecting, Phase::snapshots), QStringLiteral("Snapshots"));
 }
 
-TEST(StepAnnouncementTests, readsTheNoticeOfAForkWithTheSnapshots) {
+TEST(StepAnnouncementTest, readsTheNoticeOfAForkWithTheSnapshots) {
     RecoveryScreenState fork = stateIn(Phase::snapshots);
     fork.snapshots = std::make_shared<const SortedSnapshots>(inspection({snapshot("a", 1)}, "unresolved-fork"));
     const std::optional<QString> announcement = stepAnnouncement(stateIn(Phase::inspecting), fork);
@@ -45,7 +45,7 @@ TEST(StepAnnouncementTests, readsTheNoticeOfAForkWithTheSnapshots) {
     EXPECT_TRUE(announcement->startsWith(QStringLiteral("Snapshots\n")));
 }
 
-TEST(StepAnnouncementTests, saysThatThereAreNoSnapshots) {
+TEST(StepAnnouncementTest, saysThatThereAreNoSnapshots) {
     RecoveryScreenState empty = stateIn(Phase::snapshots);
     empty.snapshots = std::make_shared<const SortedSnapshots>(inspection({}));
     const std::optional<QString> announcement = stepAnnouncement(stateIn(Phase::inspecting), empty);
@@ -53,39 +53,39 @@ TEST(StepAnnouncementTests, saysThatThereAreNoSnapshots) {
     EXPECT_TRUE(announcement->startsWith(QStringLiteral("Snapshots\nThis backup holds no snapshots")));
 }
 
-TEST(StepAnnouncementTests, readsTheCountAtTheEnd) {
+TEST(StepAnnouncementTest, readsTheCountAtTheEnd) {
     RecoveryScreenState complete = stateIn(Phase::complete);
     complete.exportResult = exportResult({.recoveredItemCount = 4812});
     EXPECT_EQ(stepAnnouncement(stateIn(Phase::exporting), complete),
               QStringLiteral("Export complete\nExported: 4,812"));
 }
 
-TEST(StepAnnouncementTests, readsAnErrorWithItsBodyInEveryPhase) {
+TEST(StepAnnouncementTest, readsAnErrorWithItsBodyInEveryPhase) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(stepAnnouncement(stateIn(Phase::inspecting), withError(stateIn(phase), QUuid::createUuid())),
                   QStringLiteral("Not opened\nCheck the passphrase."));
     }
 }
 
-TEST(StepAnnouncementTests, readsTheSameErrorAgainOnlyWhenItIsAnotherOne) {
+TEST(StepAnnouncementTest, readsTheSameErrorAgainOnlyWhenItIsAnotherOne) {
     const RecoveryScreenState shown = withError(stateIn(Phase::chooseBackup), QUuid::createUuid());
     EXPECT_EQ(stepAnnouncement(shown, shown), std::nullopt);
     EXPECT_NE(stepAnnouncement(shown, withError(stateIn(Phase::chooseBackup), QUuid::createUuid())), std::nullopt);
 }
 
-TEST(StepAnnouncementTests, saysNothingWhenTheUserIsBackWhereTheyWere) {
+TEST(StepAnnouncementTest, saysNothingWhenTheUserIsBackWhereTheyWere) {
     EXPECT_EQ(between(Phase::inspecting, Phase::chooseBackup), std::nullopt);
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), std::nullopt);
     EXPECT_EQ(between(Phase::preparingPackage, Phase::chooseBackup), std::nullopt);
 }
 
-TEST(StepAnnouncementTests, saysThatTheWayBeginsAgain) {
+TEST(StepAnnouncementTest, saysThatTheWayBeginsAgain) {
     for (const Phase phase : {Phase::snapshots, Phase::complete}) {
         EXPECT_EQ(between(phase, Phase::chooseBackup), QStringLiteral("Choose backup package"));
     }
 }
 
-TEST(StepAnnouncementTests, speaksTheLanguageOfTheInterface) {
+TEST(StepAnnouncementTest, speaksTheLanguageOfTheInterface) {
     const ScopedLanguage german("de", "de_DE.UTF-8");
     EXPECT_EQ(between(Phase::chooseBackup, Phase::preparingPackage), QStringLiteral("Backup wird vorbereitet"));
 }

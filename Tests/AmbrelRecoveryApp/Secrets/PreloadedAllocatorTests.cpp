@@ -71,20 +71,20 @@ void expectBlocksArePassedOn() {
 
 } // namespace
 
-TEST(TellingAllocatorTests, getsEveryBlockBackWiped) {
+TEST(TellingAllocatorTest, getsEveryBlockBackWiped) {
     ASSERT_GT(count("preloadedAllocatorGotBack"), 0U) << "the allocator is not preloaded";
     expectBlocksArePassedOn();
     EXPECT_EQ(count("preloadedAllocatorGotBackUnwiped"), 0U);
 }
 
-TEST(SilentAllocatorTests, getsEveryBlockBack) {
+TEST(SilentAllocatorTest, getsEveryBlockBack) {
     ASSERT_GT(count("preloadedAllocatorGotBack"), 0U) << "the allocator is not preloaded";
     expectBlocksArePassedOn();
     // Nobody knows how far they reach, so the C library's answer was not taken.
     EXPECT_GT(count("preloadedAllocatorGotBackUnwiped"), 0U);
 }
 
-TEST(PassingAllocatorTests, losesNothingOfTheAllocatorBehind) {
+TEST(PassingAllocatorTest, losesNothingOfTheAllocatorBehind) {
     const std::size_t before = count("preloadedAllocatorHandedOut");
     ASSERT_GT(before, 0U) << "the allocator is not preloaded";
     giveBack();

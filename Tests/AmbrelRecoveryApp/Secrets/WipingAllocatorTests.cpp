@@ -72,7 +72,7 @@ void forgetPeak() {
 
 /// Blocks so large that their pages go back to the system, of sizes that end in different places of a page. They come
 /// from the heap, like small ones, and stay in it when they are given back.
-class WipingAllocatorLargeBlockTests : public testing::TestWithParam<std::size_t> {
+class WipingAllocatorLargeBlockTest : public testing::TestWithParam<std::size_t> {
 protected:
     static void SetUpTestSuite() {
         ASSERT_EQ(mallopt(M_MMAP_MAX, 0), 1);
@@ -91,7 +91,7 @@ protected:
 
 } // namespace
 
-TEST(WipingAllocatorTests, wipesWhatIsGivenBack) {
+TEST(WipingAllocatorTest, wipesWhatIsGivenBack) {
     for (const std::size_t size : blockSizes) {
         std::free(markedBlock(size));
         EXPECT_EQ(marksInNextBlock(size), 0) << size;
@@ -99,7 +99,7 @@ TEST(WipingAllocatorTests, wipesWhatIsGivenBack) {
     std::free(nullptr);
 }
 
-TEST(WipingAllocatorTests, wipesABlockThatGrowsElsewhere) {
+TEST(WipingAllocatorTest, wipesABlockThatGrowsElsewhere) {
     for (const std::size_t size : blockSizes) {
         void* const old = markedBlock(size);
         // Keeps the block from growing where it is.
@@ -112,7 +112,7 @@ TEST(WipingAllocatorTests, wipesABlockThatGrowsElsewhere) {
     }
 }
 
-TEST(WipingAllocatorTests, wipesTheEndOfABlockThatShrinks) {
+TEST(WipingAllocatorTest, wipesTheEndOfABlockThatShrinks) {
     void* const block = std::realloc(markedBlock(5000), 1000);
     EXPECT_EQ(std::ranges::count(wholeBlock(block).first(1000), mark), 1000);
     EXPECT_EQ(std::ranges::count(wholeBlock(block).subspan(1000), mark), 0);
@@ -120,9 +120,9 @@ TEST(WipingAllocatorTests, wipesTheEndOfABlockThatShrinks) {
     std::free(block);
 }
 
-INSTANTIATE_TEST_SUITE_P(, WipingAllocatorLargeBlockTests, testing::Values(5'000'001, 5'001'001, 5'002'001, 5'003'001));
+INSTANTIATE_TEST_SUITE_P(, WipingAllocatorLargeBlockTest, testing::Values(5'000'001, 5'001'001, 5'002'001, 5'003'001));
 
-TEST_P(WipingAllocatorLargeBlockTests, areWipedFromEndToEnd) {
+TEST_P(WipingAllocatorLargeBlockTest, areWipedFromEndToEnd) {
     std::free(block_);
     void* const next = unknownToCompiler(std::malloc(size_));
     ASSERT_EQ(next, block_);
@@ -130,7 +130,7 @@ TEST_P(WipingAllocatorLargeBlockTests, areWipedFromEndToEnd) {
     std::free(next);
 }
 
-TEST_P(WipingAllocatorLargeBlockTests, keepTheirBeginningWhenTheyShrink) {
+TEST_P(WipingAllocatorLargeBlockTest, keepTheirBeginningWhenTheyShrink) {
     constexpr std::size_t kept = 100'001;
     void* const smaller = std::realloc(block_, kept);
     EXPECT_EQ(std::ranges::count(wholeBlock(smaller).first(kept), mark), static_cast<std::ptrdiff_t>(kept));
@@ -139,7 +139,7 @@ TEST_P(WipingAllocatorLargeBlockTests, keepTheirBeginningWhenTheyShrink) {
     std::free(smaller);
 }
 
-TEST_P(WipingAllocatorLargeBlockTests, areWipedAlsoWhereTheirPagesAreLocked) {
+TEST_P(WipingAllocatorLargeBlockTest, areWipedAlsoWhereTheirPagesAreLocked) {
     if (mlock(block_, size_) != 0) {
         GTEST_SKIP() << "this user may not lock so much memory";
     }
@@ -153,7 +153,7 @@ TEST_P(WipingAllocatorLargeBlockTests, areWipedAlsoWhereTheirPagesAreLocked) {
     std::free(next);
 }
 
-TEST(WipingAllocatorTests, makesNothingResidentThatWasNeverUsed) {
+TEST(WipingAllocatorTest, makesNothingResidentThatWasNeverUsed) {
     forgetPeak();
     const std::size_t before = peakOfResidentMemory();
     void* const block = unknownToCompiler(std::malloc(hugeSize));
@@ -163,21 +163,21 @@ TEST(WipingAllocatorTests, makesNothingResidentThatWasNeverUsed) {
     EXPECT_LT(peakOfResidentMemory(), before + 32 * mebibyte);
 }
 
-TEST(WipingAllocatorTests, growsFromNothing) {
+TEST(WipingAllocatorTest, growsFromNothing) {
     void* const block = std::realloc(nullptr, 100);
     ASSERT_NE(block, nullptr);
     EXPECT_GE(wholeBlock(block).size(), 100U);
     std::free(block);
 }
 
-TEST(WipingAllocatorTests, wipesABlockThatShrinksToNothing) {
+TEST(WipingAllocatorTest, wipesABlockThatShrinksToNothing) {
     for (const std::size_t size : blockSizes) {
         EXPECT_EQ(std::realloc(markedBlock(size), 0), nullptr);
         EXPECT_EQ(marksInNextBlock(size), 0) << size;
     }
 }
 
-TEST(WipingAllocatorTests, refusesABlockOfMoreThanThereIs) {
+TEST(WipingAllocatorTest, refusesABlockOfMoreThanThereIs) {
     // Not known to the compiler, which would refuse it first.
     volatile std::size_t tooMany = std::numeric_limits<std::size_t>::max() / 2 + 2;
     errno = 0;
@@ -185,7 +185,7 @@ TEST(WipingAllocatorTests, refusesABlockOfMoreThanThereIs) {
     EXPECT_EQ(errno, ENOMEM);
 }
 
-TEST(WipingReceiveTests, wipesWhatTheBufferHeldAndReceivesTheMessage) {
+TEST(WipingReceiveTest, wipesWhatTheBufferHeldAndReceivesTheMessage) {
     int ends[2];
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
     std::string buffer(100, 's');

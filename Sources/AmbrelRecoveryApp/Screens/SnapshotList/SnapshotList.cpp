@@ -97,7 +97,7 @@ void SnapshotList::focusInEvent(QFocusEvent* event) {
 }
 
 void SnapshotList::keyPressEvent(QKeyEvent* event) {
-    if (!FirstChoice::take(*this, *event)) {
+    if (!FirstChoice::select(*this, *event)) {
         QListView::keyPressEvent(event);
     }
 }

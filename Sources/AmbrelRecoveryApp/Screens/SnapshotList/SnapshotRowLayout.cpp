@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Controls/FittedText.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 
 #include <QStyle>
 
@@ -33,11 +34,9 @@ QString drawnFacts(const SnapshotRowContent& content, Qt::LayoutDirection direct
     if (direction == Qt::LeftToRight) {
         return content.factsLine();
     }
-    constexpr QChar firstStrongIsolate(0x2068);
-    constexpr QChar popDirectionalIsolate(0x2069);
     SnapshotRowContent isolated = content;
     for (QString& fact : isolated.facts) {
-        fact = firstStrongIsolate + fact + popDirectionalIsolate;
+        fact = FileNameText::isolated(fact);
     }
     return isolated.factsLine();
 }

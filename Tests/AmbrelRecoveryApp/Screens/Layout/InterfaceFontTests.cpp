@@ -31,29 +31,29 @@ QString familyIn(const char* language, const char* locale, const QString& text) 
     return familyOf(text, recoveryFont(16, QFont::Normal));
 }
 
-class InterfaceFontTests : public testing::Test {
+class InterfaceFontTest : public testing::Test {
 protected:
     // What the desktop's font is does not change after it was first asked for, here on an English system.
-    InterfaceFontTests() {
+    InterfaceFontTest() {
         for (const char* const language : {"ar", "en"}) {
             const ScopedLanguage texts(language, "en_US.UTF-8");
             applyInterfaceFont();
         }
     }
-    ~InterfaceFontTests() override { QApplication::setFont(before_); }
+    ~InterfaceFontTest() override { QApplication::setFont(before_); }
 
 private:
     const QFont before_ = QApplication::font();
 };
 
-TEST_F(InterfaceFontTests, drawsHanCharactersAsTheReadersOfTheLanguageWriteThem) {
+TEST_F(InterfaceFontTest, drawsHanCharactersAsTheReadersOfTheLanguageWriteThem) {
     EXPECT_EQ(familyIn("zh-Hans", "zh_CN.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK SC"));
     EXPECT_EQ(familyIn("zh-Hant", "zh_TW.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK TC"));
     EXPECT_EQ(familyIn("ja", "ja_JP.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK JP"));
     EXPECT_EQ(familyIn("ko", "ko_KR.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK KR"));
 }
 
-TEST_F(InterfaceFontTests, prefersTheFormsOfTheLanguageToThoseOfADesktopInAnother) {
+TEST_F(InterfaceFontTest, prefersTheFormsOfTheLanguageToThoseOfADesktopInAnother) {
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Noto Sans CJK SC"), AmbrelInterfaceLanguage::japanese),
               QStringList({"Noto Sans CJK JP", "Noto Sans CJK SC"}));
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Inter"), AmbrelInterfaceLanguage::japanese),
@@ -61,24 +61,24 @@ TEST_F(InterfaceFontTests, prefersTheFormsOfTheLanguageToThoseOfADesktopInAnothe
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Inter"), AmbrelInterfaceLanguage::polish), QStringList("Inter"));
 }
 
-TEST_F(InterfaceFontTests, drawsArabicWithTheSansSerifOfTheSameFamilies) {
+TEST_F(InterfaceFontTest, drawsArabicWithTheSansSerifOfTheSameFamilies) {
     EXPECT_EQ(familyIn("ar", "ar_EG.UTF-8", QStringLiteral("اختيار")), QStringLiteral("Noto Sans Arabic"));
 }
 
-TEST_F(InterfaceFontTests, drawsLatinLettersWithTheFontOfTheDesktop) {
+TEST_F(InterfaceFontTest, drawsLatinLettersWithTheFontOfTheDesktop) {
     const QString ofTheDesktop = familyIn("en", "en_US.UTF-8", QStringLiteral("Photos"));
     EXPECT_EQ(familyIn("ja", "ja_JP.UTF-8", QStringLiteral("Photos")), ofTheDesktop);
     EXPECT_EQ(familyIn("ar", "ar_EG.UTF-8", QStringLiteral("Photos")), ofTheDesktop);
 }
 
-TEST_F(InterfaceFontTests, leavesTheFontOfTheDesktopAloneAgainInOtherLanguages) {
+TEST_F(InterfaceFontTest, leavesTheFontOfTheDesktopAloneAgainInOtherLanguages) {
     const QStringList families = QApplication::font().families();
     familyIn("ja", "ja_JP.UTF-8", boneCharacter);
     familyIn("de", "de_DE.UTF-8", boneCharacter);
     EXPECT_EQ(QApplication::font().families(), families);
 }
 
-TEST_F(InterfaceFontTests, widgetsFollowALaterChangeOfTheLanguage) {
+TEST_F(InterfaceFontTest, widgetsFollowALaterChangeOfTheLanguage) {
     QLabel label;
     label.setFont(recoveryFont(16, QFont::DemiBold));
     label.show();

@@ -20,9 +20,9 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class LayoutReviewTests : public testing::Test {
+class LayoutReviewTest : public testing::Test {
 protected:
-    LayoutReviewTests() {
+    LayoutReviewTest() {
         window.resize(600, 400);
         window.show();
     }
@@ -49,39 +49,39 @@ protected:
     QWidget window;
 };
 
-TEST_F(LayoutReviewTests, findsNothingWhereEveryTextHasItsPlace) {
+TEST_F(LayoutReviewTest, findsNothingWhereEveryTextHasItsPlace) {
     label(QStringLiteral("Unlock the backup"), {10, 10, 200, 30});
     label(QStringLiteral("Unlock the backup"), {10, 50, 60, 90});
     EXPECT_THAT(findings(), IsEmpty());
 }
 
-TEST_F(LayoutReviewTests, reportsALabelThatIsTooNarrowForItsText) {
+TEST_F(LayoutReviewTest, reportsALabelThatIsTooNarrowForItsText) {
     label(QStringLiteral("Unlock the backup"), {10, 10, 60, 20});
     EXPECT_THAT(findings(), Contains(HasSubstr("“Unlock the backup” (TextLabel): needs")));
 }
 
-TEST_F(LayoutReviewTests, reportsAWordThatIsTorn) {
+TEST_F(LayoutReviewTest, reportsAWordThatIsTorn) {
     label(QStringLiteral("Wiederherstellung"), {10, 10, 60, 90});
     EXPECT_THAT(findings(), Contains(HasSubstr("is torn within a word")));
 }
 
-TEST_F(LayoutReviewTests, doesNotTakeALineBreakBetweenIdeographsForATornWord) {
+TEST_F(LayoutReviewTest, doesNotTakeALineBreakBetweenIdeographsForATornWord) {
     label(QStringLiteral("バックアップパッケージを選択"), {10, 10, 60, 120});
     EXPECT_THAT(findings(), IsEmpty());
 }
 
-TEST_F(LayoutReviewTests, reportsALabelThatReachesOutOfTheWindow) {
+TEST_F(LayoutReviewTest, reportsALabelThatReachesOutOfTheWindow) {
     label(QStringLiteral("Unlock the backup"), {550, 10, 200, 30});
     EXPECT_THAT(findings(), Contains(HasSubstr("reaches out of")));
 }
 
-TEST_F(LayoutReviewTests, reportsTextsThatLieOverOneAnother) {
+TEST_F(LayoutReviewTest, reportsTextsThatLieOverOneAnother) {
     label(QStringLiteral("one"), {10, 10, 100, 30});
     label(QStringLiteral("other"), {50, 30, 100, 30});
     EXPECT_THAT(findings(), Contains(HasSubstr("“one” (TextLabel): lies over “other”")));
 }
 
-TEST_F(LayoutReviewTests, reportsAButtonThatIsTooNarrowForItsLabel) {
+TEST_F(LayoutReviewTest, reportsAButtonThatIsTooNarrowForItsLabel) {
     auto* const button = new PrimaryRecoveryButton(RecoverySymbol::checkmarkShield, &window);
     button->setLabel(QStringLiteral("Inspect backup"));
     placed(button, {10, 10, 90, 50});
@@ -90,21 +90,21 @@ TEST_F(LayoutReviewTests, reportsAButtonThatIsTooNarrowForItsLabel) {
     EXPECT_THAT(findings(), Contains(HasSubstr("is smaller than a button with its symbol")));
 }
 
-TEST_F(LayoutReviewTests, reportsASegmentThatIsTooNarrowForItsLabel) {
+TEST_F(LayoutReviewTest, reportsASegmentThatIsTooNarrowForItsLabel) {
     auto* const segment = new SegmentButton(&window);
     segment->setLabel(QStringLiteral("Wiederherstellungsschlüssel"));
     placed(segment, {10, 10, 120, 28});
     EXPECT_THAT(findings(), Contains(HasSubstr("(SegmentButton): needs")));
 }
 
-TEST_F(LayoutReviewTests, reportsAPromptThatIsTooLongForItsField) {
+TEST_F(LayoutReviewTest, reportsAPromptThatIsTooLongForItsField) {
     auto* const field = new SecureField(&window);
     field->setPrompt(QStringLiteral("Wiederherstellungsschlüssel"));
     placed(field, {10, 10, 120, 42});
     EXPECT_THAT(findings(), Contains(HasSubstr("(SecureField): needs")));
 }
 
-TEST_F(LayoutReviewTests, reportsRowsThatAreTooNarrow) {
+TEST_F(LayoutReviewTest, reportsRowsThatAreTooNarrow) {
     RecoveryScreenState state = stateIn(RecoveryScreenState::Phase::snapshots);
     auto* const list = new SnapshotList(&window);
     list->apply(snapshotsContent(state).rows);
@@ -114,7 +114,7 @@ TEST_F(LayoutReviewTests, reportsRowsThatAreTooNarrow) {
     EXPECT_THAT(findings(), IsEmpty());
 }
 
-TEST_F(LayoutReviewTests, reportsContentThatWouldHaveToBeScrolledSideways) {
+TEST_F(LayoutReviewTest, reportsContentThatWouldHaveToBeScrolledSideways) {
     auto* const area = new QScrollArea(&window);
     auto* const text = new TextLabel(recoveryFont(13, QFont::Normal), Qt::white);
     text->setText(QStringLiteral("Unlock the backup"));
@@ -126,7 +126,7 @@ TEST_F(LayoutReviewTests, reportsContentThatWouldHaveToBeScrolledSideways) {
     EXPECT_THAT(findings(), Contains(HasSubstr("reaches out of")));
 }
 
-TEST_F(LayoutReviewTests, reportsAWidgetWhoseTextItCannotMeasure) {
+TEST_F(LayoutReviewTest, reportsAWidgetWhoseTextItCannotMeasure) {
     placed(new QLabel(QStringLiteral("text"), &window), {10, 10, 100, 30});
     EXPECT_THAT(findings(), Contains(HasSubstr("is not known to the review")));
 }

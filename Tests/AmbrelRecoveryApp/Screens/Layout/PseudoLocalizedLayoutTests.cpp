@@ -4,13 +4,13 @@
 
 namespace {
 
-TEST(PseudoLocalizedLayoutTests, everyTextIsShownWholeAtTheSmallestSize) {
+TEST(PseudoLocalizedLayoutTest, everyTextIsShownWholeAtTheSmallestSize) {
     const std::string texts = expectWholeTexts(systemLanguages.front());
     // “Snapshots”, by which it is known that the pseudo-localized table was found.
     EXPECT_NE(texts.find("⟦Šñːåþːšħːöţːš⟧"), std::string::npos);
 }
 
-TEST(PseudoLocalizedLayoutTests, everyTextIsShownWholeWhereTextsAreLarge) {
+TEST(PseudoLocalizedLayoutTest, everyTextIsShownWholeWhereTextsAreLarge) {
     expectWholeTexts(systemLanguages.front(), 1.5);
 }
 

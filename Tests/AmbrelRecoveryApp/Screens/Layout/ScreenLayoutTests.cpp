@@ -6,22 +6,22 @@
 
 namespace {
 
-class ScreenLayoutTests : public testing::TestWithParam<SystemLanguage> {};
+class ScreenLayoutTest : public testing::TestWithParam<SystemLanguage> {};
 
-TEST_P(ScreenLayoutTests, everyTextIsShownWholeAtTheSmallestSize) {
+TEST_P(ScreenLayoutTest, everyTextIsShownWholeAtTheSmallestSize) {
     const std::string texts = expectWholeTexts(GetParam());
     const ScopedLanguage language(GetParam().tag, GetParam().locale);
     const QString title = AmbrelStrings::localized(AmbrelStrings::recoveryCredentialTitle());
     EXPECT_NE(texts.find(title.toStdString()), std::string::npos) << title.toStdString();
 }
 
-TEST_P(ScreenLayoutTests, everyTextIsShownWholeWhereTextsAreLarge) {
+TEST_P(ScreenLayoutTest, everyTextIsShownWholeWhereTextsAreLarge) {
     for (const qreal scale : {1.25, 1.5}) {
         expectWholeTexts(GetParam(), scale);
     }
 }
 
-TEST(ScreenLayoutLanguagesTests, areAllLanguagesOfTheInterface) {
+TEST(ScreenLayoutLanguagesTest, areAllLanguagesOfTheInterface) {
     QStringList tags;
     for (const SystemLanguage& language : systemLanguages) {
         tags << QString::fromLatin1(language.tag);
@@ -38,6 +38,6 @@ std::string nameOf(const testing::TestParamInfo<SystemLanguage>& language) {
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(In, ScreenLayoutTests, testing::ValuesIn(systemLanguages), nameOf);
+INSTANTIATE_TEST_SUITE_P(In, ScreenLayoutTest, testing::ValuesIn(systemLanguages), nameOf);
 
 } // namespace

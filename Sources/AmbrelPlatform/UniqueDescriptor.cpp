@@ -1,0 +1,35 @@
+#include "AmbrelPlatform/UniqueDescriptor.h"
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+UniqueDescriptor::UniqueDescriptor(UniqueDescriptor&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+UniqueDescriptor& UniqueDescriptor::operator=(UniqueDescriptor&& other) noexcept {
+    if (this != &other) {
+        close();
+        descriptor_ = std::exchange(other.descriptor_, -1);
+    }
+    return *this;
+}
+
+UniqueDescriptor::~UniqueDescriptor() {
+    close();
+}
+
+bool UniqueDescriptor::close() noexcept {
+    const int descriptor = std::exchange(descriptor_, -1);
+    // An interrupted close has closed the descriptor all the same; closing it again could hit another thread's.
+    return descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR;
+}
+
+UniqueDescriptor aboveStandardStreams(UniqueDescriptor descriptor) {
+    if (!descriptor || descriptor.get() > STDERR_FILENO) {
+        return descriptor;
+    }
+    return UniqueDescriptor(fcntl(descriptor.get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}

@@ -1,9 +1,0 @@
-#include "AmbrelRecoveryAppSupport/SystemClock.h"
-
-#include <ctime>
-
-SystemClock::time_point SystemClock::now() noexcept {
-    timespec time{};
-    clock_gettime(CLOCK_BOOTTIME, &time);
-    return time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
-}

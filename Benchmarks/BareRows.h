@@ -8,9 +8,9 @@
 
 #include <vector>
 
-/// What the snapshot list is measured against: the same rows drawn by hand and nothing else. There is no model, no
-/// selection, no keyboard and no assistive technology, one direction and one scale; the words of every row are made
-/// beforehand, and so are fonts and symbols.
+/// A baseline for the snapshot list: the same rows drawn by hand and nothing else. It has no model, selection, keyboard
+/// support or accessibility, and supports one text direction and one scale. All row texts, fonts and symbols are
+/// prepared in advance.
 class BareRows final : public QAbstractScrollArea {
 public:
     explicit BareRows(const SnapshotRows& rows, QWidget* parent = nullptr);

@@ -1,10 +1,11 @@
-// Starts a program on an otherwise empty X display and tells when its first complete picture stood there:
+// Starts a program on an otherwise empty X display and measures when its first complete picture appears:
+//
 //
 //     FirstPicture [--picture FILE.ppm] PROGRAM [ARGUMENT...]
 //
-// The picture is complete where it first equals the one that stands when nothing has been drawn any more for a while.
-// Printed as one object of JSON: wall and processor time from the start of the program to that picture, and the
-// program's proportional and private memory once it is at rest, which needs root's rights where the program hides it.
+// A picture is complete when it first equals the one on the display after nothing has been drawn for a while. Prints
+// one JSON object: wall and processor time from the start of the program to that picture, and the program's
+// proportional and private memory once it is idle. Reading the memory requires root if the program hides it.
 
 #include "ScreenWatch.h"
 
@@ -28,7 +29,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int restMilliseconds = 1500;
-/// A program that never rests (a blinking cursor) is looked at for so long.
+/// A program that never becomes idle (for example with a blinking cursor) is watched for this long.
 constexpr std::chrono::seconds longestWatch(15);
 
 struct Picture {
@@ -63,7 +64,7 @@ public:
         return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
     }
 
-    /// A field of the program's memory summary in KiB, -1 where it cannot be read.
+    /// A field of the program's memory summary in KiB, or -1 if it cannot be read.
     long memory(std::string_view field) const {
         std::ifstream summary("/proc/" + std::to_string(process_) + "/smaps_rollup");
         std::string name;
@@ -89,7 +90,7 @@ std::size_t hashOf(std::span<const std::byte> picture) {
 std::vector<Picture> watch(ScreenWatch& screen, const Program& program) {
     const Clock::time_point end = Clock::now() + longestWatch;
     std::vector<Picture> pictures;
-    // Until something is drawn for the first time, only the longest watch bounds the wait.
+    // Until the first drawing, only longestWatch bounds the wait.
     while (Clock::now() < end) {
         if (screen.waitForDrawing(restMilliseconds)) {
             const std::size_t hash = hashOf(screen.takePicture());
@@ -135,7 +136,7 @@ void measure(ScreenWatch& screen, char** arguments, const std::string& picturePa
             write(screen, picturePath);
         }
     }
-    // The display takes the windows of a program away some time after it has ended.
+    // The display removes a program's windows some time after the program has ended.
     while (hashOf(screen.takePicture()) != emptyHash && screen.waitForDrawing(restMilliseconds)) {
     }
 }

@@ -1,4 +1,4 @@
-// The values of one row of the snapshots: two numbers, a size and a date, with kept formatters and with new ones.
+// The values of one snapshot row: two numbers, a size and a date, with cached and with new formatters.
 
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/IcuText.h"
@@ -55,7 +55,7 @@ void formatDateAnew(const icu::DateFormat& format) {
     benchmark::DoNotOptimize(IcuText::toQString(text));
 }
 
-// The date in one of ICU's four fixed styles, which have no abbreviated month in German but are made faster.
+// The date in one of ICU's four predefined styles. They are faster to create, but have no abbreviated month in German.
 void rowNewFormattersOfFixedStyle(benchmark::State& state) {
     const icu::Locale locale = icu::Locale::getGermany();
     for (auto _ : state) {
@@ -90,7 +90,7 @@ void rowQLocale(benchmark::State& state) {
 }
 BENCHMARK(rowQLocale);
 
-// One language after the other, each once: what the first picture would pay for its formatter.
+// Each language once: the cost of its formatter at the first picture.
 void firstDateOfALanguage(benchmark::State& state) {
     const auto languages = AmbrelInterfaceLanguage::selectableLanguages();
     std::size_t next = 0;

@@ -1,4 +1,4 @@
-// The least that a program with a window of Qt Widgets can be: forty labels and a style sheet.
+// A minimal Qt Widgets program for comparison: a window with forty labels and a style sheet.
 
 #include <QApplication>
 #include <QGridLayout>

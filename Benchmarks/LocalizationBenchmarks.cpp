@@ -1,5 +1,5 @@
-// Looking up a text and loading a table, beside what else could do it. Of the lookups only the first two notice at once
-// that another process has changed the language; the others are told nothing and ask nothing.
+// Looking up a text and loading a table, compared with alternatives. Only the first two lookups notice immediately that
+// another process has changed the language; the others never check.
 
 #include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
@@ -52,7 +52,7 @@ QHash<QString, QString> hashFromJson() {
     return texts;
 }
 
-/// A comparison in which the other side found nothing would be worthless.
+/// The comparison would be worthless if the other library did not find the text.
 void require(benchmark::State& state, const QString& text) {
     if (text != AmbrelStrings::resolved(LocalizedStringResource(key), QStringLiteral("en"))) {
         state.SkipWithError("the text was not found");
@@ -145,7 +145,7 @@ void loadQJsonDocument(benchmark::State& state) {
 }
 BENCHMARK(loadQJsonDocument);
 
-// These two map their file and decode a text when it is asked for, so they have little to do here.
+// These two map their file and decode each text on demand, so loading does little work.
 void loadQTranslator(benchmark::State& state) {
     for (auto _ : state) {
         QTranslator translator;
@@ -165,7 +165,7 @@ BENCHMARK(resolveSystemLanguage);
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    // The choice is the benchmarks' own and not the user's. The locale lets gettext look at LANGUAGE.
+    // Use a choice of the benchmarks' own instead of the user's. With this locale, gettext reads LANGUAGE.
     const QTemporaryDir configuration;
     ::setenv("XDG_CONFIG_HOME", configuration.path().toUtf8().constData(), 1);
     ::setenv("LANGUAGE", "en", 1);
@@ -174,7 +174,7 @@ int main(int argumentCount, char** arguments) {
     ::textdomain("ambrel");
     AmbrelInterfaceLanguagePreferenceStore(AmbrelUserDefaults::standard(), storageKey())
         .save(AmbrelInterfaceLanguage::english);
-    // Right after a change the file is read again at every lookup, which is not what is measured here.
+    // Right after a change, every lookup rereads the file, which is not what is measured here.
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
 
     benchmark::Initialize(&argumentCount, arguments);

@@ -4,7 +4,7 @@
 
 #include <QScrollArea>
 
-/// What the snapshot list is measured against: a frame with five labels for every row, in a scroll area.
+/// A baseline for the snapshot list: a frame with five labels for each row, in a scroll area.
 class RowWidgets final : public QScrollArea {
 public:
     explicit RowWidgets(const SnapshotRows& rows, QWidget* parent = nullptr);

@@ -4,13 +4,13 @@
 
 #include <memory>
 
-/// Snapshots to measure with, one a quarter of an hour.
+/// Sample snapshots for measurements, one every quarter of an hour.
 namespace SampleSnapshots {
 
-/// `count` snapshots from old to new, the order in which an engine writes a history.
+/// `count` snapshots, oldest first, which is the order in which an engine writes a history.
 std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection(int count);
 
-/// The rows of `inspection` in English, the newest selected. Sorts.
+/// The rows of `inspection` in English, sorted here, with the newest selected.
 SnapshotRows rows(const std::shared_ptr<const AmbrelRecoveryInspectionDocument>& inspection);
 
 } // namespace SampleSnapshots

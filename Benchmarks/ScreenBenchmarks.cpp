@@ -1,6 +1,6 @@
-// The snapshot list and the redraw after a change of the model, on whatever display there is (DISPLAY).
+// The snapshot list, and the redraw after a change of the model, on the current display (DISPLAY).
 //
-// Of a picture the time is taken that the program needs for it: the display draws what it was sent afterwards.
+// The time for a picture is the time that the program needs; the display draws asynchronously afterwards.
 
 #include "AmbrelRecoveryApp/Controls/CopperGlow.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
@@ -27,10 +27,10 @@
 namespace {
 
 constexpr QSize listSize(620, 480);
-/// Less than half of a row, so that every row is drawn at many places.
+/// Less than half a row, so that rows are drawn at many offsets.
 constexpr int scrollStep = 37;
 
-/// Counts what is painted, so that nothing is measured that shows nothing.
+/// Counts paint events, to make sure that something is actually shown.
 class PaintCount final : public QObject {
 public:
     explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
@@ -60,7 +60,7 @@ void scrollOn(QAbstractScrollArea& area) {
     area.viewport()->repaint();
 }
 
-/// What is done once for an inspection, whatever shows it.
+/// Done once per inspection, regardless of what shows it.
 void sortSnapshots(benchmark::State& state) {
     const auto inspection = SampleSnapshots::inspection(static_cast<int>(state.range(0)));
     for (auto _ : state) {
@@ -69,7 +69,7 @@ void sortSnapshots(benchmark::State& state) {
 }
 BENCHMARK(sortSnapshots)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 
-/// From the sorted snapshots to the painted list: handing over, laying out, the words of the visible rows.
+/// From the sorted snapshots to the painted list: model reset, layout, and the texts of the visible rows.
 void openSnapshotList(benchmark::State& state) {
     const SnapshotRows rows = SampleSnapshots::rows(SampleSnapshots::inspection(static_cast<int>(state.range(0))));
     SnapshotList list;
@@ -144,7 +144,7 @@ void selectAnotherSnapshot(benchmark::State& state) {
 }
 BENCHMARK(selectAnotherSnapshot)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 
-/// The window of the first screen with a chosen package, in sight.
+/// The visible window of the first screen, with a chosen package.
 class FirstScreen {
 public:
     FirstScreen() {
@@ -164,7 +164,7 @@ public:
     RecoveryRootView view{model};
 };
 
-/// The user switching between the two kinds of secret: texts, a button's state and the entry field change.
+/// The user switches between the two kinds of secret: texts, a button's state and the entry field change.
 void redrawAfterModelChange(benchmark::State& state) {
     FirstScreen screen;
     const PaintCount painted(&screen.view);
@@ -180,7 +180,7 @@ void redrawAfterModelChange(benchmark::State& state) {
 }
 BENCHMARK(redrawAfterModelChange)->Unit(benchmark::kMicrosecond);
 
-/// Everything in the window painted again, as where it has been covered.
+/// Repaints the whole window, as after it has been covered.
 void repaintWindow(benchmark::State& state) {
     FirstScreen screen;
     for (auto _ : state) {
@@ -189,7 +189,7 @@ void repaintWindow(benchmark::State& state) {
 }
 BENCHMARK(repaintWindow)->Unit(benchmark::kMicrosecond);
 
-/// Of that, what lies under everything: without the glow and with it.
+/// The part of it that is the background, without and with the glow.
 void paintGround(benchmark::State& state) {
     const bool hasGlow = state.range(0) != 0;
     QImage window(980, 720, QImage::Format_RGB32);

@@ -45,7 +45,7 @@ ScreenWatch::ScreenWatch() : connection_(xcb_connect(nullptr, nullptr)) {
     damage_ = xcb_generate_id(connection_);
     xcb_damage_create(connection_, damage_, root_, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
     takePicture();
-    // Marked for removal only now that the server has it, too; it goes with the last of the two.
+    // Marked for removal only after the server has attached it; it is freed when both have detached.
     ::shmctl(memory, IPC_RMID, nullptr);
 }
 
@@ -72,7 +72,7 @@ bool ScreenWatch::waitForDrawing(int milliseconds) {
 }
 
 std::span<const std::byte> ScreenWatch::takePicture() {
-    // What is drawn from here on is told anew.
+    // Resets the damage, so that later drawing is reported again.
     xcb_damage_subtract(connection_, damage_, XCB_NONE, XCB_NONE);
     owned(xcb_shm_get_image_reply(
         connection_,

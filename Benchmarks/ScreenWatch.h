@@ -8,8 +8,8 @@
 #include <xcb/shm.h>
 #include <xcb/xcb.h>
 
-/// Looks at everything that an X display shows, from outside the programs that draw it. Throws std::runtime_error where
-/// the display (DISPLAY) cannot be reached or lacks the extensions DAMAGE and MIT-SHM.
+/// Watches everything that an X display shows, independently of the programs that draw it. Throws std::runtime_error if
+/// the display (DISPLAY) cannot be reached or lacks the DAMAGE and MIT-SHM extensions.
 class ScreenWatch {
 public:
     ScreenWatch();
@@ -17,10 +17,11 @@ public:
     ScreenWatch& operator=(const ScreenWatch&) = delete;
     ~ScreenWatch();
 
-    /// Waits until something was drawn since the last picture was taken; false after `milliseconds` without.
+    /// Waits until something has been drawn since the last picture was taken. Returns false if nothing is drawn within
+    /// `milliseconds`.
     bool waitForDrawing(int milliseconds);
 
-    /// Takes the picture of the whole display as it is now; it stays until the next is taken. Four bytes a pixel.
+    /// Captures the whole display, four bytes per pixel. The result is valid until the next call.
     std::span<const std::byte> takePicture();
 
     std::uint16_t width() const { return width_; }

@@ -1,5 +1,6 @@
-# What makes a mistake in memory harder to exploit, for every target of this project. Tests/Hardening looks for all of it
-# in the built programs. Not with sanitizers, which replace the same functions by stricter ones of their own.
+# Compiler and linker options that make memory errors harder to exploit, for every target of this project.
+# Tests/Hardening checks the built programs for all of them. Not used with sanitizers, which replace the same functions
+# with stricter ones.
 
 include(CheckPIESupported)
 check_pie_supported(OUTPUT_VARIABLE pie_problem LANGUAGES CXX)
@@ -15,7 +16,7 @@ endif()
 target_compile_definitions(AmbrelHardening INTERFACE _GLIBCXX_ASSERTIONS)
 target_compile_options(AmbrelHardening INTERFACE -fstack-protector-strong)
 if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
-  # The C library can check sizes only where the compiler optimises.
+  # The C library can check sizes only in optimized code.
   target_compile_options(AmbrelHardening INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
 endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
@@ -27,8 +28,8 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   target_compile_options(AmbrelHardening INTERFACE -fstack-clash-protection)
   target_link_options(AmbrelHardening INTERFACE LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
-    # Said outright, since Debian's start files do not say it of themselves; they only call and return. Of indirect
-    # branch tracking the same cannot be said: _start and _init have no landing pad.
+    # Set explicitly, since Debian's start files do not declare it, although they only call and return. Indirect branch
+    # tracking cannot be declared: _start and _init have no landing pad.
     target_link_options(AmbrelHardening INTERFACE LINKER:-z,shstk)
   endif()
 endif()

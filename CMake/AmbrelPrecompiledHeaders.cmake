@@ -1,5 +1,5 @@
-# Headers that nearly every source reads are compiled once for all targets that are compiled alike. A source includes what
-# it uses all the same: clang, as a compiler and in static analysis, takes the headers as they are.
+# Headers that nearly every source includes are compiled once for all targets with the same options. Sources still
+# include what they use: clang, as a compiler and in static analysis, reads the headers directly.
 
 set(AMBREL_STANDARD_HEADERS
   <algorithm> <array> <chrono> <cstdint> <filesystem> <functional> <memory> <optional> <span> <string> <string_view>
@@ -14,13 +14,14 @@ set(AMBREL_CORE_LIBRARIES Qt6::Core)
 set(AMBREL_WIDGETS_LIBRARIES Qt6::Widgets)
 set(AMBREL_TEST_LIBRARIES GTest::gmock)
 
-# ambrel_precompile_headers(TARGET STANDARD|CORE|WIDGETS [TEST]): the C++ library's headers, Qt Core's as well, or Qt
-# Widgets' as well, and with TEST those of GoogleTest.
+# ambrel_precompile_headers(TARGET STANDARD|CORE|WIDGETS [TEST])
+# STANDARD: the headers of the C++ library. CORE: those and Qt Core's. WIDGETS: those and Qt Widgets'.
+# TEST: the headers of GoogleTest as well.
 function(ambrel_precompile_headers target kind)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     return()
   endif()
-  # A program's code differs from a library's, unless Qt wants both alike.
+  # Executables are compiled as PIE and libraries as PIC, unless Qt requires PIC for both.
   get_target_property(type ${target} TYPE)
   set(position PIC)
   if(type STREQUAL "EXECUTABLE")
@@ -43,12 +44,12 @@ function(ambrel_precompile_headers target kind)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${provider})
   if("TEST" IN_LIST ARGN)
-    # GCC takes the inside of its own strings for too small where they come precompiled.
+    # With precompiled headers, GCC reports false buffer overflows in its own string implementation.
     target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
   endif()
 endfunction()
 
-# Without it, ccache compiles all of these sources each time anew.
+# Without it, ccache recompiles all of these sources every time.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
   target_compile_options(AmbrelOptions INTERFACE -fpch-preprocess)
 endif()

@@ -1,4 +1,4 @@
-# What every target of this project has in common: the language, the warnings, the sanitizers.
+# Settings shared by every target of this project: the language standard, warnings and sanitizers.
 
 include(CheckLinkerFlag)
 
@@ -9,7 +9,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 set(AMBREL_SANITIZER "" CACHE STRING "Sanitizers for the project's own targets, for example address,undefined")
-# Qt is not built with the thread sanitizer, which cannot see the locks inside it. Nothing is suppressed: our own data
+# Qt is not built with the thread sanitizer, which therefore cannot see its locks. Nothing else is suppressed: our data
 # crosses threads under our own locks.
 set(AMBREL_TSAN_OPTIONS "TSAN_OPTIONS=ignore_noninstrumented_modules=1")
 
@@ -23,8 +23,7 @@ if(AMBREL_SANITIZER)
   target_link_options(AmbrelOptions INTERFACE -fsanitize=${AMBREL_SANITIZER})
 endif()
 
-# Only what is used gets into a program, and what its loader has to do is written down in little space: both is read
-# before the window comes up.
+# Only code that is used is linked, and relocations are stored compactly: both are read before the window appears.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" AND NOT AMBREL_SANITIZER)
   target_compile_options(AmbrelOptions INTERFACE -ffunction-sections -fdata-sections)
   target_link_options(AmbrelOptions INTERFACE LINKER:--gc-sections)
@@ -38,8 +37,8 @@ include(AmbrelHardening)
 target_link_libraries(AmbrelOptions INTERFACE AmbrelHardening)
 include(AmbrelPrecompiledHeaders)
 
-# ambrel_split_debug_information(TARGET): a program of an optimised build keeps the names of its functions, for backtraces;
-# lines and types go to DebugInformation/TARGET.debug in the build, where a debugger is told to look for them.
+# ambrel_split_debug_information(TARGET): in an optimized build, the program keeps its function names for backtraces.
+# Lines and types go to DebugInformation/TARGET.debug in the build directory, where debuggers find them through a link.
 function(ambrel_split_debug_information target)
   if(NOT CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")
     return()
@@ -53,8 +52,8 @@ function(ambrel_split_debug_information target)
 endfunction()
 
 # ambrel_add_test(NAME SOURCES file... [LIBRARIES target...] [LABELS label...] [HEADERS CORE|WIDGETS])
-# A GoogleTest program, which is one test of CTest and leaves the result of each of its cases in TestResults/NAME.json.
-# HEADERS: what is compiled beforehand. Programs labelled "concurrency" are built by the target ConcurrencyTests.
+# Adds a GoogleTest program as one CTest test. The result of each test case is written to TestResults/NAME.json.
+# HEADERS selects the precompiled headers. The ConcurrencyTests target builds the programs with the label "concurrency".
 add_custom_target(ConcurrencyTests)
 function(ambrel_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "HEADERS" "SOURCES;LIBRARIES;LABELS")

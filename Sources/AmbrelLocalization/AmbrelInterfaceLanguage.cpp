@@ -56,7 +56,7 @@ const Description& description(Language language) {
     return descriptions[static_cast<std::size_t>(language.value())];
 }
 
-/// `locale` with the region of the system's conventions, where it is set to one.
+/// `locale` with the region of the system's conventions, if one is set.
 icu::Locale inSystemRegion(const icu::Locale& locale) {
     const std::string region = SystemLocale::region();
     if (region.empty()) {

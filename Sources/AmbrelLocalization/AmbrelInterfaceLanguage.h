@@ -9,8 +9,8 @@
 #include <optional>
 #include <span>
 
-/// A language in which the interface can be shown, or `system`: the one that the operating system asks for.
-/// A value that compares and hashes by its identifier. May be used on any thread; nothing throws.
+/// A language of the interface, or `system`: the language requested by the operating system.
+/// A value that is compared and hashed by its identifier. May be used on any thread; nothing throws.
 class AmbrelInterfaceLanguage {
 public:
     enum class Case : std::uint8_t {
@@ -31,7 +31,7 @@ public:
         traditionalChinese,
     };
 
-    // The languages themselves, so that `AmbrelInterfaceLanguage::german` is one.
+    // Shorthands for the languages, such as `AmbrelInterfaceLanguage::german`.
     static const AmbrelInterfaceLanguage system;
     static const AmbrelInterfaceLanguage english;
     static const AmbrelInterfaceLanguage spanish;
@@ -50,27 +50,27 @@ public:
 
     constexpr explicit AmbrelInterfaceLanguage(Case value) : value_(value) {}
 
-    /// The language whose raw value is exactly `rawValue` (case-sensitive), or none.
+    /// Returns the language whose raw value is exactly `rawValue` (case-sensitive), or std::nullopt.
     static std::optional<AmbrelInterfaceLanguage> fromRawValue(QStringView rawValue);
 
-    /// The language of a stored choice: `system` where nothing is stored or where the text is no raw value.
+    /// Returns the language of a stored choice, or `system` if nothing is stored or the text is not a raw value.
     static AmbrelInterfaceLanguage fromStoredValue(const std::optional<QString>& storedValue);
 
     /// "system", or the language's tag, such as "pt-BR".
     QString rawValue() const;
 
-    /// The same text as `rawValue()`: the identity for lists and pickers.
+    /// Same as `rawValue()`: the identity for lists and pickers.
     QString id() const { return rawValue(); }
 
-    /// The language's tag, or none for `system`.
+    /// The language's tag, or std::nullopt for `system`.
     std::optional<QString> localeIdentifier() const;
 
-    /// The language in which texts are shown: itself; for `system` the catalogue's language for the languages that the
-    /// operating system prefers, read afresh. Never `system`.
+    /// The language in which texts are shown. For `system`, this is the catalogue's best match for the operating
+    /// system's preferred languages, determined at each call. Never `system`.
     AmbrelInterfaceLanguage shown() const;
 
-    /// The language's locale; for `system` that of the language shown, with the region whose conventions the operating
-    /// system is set to: German dates in the British way are "de_GB". Read afresh.
+    /// The language's locale. For `system`, this is the locale of the shown language in the region that the operating
+    /// system is set to, determined at each call: "de_GB" is German with British date conventions.
     icu::Locale locale() const;
 
     bool isRightToLeft() const { return value_ == Case::arabic; }
@@ -78,7 +78,7 @@ public:
     /// The language's name in itself, never translated; "System" for `system`.
     QString autonym() const;
 
-    /// The case itself, for a `switch`.
+    /// The enumerator, for use in a `switch`.
     constexpr Case value() const { return value_; }
 
     /// `system` and the 14 languages, in declaration order.

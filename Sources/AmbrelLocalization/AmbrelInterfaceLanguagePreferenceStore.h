@@ -12,7 +12,7 @@ class AmbrelUserDefaults;
 /// May be used on any thread; nothing throws.
 class AmbrelInterfaceLanguagePreferenceStore {
 public:
-    /// Where the whole module keeps the current choice: "ambrel.interface-language.v1".
+    /// The key under which the module stores the current choice: "ambrel.interface-language.v1".
     static QString defaultStorageKey();
 
     /// `userDefaults` must not be null; it is shared for the store's lifetime.
@@ -21,11 +21,11 @@ public:
     const std::shared_ptr<AmbrelUserDefaults>& userDefaults() const { return userDefaults_; }
     const QString& storageKey() const { return storageKey_; }
 
-    /// The stored choice, read afresh; `system` where nothing valid is stored.
+    /// Reads the stored choice; returns `system` if nothing valid is stored.
     AmbrelInterfaceLanguage load() const;
 
-    /// Stores the language's id as a text; `system` is stored as "system". A choice that cannot be written
-    /// (no permission, disk full) leaves the stored one as it was.
+    /// Stores the language's id as text; `system` is stored as "system". If writing fails (no permission, disk full),
+    /// the stored choice is unchanged.
     void save(AmbrelInterfaceLanguage language);
 
 private:

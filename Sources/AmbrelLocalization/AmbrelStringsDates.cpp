@@ -19,7 +19,7 @@ namespace {
 
 using Style = AmbrelDateFormatStyle;
 
-/// The fields of a style, in the letters of CLDR; the language gives them their order and their separators.
+/// The fields of a style as a CLDR skeleton; the language determines their order and separators.
 std::string skeleton(const Style& style) {
     const bool isEmpty = style.date == Style::Date::none && style.time == Style::Time::none;
     std::string result;
@@ -73,7 +73,7 @@ UDisplayContext displayContext(Style::CapitalizationContext context) {
 
 constexpr std::size_t longestUsualDescription = 80;
 
-/// What a date formatter is made of; the system's calendar is already put in.
+/// The parameters of a date formatter, with the system's calendar already resolved.
 struct Recipe {
     std::string skeleton;
     std::string calendar;
@@ -84,13 +84,13 @@ struct Recipe {
           calendar(style.calendar ? style.calendar->toStdString() : SystemLocale::calendar()),
           context(displayContext(style.capitalizationContext)) {}
 
-    /// What tells this recipe, for this locale, from every other one.
+    /// Uniquely identifies this recipe in this locale.
     std::string description(const icu::Locale& locale) const {
         std::string result;
         result.reserve(longestUsualDescription);
         result.append(skeleton).append("|");
         result.append(std::to_string(context)).append("|");
-        // Both names can hold any character; with its length in front the first cannot run into the second.
+        // Both names can contain any character; the length prefix keeps them apart.
         result.append(std::to_string(calendar.size())).append("|").append(calendar).append(locale.getName());
         return result;
     }
@@ -99,7 +99,7 @@ struct Recipe {
 std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, icu::Locale locale) {
     UErrorCode status = U_ZERO_ERROR;
     locale.setKeywordValue("calendar", recipe.calendar.c_str(), status);
-    // A name that is no calendar leaves the locale's own.
+    // An invalid calendar name keeps the locale's default calendar.
     status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
         icu::DateTimePatternGenerator::createInstance(locale, status));
@@ -126,7 +126,7 @@ std::chrono::seconds offset(std::chrono::sys_time<std::chrono::milliseconds> dat
     return style.timeZone ? SystemTimeZone::offset(time, *style.timeZone) : SystemTimeZone::offset(time);
 }
 
-/// A calendar like the formatter's own, which threads share, set to `date` in a zone that is always `offset` from UTC.
+/// A copy of the formatter's calendar, which threads share, set to `date` with a fixed `offset` from UTC.
 std::unique_ptr<icu::Calendar> calendarAt(std::chrono::sys_time<std::chrono::milliseconds> date,
                                           std::chrono::seconds offset, const icu::Calendar& prototype) {
     std::unique_ptr<icu::Calendar> calendar(prototype.clone());

@@ -28,7 +28,7 @@ constexpr std::array<Unit, 4> units = {{
 }};
 constexpr std::size_t maximumUnitCount = 2;
 
-/// How many of each unit are in a duration.
+/// The number of each unit in a duration.
 using Amounts = std::array<std::int64_t, units.size()>;
 
 Amounts amounts(std::int64_t seconds) {
@@ -44,8 +44,8 @@ std::int64_t roundedToMultiple(double value, std::int64_t step) {
     return std::llrint(value / static_cast<double>(step)) * step;
 }
 
-/// The largest units that are not zero, the last of them rounded (half to even). Rounding can carry over into a
-/// larger unit (59 min 59.6 s), so the units are chosen once more after it.
+/// The largest nonzero units, the last one rounded (half to even). Rounding can carry into a larger unit (59 min 59.6
+/// s), so the units are chosen again afterwards.
 Amounts largestAmounts(double seconds) {
     Amounts result = amounts(roundedToMultiple(seconds, 1));
     std::size_t shown = 0;
@@ -73,7 +73,7 @@ std::shared_ptr<const icu::MeasureFormat> durationFormatter(const icu::Locale& l
 std::vector<icu::Measure> measures(const Amounts& amounts, bool isNegative) {
     std::vector<icu::Measure> result;
     const auto add = [&result, isNegative](std::int64_t amount, const Unit& unit) {
-        // The sign stands once, before the largest unit.
+        // Only the largest unit has a sign.
         const std::int64_t value = isNegative && result.empty() ? -amount : amount;
         UErrorCode status = U_ZERO_ERROR;
         result.emplace_back(icu::Formattable(value), new icu::MeasureUnit(unit.measure()), status);
@@ -92,7 +92,7 @@ std::vector<icu::Measure> measures(const Amounts& amounts, bool isNegative) {
 } // namespace
 
 QString formattedDuration(std::chrono::duration<double> duration, const icu::Locale& locale) {
-    // What is no number counts as nothing, and what no double holds to the second as the longest that it does.
+    // NaN is treated as zero. Durations are clamped to the range in which a double is exact to the second.
     constexpr double longest = 9e15;
     const double seconds = std::isnan(duration.count()) ? 0 : std::clamp(duration.count(), -longest, longest);
     const std::vector<icu::Measure> shown = measures(largestAmounts(std::abs(seconds)), seconds < 0);

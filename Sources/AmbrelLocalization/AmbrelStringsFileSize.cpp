@@ -43,8 +43,8 @@ struct Amount {
     std::size_t unit;
 };
 
-/// The size in the largest unit of which it has at least one after rounding (half to even), so that 999,999 bytes are
-/// one megabyte and not 1,000 kilobytes.
+/// The size in the largest unit in which it is at least one after rounding (half to even), so that 999,999 bytes are
+/// one megabyte, not 1,000 kilobytes.
 Amount rounded(std::uint64_t byteCount) {
     for (std::size_t index = 0;; ++index) {
         const Unit& unit = units[index];
@@ -66,8 +66,8 @@ struct Formatters {
     QString zero;
 };
 
-/// The word for zero. The everyday numerals of Chinese and Japanese have a digit there and the formal ones a word, so
-/// the formal ones are preferred where a language has them.
+/// The word for zero. In Chinese and Japanese, the everyday numerals use a digit for zero and the formal ones a word,
+/// so the formal ones are preferred if a language has them.
 icu::UnicodeString zeroWord(const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     icu::RuleBasedNumberFormat speller(icu::URBNF_SPELLOUT, locale, status);
@@ -100,7 +100,7 @@ std::shared_ptr<const Formatters> sizeFormatters(const icu::Locale& locale) {
     return cache.formatter(locale.getName(), [&locale] {
         auto formatters = std::make_unique<Formatters>();
         for (const Unit& unit : units) {
-            // Bytes are written out, as their abbreviation alone says little.
+            // Bytes are spelled out, since their abbreviation alone is unclear.
             const auto width = unit.bytes == 1 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
             const auto digits = static_cast<std::int32_t>(unit.fractionDigits);
             formatters->ofUnit.push_back(NumberFormatter::withLocale(locale)

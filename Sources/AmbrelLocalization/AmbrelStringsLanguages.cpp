@@ -8,9 +8,9 @@ namespace AmbrelStrings {
 
 namespace {
 
-/// The locale of a tag; the root locale for one that is no tag or whose language has no two-letter code.
+/// The locale of a tag, or the root locale if the tag is invalid or its language code does not have two letters.
 icu::Locale parsedTag(const QString& tag) {
-    // A tag is ASCII and short; anything else is no language and is kept away from the parser.
+    // A tag is ASCII and short; anything else is not passed to the parser.
     constexpr qsizetype longestTag = 100;
     UErrorCode status = U_ZERO_ERROR;
     if (tag.size() > longestTag) {
@@ -18,7 +18,7 @@ icu::Locale parsedTag(const QString& tag) {
     }
     QString hyphenated = tag;
     hyphenated.replace(u'_', u'-');
-    // Only two-letter codes can match, but the parser would shorten the longer codes of the same languages.
+    // Only two-letter codes can match, but the parser would shorten equivalent longer codes.
     const qsizetype codeLength = (hyphenated + u'-').indexOf(u'-');
     if (codeLength != 2) {
         return icu::Locale::getRoot();
@@ -30,7 +30,7 @@ icu::Locale parsedTag(const QString& tag) {
 QString chineseLocaleIdentifier(const icu::Locale& locale) {
     const std::string_view script = locale.getScript();
     const std::string_view region = locale.getCountry();
-    // The region counts even where the script says Simplified: zh-Hans-HK is served with Traditional Chinese.
+    // The region takes precedence even if the script is Simplified: zh-Hans-HK is shown in Traditional Chinese.
     const bool isTraditional = script == "Hant" || region == "HK" || region == "MO" || region == "TW";
     return isTraditional ? QStringLiteral("zh-Hant") : QStringLiteral("zh-Hans");
 }

@@ -31,7 +31,7 @@ std::shared_ptr<const LocalizedNumberFormatter> percentFormatter(const icu::Loca
     });
 }
 
-/// `plain` is shown should ICU have no data to format with.
+/// Returns `plain` if ICU has no data to format with.
 QString text(const FormattedNumber& number, UErrorCode status, const QString& plain) {
     const icu::UnicodeString text = number.toString(status);
     return U_SUCCESS(status) ? IcuText::toQString(text) : plain;
@@ -46,7 +46,7 @@ QString formattedNumber(std::int64_t value, const icu::Locale& locale) {
 }
 
 QString formattedNumber(std::uint64_t value, const icu::Locale& locale) {
-    // ICU takes integers of 64 bits with a sign; larger ones go as decimal text.
+    // ICU takes signed 64-bit integers; larger values are passed as decimal text.
     UErrorCode status = U_ZERO_ERROR;
     const FormattedNumber number = numberFormatter(locale)->formatDecimal(std::to_string(value), status);
     return text(number, status, QString::number(value));

@@ -46,18 +46,18 @@ void AmbrelUserDefaults::read(const FileStamp& stamp) const {
             texts_.insert(key, value.toString());
         }
     }
-    // A file that could not be read may be readable the next time without being changed, and one that has just been
-    // changed may be changed again without another stamp.
+    // A file that could not be read may become readable without being changed, and a file that was just changed may
+    // change again without getting a different stamp.
     const bool isFinal = settings.status() != QSettings::AccessError && stamp.isSettled();
     stamp_ = isFinal ? std::optional(stamp) : std::nullopt;
 }
 
 bool AmbrelUserDefaults::setString(const QString& key, const QString& value) {
-    // A save reads, merges and replaces the file. Between processes QSettings locks it for that.
+    // Saving reads, merges and replaces the file; QSettings locks it against other processes.
     const std::lock_guard lock(mutex_);
     QSettings settings(QFile::decodeName(path_.c_str()), QSettings::IniFormat);
     settings.setValue(key, value);
     settings.sync();
-    // A file whose form is broken is written anew with what could be read of it; only that it cannot be written counts.
+    // A malformed file is rewritten with what could be read of it; only a failure to write is an error.
     return settings.status() != QSettings::AccessError;
 }

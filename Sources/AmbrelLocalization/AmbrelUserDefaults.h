@@ -10,36 +10,36 @@
 #include <mutex>
 #include <optional>
 
-/// Texts that a user's programs keep by key, in a settings file that several processes may read and write.
-/// What another process saves is seen at the next read; of two saves of the same length within one millisecond, or one
-/// step of the file system's clock, the second one may be missed until the next. May be used on any thread; nothing
-/// throws.
+/// Texts that a user's programs store by key, in a settings file that several processes may read and write. Changes by
+/// another process are seen at the next read. If another process saves twice within one millisecond, or within one step
+/// of the file system's clock, and the file's length stays the same, the second save may be missed until the next one.
+/// May be used on any thread; nothing throws.
 class AmbrelUserDefaults {
 public:
-    /// The product's own: Ambrel/Recovery.conf in the user's configuration folder (XDG_CONFIG_HOME, else ~/.config).
-    /// The place is decided at the first call.
+    /// The product's settings: Ambrel/Recovery.conf in the user's configuration directory (XDG_CONFIG_HOME, else
+    /// ~/.config). The path is determined at the first call.
     static const std::shared_ptr<AmbrelUserDefaults>& standard();
 
-    /// Kept in the settings file at `path`, which need not exist.
+    /// Uses the settings file at `path`, which need not exist.
     explicit AmbrelUserDefaults(std::filesystem::path path);
 
     const std::filesystem::path& path() const { return path_; }
 
-    /// The text under `key`; none where the key is absent, its value is no text, or the file cannot be read or
-    /// understood. Costs one `stat` while the file is unchanged.
+    /// Returns the text under `key`, or std::nullopt if the key is absent, its value is not a text, or the file cannot
+    /// be read or parsed. Costs one `stat` call while the file is unchanged.
     std::optional<QString> string(const QString& key) const;
 
-    /// Puts `value` under `key`, keeps every other key, and replaces the file in one step.
-    /// False where the file cannot be written; it is then as it was.
+    /// Stores `value` under `key`, keeps all other keys, and replaces the file atomically. Returns false if the file
+    /// cannot be written; it is then unchanged.
     bool setString(const QString& key, const QString& value);
 
 private:
     void read(const FileStamp& stamp) const;
 
     const std::filesystem::path path_;
-    /// Guards all that follows, and one save after the other.
+    /// Guards all following members and serializes saves.
     mutable std::mutex mutex_;
     mutable QHash<QString, QString> texts_;
-    /// Of the file that the texts were read from; none where it is to be read again.
+    /// The stamp of the file that the texts were read from, or std::nullopt if it must be read again.
     mutable std::optional<FileStamp> stamp_;
 };

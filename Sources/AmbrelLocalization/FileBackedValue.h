@@ -8,19 +8,19 @@
 #include <optional>
 #include <utility>
 
-/// A value decoded from a small file, kept for as long as the file stays the same and decoded again when it changes.
-/// `Value` has a static function `decoded(bytes)` that gives a value for any bytes and does not throw, and isEmpty().
-/// May be used on any thread.
+/// A value decoded from a small file, cached until the file changes. `Value` has a static function `decoded(bytes)`,
+/// which accepts any bytes and does not throw, and isEmpty(). May be used on any thread.
 template<typename Value>
 class FileBackedValue {
 public:
-    /// A file of more than `maximumSize` bytes is taken for unreadable.
+    /// A file larger than `maximumSize` bytes is treated as unreadable.
     FileBackedValue(std::filesystem::path path, std::size_t maximumSize)
         : path_(std::move(path)), maximumSize_(maximumSize) {}
 
-    /// The value of the file as it is now. While the file cannot be read, or gives an empty value, the last one that
-    /// was not empty: a file that is being replaced is cut off for a while. Null where it never could be read. One
-    /// `stat` call while the file that was read is unchanged; what could not be read is tried again every time.
+    /// Returns the value of the file as it is now. If the file cannot be read or decodes to an empty value, returns the
+    /// last non-empty value, since a file that is being replaced is truncated for a moment. Null if the file could
+    /// never be read. Costs one `stat` call while the file is unchanged; an unreadable file is tried again at each
+    /// call.
     std::shared_ptr<const Value> current() {
         const std::optional<FileStamp> seen = FileStamp::ofFile(path_);
         const std::lock_guard lock(mutex_);
@@ -33,8 +33,8 @@ public:
 private:
     void read() {
         const std::optional<FileContents> contents = FileContents::read(path_, maximumSize_);
-        // A file that could not be read may be readable the next time without being changed: the process may have had
-        // no descriptor free. One that has just been changed may be changed again without another stamp.
+        // A file that could not be read may become readable without being changed: the process may have been out of
+        // descriptors. A file that was just changed may change again without getting a different stamp.
         const bool isFinal = contents && contents->stamp.isSettled();
         stamp_ = isFinal ? std::optional(contents->stamp) : std::nullopt;
         if (!contents) {
@@ -49,7 +49,7 @@ private:
     const std::filesystem::path path_;
     const std::size_t maximumSize_;
     std::mutex mutex_;
-    /// Of the file that was read; none where it is to be read again.
+    /// The stamp of the file that was read, or std::nullopt if it must be read again.
     std::optional<FileStamp> stamp_;
     std::shared_ptr<const Value> value_;
 };

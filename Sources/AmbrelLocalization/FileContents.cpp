@@ -15,7 +15,7 @@ std::optional<FileContents> FileContents::read(const std::filesystem::path& path
     if (!stamp || stamp->size() > maximumSize) {
         return std::nullopt;
     }
-    // One byte more than the file had: a file that grows meanwhile is then read as far as this and no further.
+    // One more byte than the file's size, to detect a file that grows while it is read without reading all of it.
     std::string bytes(stamp->size() + 1, '\0');
     std::size_t length = 0;
     while (length < bytes.size()) {

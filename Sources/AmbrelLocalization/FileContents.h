@@ -7,12 +7,12 @@
 #include <optional>
 #include <string>
 
-/// The bytes of a regular file together with the stamp of the state they were read from.
+/// The bytes of a regular file, with the stamp of the state they were read from.
 struct FileContents {
     FileStamp stamp;
     std::string bytes;
 
-    /// Reads the file at `path`, or none where it is no regular file, cannot be read, or holds more than
-    /// `maximumSize` bytes. Never waits for another process, so a pipe in the file's place does no harm.
+    /// Reads the file at `path`. Returns std::nullopt if it is not a regular file, cannot be read, or is larger than
+    /// `maximumSize` bytes. Never blocks on another process, even if `path` is a pipe.
     static std::optional<FileContents> read(const std::filesystem::path& path, std::size_t maximumSize);
 };

@@ -42,6 +42,7 @@ bool FileStamp::isSettled() const {
         std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::system_clock::now().time_since_epoch())
             .count();
     const std::int64_t age = now - changedNanoseconds_;
-    // A change in the future is a clock that was set back; waiting for it would mean reading the file every time.
+    // A change time in the future means that the clock was set back; waiting for it would mean rereading the file every
+    // time.
     return age > longestStepNanoseconds || age < -longestStepNanoseconds;
 }

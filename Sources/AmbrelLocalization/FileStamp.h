@@ -6,21 +6,21 @@
 
 #include <sys/stat.h>
 
-/// What tells one state of a file from another without reading it. A value; may be used on any thread.
+/// Identifies one state of a file without reading its contents. A value; may be used on any thread.
 class FileStamp {
 public:
-    /// The stamp of the regular file at `path` (symbolic links followed: one `stat` call), or none where there is no
-    /// such file.
+    /// Returns the stamp of the regular file at `path`, or std::nullopt if there is none. Follows symbolic links; costs
+    /// one `stat` call.
     static std::optional<FileStamp> ofFile(const std::filesystem::path& path);
 
-    /// The stamp of the open regular file `descriptor`, or none.
+    /// Returns the stamp of the open regular file `descriptor`, or std::nullopt.
     static std::optional<FileStamp> ofDescriptor(int descriptor);
 
     /// The file's size in bytes.
     std::uint64_t size() const { return size_; }
 
-    /// Whether the file last changed so long ago that a further change is sure to give another stamp. File systems
-    /// keep times in steps of several milliseconds, so two changes within one step can look the same.
+    /// Whether the last change was long enough ago that any further change will produce a different stamp. File systems
+    /// record times in steps of several milliseconds, so two changes within one step can look the same.
     bool isSettled() const;
 
     friend bool operator==(const FileStamp&, const FileStamp&) = default;

@@ -10,13 +10,13 @@
 #include <unordered_map>
 #include <utility>
 
-/// Formatters by the text that describes them, each made at its first use and then shared by all threads.
-/// What is kept must be safe to use from several threads at once through its const functions, as ICU's are.
+/// A cache of formatters, each created at first use and shared by all threads. The const functions of a formatter must
+/// be safe to call from several threads at once, as ICU's are.
 template<typename Formatter>
 class FormatterCache {
 public:
-    /// The formatter under `description`, made by `make()` (a unique or shared pointer) where there is none yet.
-    /// Null only where `make` gives null, which is not kept.
+    /// Returns the formatter for `description`, calling `make()` (which returns a unique or shared pointer) if there is
+    /// none yet. Null only if `make` returns null, which is not cached.
     template<typename Make>
     std::shared_ptr<const Formatter> formatter(std::string_view description, const Make& make) {
         {
@@ -25,7 +25,7 @@ public:
                 return found->second;
             }
         }
-        // Made outside the lock: a slow formatter must not hold up the threads that want another one.
+        // Created outside the lock: a slow formatter must not block threads that need another one.
         std::shared_ptr<const Formatter> made = make();
         if (!made) {
             return made;
@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    // Far more than the languages that one program shows; it bounds what a caller with ever new ones can take.
+    // Far more than the languages that one program shows; bounds the memory if callers keep asking for new ones.
     static constexpr std::size_t capacity = 128;
 
     struct Hash : std::hash<std::string_view> {

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-/// Passing texts between Qt and ICU; both hold UTF-16. The texts are shorter than 2^31 code units.
+/// Converts texts between Qt and ICU, which both use UTF-16. Texts must be shorter than 2^31 code units.
 namespace IcuText {
 
 inline QString toQString(const icu::UnicodeString& text) {

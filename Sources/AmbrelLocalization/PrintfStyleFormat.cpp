@@ -8,7 +8,7 @@ namespace PrintfStyleFormat {
 
 namespace {
 
-/// Reads what follows a percent sign, character by character.
+/// Reads the text after a percent sign.
 class Reader {
 public:
     explicit Reader(QStringView rest) : rest_(rest) {}
@@ -32,7 +32,7 @@ public:
         return true;
     }
 
-    /// A position such as "2$", as an index from 0. Reads nothing where there is none.
+    /// Reads a position such as "2$" and returns it as an index from 0. Reads nothing if there is none.
     std::optional<std::size_t> takePosition() {
         constexpr std::size_t largestPosition = 99;
         const qsizetype start = consumed_;

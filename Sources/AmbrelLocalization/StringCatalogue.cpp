@@ -53,7 +53,7 @@ std::optional<AmbrelInterfaceLanguage> StringCatalogue::language(const std::opti
         return preferences_.load().shown();
     }
     const std::optional<AmbrelInterfaceLanguage> named = AmbrelInterfaceLanguage::fromRawValue(*localeIdentifier);
-    // As an identifier "system" names no table; as a stored choice it leaves the choice to the system.
+    // As an identifier, "system" names no table; as a stored choice, it selects the system's language.
     return named == AmbrelInterfaceLanguage::system ? std::nullopt : named;
 }
 

@@ -10,22 +10,22 @@
 #include <optional>
 #include <string_view>
 
-/// The lookup of texts by key: a language, its table, English where the table has no such key, and at last the key.
+/// Looks up texts by key: in the table of a language, then in English, and finally falls back to the key itself.
 ///
-/// Nothing about the choice of a language is remembered between lookups, so a change by another process counts at
-/// once; while nothing changed a lookup costs two `stat` calls. Texts outlive their files: a bundle that goes away
-/// while the program runs leaves it those that it has shown, and English. May be used on any thread; nothing throws.
+/// The chosen language is not cached, so a change by another process takes effect immediately; a lookup costs two
+/// `stat` calls while nothing changes. Texts outlive their files: if the bundle is removed while the program runs, the
+/// tables loaded so far and English remain available. May be used on any thread; nothing throws.
 class StringCatalogue {
 public:
-    /// The running program's catalogue, on its bundle and the standard user defaults.
+    /// The catalogue of the running program, with its bundle and the standard user defaults.
     static const StringCatalogue& ofProcess();
 
-    /// A catalogue on the bundle among the resources of `application`, else on the module's own, as it is now, with the
-    /// stored language in `preferences`. Ends the process where there is neither.
+    /// A catalogue on the bundle in the resources of `application`, else on the module's own bundle, decided now. The
+    /// stored language is read from `preferences`. Ends the process if neither bundle exists.
     StringCatalogue(const ApplicationBundle& application, AmbrelInterfaceLanguagePreferenceStore preferences);
 
-    /// The text under `key` for `localeIdentifier`, taken unchanged: one that names no language of the catalogue gives
-    /// English. Without one, the stored language decides, else the system's preferred languages.
+    /// Returns the text under `key` for `localeIdentifier`, which must match exactly: one that names no language of the
+    /// catalogue yields English. Without one, the stored language decides, else the system's preferred languages.
     QString text(std::string_view key, const std::optional<QString>& localeIdentifier = std::nullopt) const;
 
 private:

@@ -12,7 +12,8 @@ StringTable StringTable::decoded(std::string_view bytes) {
     if (parser.parse(bytes.data(), bytes.size()).get(object) != simdjson::SUCCESS) {
         return table;
     }
-    // Enough for every key and text, as an escape is never shorter than what it stands for: the block must not move.
+    // Large enough for all keys and texts, since an escape is never shorter than its character: the block must not
+    // move.
     table.characters_.reserve(bytes.size());
     const auto kept = [&block = table.characters_](std::string_view text) {
         const std::size_t start = block.size();

@@ -8,12 +8,12 @@
 #include <unordered_map>
 #include <vector>
 
-/// The texts of one language by key, from a table file: one flat JSON object in UTF-8.
-/// An immutable value; may be used on any thread.
+/// The texts of one language by key, from a table file: one flat JSON object in UTF-8. An immutable value; may be used
+/// on any thread.
 class StringTable {
 public:
-    /// Any bytes give a table: a text that is no valid JSON object gives an empty one. Values that are no text are left
-    /// out. Of a key that stands twice the last value counts.
+    /// Accepts any bytes: an invalid JSON object yields an empty table. Values that are not strings are skipped. For a
+    /// duplicate key, the last value is used.
     static StringTable decoded(std::string_view bytes);
 
     StringTable(const StringTable&) = delete;
@@ -23,7 +23,7 @@ public:
 
     bool isEmpty() const { return texts_.empty(); }
 
-    /// The text under `key`; none where there is none or a blank one.
+    /// Returns the text under `key`, or std::nullopt if it is missing or blank.
     std::optional<QString> text(std::string_view key) const;
 
     std::size_t size() const { return texts_.size(); }
@@ -31,8 +31,7 @@ public:
 private:
     StringTable() = default;
 
-    // Only a few texts of a table are ever shown, so each stays in UTF-8, in one block with all others, until it is
-    // asked for.
+    // Only a few texts of a table are ever shown. All are kept as UTF-8 in one block and converted on demand.
     std::vector<char> characters_;
     std::unordered_map<std::string_view, std::string_view> texts_;
 };

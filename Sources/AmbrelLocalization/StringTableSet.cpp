@@ -15,7 +15,7 @@ StringTableSet::StringTableSet(const std::filesystem::path& bundlePath) {
         tables_.push_back(
             std::make_unique<FileBackedValue<StringTable>>(bundlePath / folder / "Localizable.json", maximumTableSize));
     }
-    // English stands in for every other text, also once the bundle is gone.
+    // English replaces missing texts of other languages, even after the bundle has been removed.
     table(AmbrelInterfaceLanguage::english);
 }
 

@@ -8,14 +8,15 @@
 #include <memory>
 #include <vector>
 
-/// The tables of one resource bundle, one per language, each loaded at its first use (English at once) and kept while
-/// its file stays the same, or is gone. May be used on any thread.
+/// The tables of one resource bundle, one per language. Each is loaded at first use (English immediately) and cached
+/// while its file is unchanged or missing. May be used on any thread.
 class StringTableSet {
 public:
-    /// The tables of the bundle folder at `bundlePath`, which need not exist.
+    /// The tables of the bundle directory at `bundlePath`, which need not exist.
     explicit StringTableSet(const std::filesystem::path& bundlePath);
 
-    /// The table of `language` (not `system`) as its file is now, else as it last was; null where there never was one.
+    /// Returns the current table of `language` (not `system`). If its file cannot be read, returns the last one, or
+    /// null if there never was one.
     std::shared_ptr<const StringTable> table(AmbrelInterfaceLanguage language) const;
 
 private:

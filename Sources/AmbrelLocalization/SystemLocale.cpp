@@ -12,7 +12,7 @@
 
 namespace {
 
-// Longer names are no languages, and no tag parser need see them.
+// Longer names are not languages and need not reach a tag parser.
 constexpr std::size_t longestName = 100;
 
 std::string_view environment(const char* name) {
@@ -39,14 +39,14 @@ std::string_view scriptOfModifier(std::string_view modifier) {
     return modifier == "devanagari" ? "Deva" : std::string_view();
 }
 
-/// The locale of `tag`, or none where it is no language tag.
+/// Returns the locale of `tag`, or std::nullopt if it is not a language tag.
 std::optional<icu::Locale> parsed(const std::string& tag) {
     UErrorCode status = U_ZERO_ERROR;
     icu::Locale locale = icu::Locale::forLanguageTag(tag, status);
     return U_FAILURE(status) || locale.isBogus() ? std::nullopt : std::optional(std::move(locale));
 }
 
-/// What follows from the name of the locale of dates; working it out costs more than a lookup may.
+/// Values derived from the locale name for dates; computing them at every lookup would be too expensive.
 class Conventions {
 public:
     explicit Conventions(std::string_view name) : posixName(name), tag_(SystemLocale::languageTag(name)) {
@@ -55,7 +55,7 @@ public:
         }
     }
 
-    /// Worked out when it is first asked for, with the first date: it takes data that nothing else does.
+    /// Computed when first needed, with the first date: it requires data that nothing else loads.
     const std::string& calendar() const {
         std::call_once(calendarIsKnown_, [this] {
             const std::optional<icu::Locale> locale = parsed(tag_.value_or("und"));

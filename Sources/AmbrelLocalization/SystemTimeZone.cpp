@@ -6,7 +6,7 @@
 #include <ctime>
 
 std::chrono::seconds SystemTimeZone::offset(std::chrono::sys_seconds time) {
-    // Without this the C library may keep to the setting that it saw first.
+    // Without this, the C library may keep using the first setting that it read.
     ::tzset();
     const std::time_t seconds = time.time_since_epoch().count();
     std::tm local = {};
@@ -15,7 +15,7 @@ std::chrono::seconds SystemTimeZone::offset(std::chrono::sys_seconds time) {
 
 std::chrono::seconds SystemTimeZone::offset(std::chrono::sys_seconds time, const QString& name) {
     const QByteArray identifier = name.toUtf8();
-    // The toolkit would take an empty name for the system's zone.
+    // Qt would treat an empty name as the system's time zone.
     if (!QTimeZone::isTimeZoneIdAvailable(identifier)) {
         return {};
     }

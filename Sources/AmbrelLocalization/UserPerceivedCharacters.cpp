@@ -7,7 +7,7 @@
 namespace {
 
 std::unique_ptr<icu::BreakIterator> newIterator() {
-    // Making one reads its rules; a clone shares them.
+    // Creating an iterator parses its rules; a clone shares them.
     static const std::unique_ptr<const icu::BreakIterator> prototype = [] {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<const icu::BreakIterator> made(

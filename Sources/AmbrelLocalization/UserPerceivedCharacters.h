@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// The user-perceived characters of a text: what a reader takes for one letter or sign, combining marks included.
-/// Refers to the text, which must outlive it. For use on one thread.
+/// Iterates over the user-perceived characters of a text: what a reader sees as one letter or sign, including combining
+/// marks. Refers to the text, which must outlive it. Use on one thread.
 class UserPerceivedCharacters {
 public:
     explicit UserPerceivedCharacters(QStringView text);
@@ -16,14 +16,14 @@ public:
 
     bool isAtEnd() const { return position_ == text_.size(); }
 
-    /// The next character; empty at the end of the text.
+    /// Returns the next character; empty at the end of the text.
     QStringView next();
 
 private:
     qsizetype nextBoundary();
 
     QStringView text_;
-    // The iterator keeps referring to this one.
+    // The iterator refers to this text.
     icu::UnicodeString unicodeText_;
     std::unique_ptr<icu::BreakIterator> boundaries_;
     qsizetype position_ = 0;

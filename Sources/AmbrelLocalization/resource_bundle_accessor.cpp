@@ -9,7 +9,7 @@
 namespace ResourceBundleAccessor {
 
 const std::filesystem::path& moduleBundle() {
-    // Without a folder the name alone would be looked for in the working directory.
+    // With an empty path, the bundle would be looked up in the working directory.
     const std::filesystem::path& folder = ApplicationBundle::mainBundle().bundlePath();
     static const std::filesystem::path bundle =
         bundleAmong(folder.empty() ? folder : folder / bundleName, AMBREL_LOCALIZATION_BUILD_BUNDLE_PATH);

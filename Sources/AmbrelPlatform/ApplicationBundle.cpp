@@ -8,7 +8,7 @@ ApplicationBundle::ApplicationBundle(std::filesystem::path bundlePath) : bundleP
 std::optional<std::filesystem::path> ApplicationBundle::resourcePath() const {
     const std::filesystem::path resources = bundlePath_ / "Resources";
     std::error_code error;
-    // Without a folder the path would lead into the working directory, where anybody may have put something.
+    // With an empty path, this would be the working directory, where anybody may have put something.
     if (bundlePath_.empty() || !std::filesystem::is_directory(resources, error)) {
         return std::nullopt;
     }

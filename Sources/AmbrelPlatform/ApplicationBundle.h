@@ -3,22 +3,22 @@
 #include <filesystem>
 #include <optional>
 
-/// The folder that holds the application's executable and everything the application ships with.
-/// An immutable value; may be used on any thread.
+/// The directory with the application's executable and everything the application ships with. An immutable value; may
+/// be used on any thread.
 class ApplicationBundle {
 public:
-    /// The bundle of the running program: the folder of its executable with symbolic links resolved, so that a link
-    /// on the PATH leads to the real one. Found once per process; where it cannot be found, one without a folder.
+    /// The bundle of the running program: the directory of its executable with symbolic links resolved, so that a link
+    /// on the PATH works. Determined once per process; without a directory if it cannot be determined.
     static const ApplicationBundle& mainBundle();
 
-    /// A bundle at `bundlePath`, or without a folder where that is empty. Nothing is checked.
+    /// A bundle at `bundlePath`; an empty path makes a bundle without a directory. Nothing is checked.
     explicit ApplicationBundle(std::filesystem::path bundlePath);
 
-    /// The bundle's own folder, or an empty path.
+    /// The bundle's directory, or an empty path.
     const std::filesystem::path& bundlePath() const { return bundlePath_; }
 
-    /// The folder of the bundle's resources, or none where there is no such directory, or no folder. Looked up at every
-    /// call.
+    /// The directory of the bundle's resources, or std::nullopt if it does not exist or the bundle has no directory.
+    /// Checked at each call.
     std::optional<std::filesystem::path> resourcePath() const;
 
 private:

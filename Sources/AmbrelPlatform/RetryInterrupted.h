@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-/// Makes a system call that reports failure as -1, and makes it again for as long as a signal interrupts it.
+/// Makes a system call that reports failure as -1, and repeats it while it is interrupted by a signal.
 template<typename Call>
 auto retryInterrupted(const Call& call) {
     for (;;) {

@@ -23,7 +23,7 @@ UniqueDescriptor::~UniqueDescriptor() {
 
 bool UniqueDescriptor::close() noexcept {
     const int descriptor = std::exchange(descriptor_, -1);
-    // An interrupted close has closed the descriptor all the same; closing it again could hit another thread's.
+    // An interrupted close has still closed the descriptor; closing it again could close another thread's.
     return descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR;
 }
 

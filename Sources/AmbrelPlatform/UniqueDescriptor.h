@@ -1,11 +1,11 @@
 #pragma once
 
-/// The one owner of an open file descriptor, closed when it is destroyed. Not synchronised.
+/// Owns an open file descriptor and closes it on destruction. Not synchronized.
 class UniqueDescriptor {
 public:
     UniqueDescriptor() = default;
 
-    /// Takes over `descriptor`; a negative one stands for none.
+    /// Takes ownership of `descriptor`; a negative value means none.
     explicit UniqueDescriptor(int descriptor) : descriptor_(descriptor) {}
 
     UniqueDescriptor(UniqueDescriptor&& other) noexcept;
@@ -14,11 +14,11 @@ public:
     UniqueDescriptor& operator=(const UniqueDescriptor&) = delete;
     ~UniqueDescriptor();
 
-    /// The descriptor, or a negative number where none is held.
+    /// The descriptor, or a negative number if none is held.
     int get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }
 
-    /// Closes what is held, if anything. False where the system reported a failure; nothing is held afterwards either
+    /// Closes the descriptor, if any. Returns false if the system reported a failure; the descriptor is released either
     /// way.
     bool close() noexcept;
 
@@ -26,6 +26,6 @@ private:
     int descriptor_ = -1;
 };
 
-/// The same open file under a number behind those of the three standard streams, so that redirecting a stream of a new
-/// process cannot overwrite it. None where `descriptor` is none or the system refuses.
+/// Returns the same open file with a descriptor above the three standard streams, so that redirecting a stream of a new
+/// process cannot overwrite it. Returns an empty one if `descriptor` is empty or the system call fails.
 UniqueDescriptor aboveStandardStreams(UniqueDescriptor descriptor);

@@ -37,15 +37,14 @@ RecoveryApplicationDelegate::RecoveryApplicationDelegate() = default;
 
 RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
     operationObserver_.reset();
-    // The view reads the model for as long as it lives.
+    // The view uses the model as long as it exists.
     window_.reset();
 }
 
 void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     MainThread::require();
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
-    // Where the toolkit draws the frame of a window, as on some Wayland desktops, it has the colours of the
-    // application.
+    // If Qt draws the window frame, as on some Wayland desktops, it uses the colors of the application palette.
     QApplication::setPalette(RecoveryPalette::ofToolkit());
     window_ = std::make_unique<RecoveryWindow>();
     panels_ = std::make_unique<FilePanels>(window_.get());
@@ -65,7 +64,7 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     window_->activateWindow();
 }
 
-/// Beside the model's state a view holds one thing, the path that it was told to show.
+/// Apart from the model's state, a view has one piece of state: the path that it was asked to show.
 void RecoveryApplicationDelegate::showView() {
     const std::optional<std::filesystem::path> shownPath = view_ ? view_->shownPath() : std::nullopt;
     view_ = new RecoveryRootView(*model_);

@@ -14,30 +14,30 @@ class RecoverySleepInhibitor;
 class RecoveryViewModel;
 class RecoveryWindow;
 
-/// Builds the application's one window on its one workflow. Main thread only.
+/// Creates the application's window and workflow. Main thread only.
 class RecoveryApplicationDelegate {
 public:
     RecoveryApplicationDelegate();
     RecoveryApplicationDelegate(const RecoveryApplicationDelegate&) = delete;
     RecoveryApplicationDelegate& operator=(const RecoveryApplicationDelegate&) = delete;
 
-    /// Closes the window and ends the workflow: a running engine is asked to end, and is not waited for.
+    /// Closes the window and ends the workflow. Asks a running engine to end, without waiting for it.
     ~RecoveryApplicationDelegate();
 
-    /// Finds the engine and opens the window. A missing engine does not stop the start: the workflow tells of it.
+    /// Locates the engine and opens the window. A missing engine does not prevent the start: the workflow reports it.
     void applicationDidFinishLaunching();
 
-    /// Stops what is running and forgets every secret, where the process ends without a return from the event loop. A
-    /// running engine is asked to end, and is not waited for.
+    /// Stops the running operation and wipes all secrets, for when the process ends without returning from the event
+    /// loop. Asks a running engine to end, without waiting for it.
     void applicationWillTerminate();
 
-    /// Whether closing the one window ends the application: yes.
+    /// Whether closing the window ends the application; always true.
     bool applicationShouldTerminateAfterLastWindowClosed() const;
 
 private:
     void showView();
 
-    // In the order in which they need each other.
+    // In order of dependency.
     std::unique_ptr<RecoveryWindow> window_;
     /// The window's content.
     QPointer<RecoveryRootView> view_;

@@ -23,8 +23,7 @@ AmbrelRecoveryProcessResult runEngineSelfTest() {
                       AmbrelRecoveryProcessRunner::defaultTimeout);
 }
 
-/// A reader that went away loses the text; the exit status still tells the outcome. Not before the engine has run,
-/// which would be handed this on.
+/// If the reader has closed the pipe, the text is lost, but the exit status still reports the result.
 void outliveReaders() {
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-/// Ends the event loop in the ordinary way when the system asks the process to end, as at a logout, so that a running
-/// engine is ended too and nothing is left behind. Signals that the parent had ignored stay ignored.
-/// One at a time, on the main thread, with the application object.
+/// Quits the event loop when the system asks the process to end, for example at logout, so that a running engine is
+/// ended as well and nothing is left behind. Signals that the parent process ignored stay ignored.
+/// Only one at a time, on the main thread, while the application object exists.
 class TerminationSignals {
 public:
     TerminationSignals();
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-    /// Gives the signals their default effect again.
+    /// Restores the default action of the signals.
     ~TerminationSignals();
 };

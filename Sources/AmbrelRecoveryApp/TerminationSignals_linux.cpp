@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::array terminationSignals = {SIGHUP, SIGINT, SIGTERM};
 
-/// The ends of a pipe that carries the news from the signal handler to the event loop; open until the process ends.
+/// A pipe from the signal handler to the event loop; open until the process ends.
 std::array<int, 2> pipeEnds = {-1, -1};
 
 /// Async-signal-safe: runs in the signal handler.
 void notifyEventLoop(int) {
     const char anything = 0;
-    // A full pipe has told already.
+    // If the pipe is full, the event loop is already notified.
     [[maybe_unused]] const ssize_t count = write(pipeEnds[1], &anything, sizeof(anything));
 }
 

@@ -18,29 +18,29 @@
 
 namespace {
 
-/// How long the end of the process waits for an engine that was asked to end, and for what one that was killed leaves
-/// to be removed.
+/// How long the end of the process waits for an engine that was asked to end, and then for the removal of what a killed
+/// engine left behind.
 constexpr std::chrono::seconds endOfProcessWait(5);
 
-/// The delegate while there is one.
+/// The current delegate, or null.
 RecoveryApplicationDelegate* livingDelegate = nullptr;
 
-/// Waits for what still runs, at most for a bounded time. An engine that has not ended by then is killed, so that no
-/// export goes on behind the user's back.
+/// Waits for background work for a limited time. An engine that has not ended by then is killed, so that no export
+/// continues without a window.
 void finishBackgroundWork(int status) {
     if (BackgroundTask::waitForAll(endOfProcessWait)) {
         return;
     }
     EngineProcess::killAll();
     if (!BackgroundTask::waitForAll(endOfProcessWait)) {
-        // One that was only being launched a moment ago.
+        // Kills an engine that was still being launched before.
         EngineProcess::killAll();
-        // Threads that still wait for the engine would find the application gone.
+        // Threads that still wait for the engine must not run while the application is being destroyed.
         std::_Exit(status);
     }
 }
 
-/// The toolkit ends the process by itself when it loses the display, as it does at the end of some sessions.
+/// Qt ends the process when it loses the display, as at the end of some sessions.
 void endWithoutDisplay() {
     if (livingDelegate != nullptr) {
         livingDelegate->applicationWillTerminate();
@@ -48,19 +48,19 @@ void endWithoutDisplay() {
     }
 }
 
-/// Beside the first picture and not before it: how long it takes depends on what else lies in the temporary directory.
+/// Runs in parallel with the first picture: its duration depends on what else is in the temporary directory.
 void removeWhatKilledApplicationsLeft() {
     try {
         BackgroundTask::run(PrivateOutputDirectory::removeAbandoned, [](const std::future<void>&) {});
     } catch (const std::system_error&) {
-        // Without a thread it is left to the next start.
+        // No thread is available: left to the next start.
     }
 }
 
-/// The toolkit gets no argument but the program's name: it would take some of them for options of its own.
+/// Qt gets only the program's name: it would interpret some arguments as its own options.
 int runApplication(char* programName) {
     PlugInFolders::useSystemsAlone();
-    // The same window everywhere: the desktop's own style plays no part in it.
+    // The same look everywhere, independent of the desktop's style.
     QApplication::setStyle(QStringLiteral("Fusion"));
     std::array<char*, 2> arguments = {programName, nullptr};
     int argumentCount = programName == nullptr ? 0 : 1;

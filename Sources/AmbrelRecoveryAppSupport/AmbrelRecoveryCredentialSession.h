@@ -6,29 +6,29 @@
 #include <mutex>
 #include <optional>
 
-/// The credential that the user typed, as bytes, for one factor, until it is invalidated.
-/// Shared between the main thread and the thread of a running operation: every member may be called on any thread.
+/// Holds the credential that the user typed for one factor, as bytes, until it is invalidated. Shared between the main
+/// thread and the thread of a running operation: all members may be called on any thread.
 class AmbrelRecoveryCredentialSession {
 public:
-    /// Holds `credential` unchanged.
+    /// Stores `credential` unchanged.
     AmbrelRecoveryCredentialSession(AmbrelRecoveryAppFactor factor, SecretBytes credential);
 
     AmbrelRecoveryCredentialSession(const AmbrelRecoveryCredentialSession&) = delete;
     AmbrelRecoveryCredentialSession& operator=(const AmbrelRecoveryCredentialSession&) = delete;
 
-    /// Invalidates first, so that the bytes are wiped also where nobody remembered to.
+    /// Invalidates the session, so that the bytes are always wiped.
     ~AmbrelRecoveryCredentialSession();
 
     AmbrelRecoveryAppFactor factor() const { return factor_; }
 
-    /// A copy of the credential for its receiver to keep and wipe. None where `factor` is another one, or where nothing
-    /// or nothing but an empty credential is held. Throws std::bad_alloc.
+    /// Returns a copy of the credential, which the caller must wipe. Returns std::nullopt if `factor` is not the
+    /// session's factor or the held credential is empty. Throws std::bad_alloc.
     std::optional<SecretBytes> credential(AmbrelRecoveryAppFactor factor) const;
 
-    /// Whether credential() would give one.
+    /// Whether credential() would return a credential.
     bool containsCredential(AmbrelRecoveryAppFactor factor) const;
 
-    /// Overwrites the held bytes with zero and drops them. May be called any number of times.
+    /// Overwrites the held bytes with zeros and drops them. Idempotent.
     void invalidate() noexcept;
 
 private:

@@ -4,11 +4,11 @@
 
 #include <filesystem>
 
-/// Where the engine lies in the application.
+/// Locates the engine in the application.
 namespace AmbrelRecoveryExecutableLocator {
 
-/// The path of the engine, "bin/ambrel-recovery" in the bundle's resources; there is no other candidate.
-/// Throws AmbrelRecoveryProcessError::executableUnavailable where the bundle has no resources or no executable engine.
+/// Returns the path of the engine, "bin/ambrel-recovery" in the bundle's resources. No other path is tried. Throws
+/// AmbrelRecoveryProcessError::executableUnavailable if the bundle has no resources or no executable engine.
 std::filesystem::path bundledExecutable(const ApplicationBundle& bundle);
 
 } // namespace AmbrelRecoveryExecutableLocator

@@ -10,7 +10,7 @@
 namespace {
 
 struct FailureText {
-    /// Lower case, as it stands anywhere in the engine's error text.
+    /// In lower case; matched anywhere in the engine's error text.
     std::string_view text;
     AmbrelRecoveryFailureKind withPassphrase;
     AmbrelRecoveryFailureKind withRecoveryKey;
@@ -23,7 +23,7 @@ struct FailureText {
 
 using enum AmbrelRecoveryFailureKind;
 
-/// Searched in this order: where a text holds two of them, the first decides.
+/// Searched in this order; the first match decides.
 constexpr std::array failureTexts = {
     FailureText("did not unlock", wrongPassphrase, wrongRecoveryKey),
     FailureText("credential is invalid", wrongPassphrase, wrongRecoveryKey),
@@ -35,8 +35,8 @@ constexpr std::array failureTexts = {
     FailureText("output could not be written", destinationUnavailable),
 };
 
-/// Every text searched for is ASCII, so only what becomes an ASCII letter needs to change: the ASCII letters, and the
-/// Kelvin sign, whose lower case is a plain k.
+/// All texts searched for are ASCII, so only characters whose lower case is an ASCII letter matter: the ASCII letters,
+/// and the Kelvin sign, whose lower case is a plain k.
 std::string lowerCased(std::string_view text) {
     constexpr std::string_view kelvinSign = "\xE2\x84\xAA";
     std::string result;

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-/// What the engine reports about an unlocked backup package. Strings are UTF-8. A value that never changes; what
-/// never changes cannot be moved from either, so that moving it copies every snapshot.
+/// The engine's report on an unlocked backup package. Strings are UTF-8. Immutable; because its members are const,
+/// moving it copies every snapshot.
 struct AmbrelRecoveryInspectionDocument {
-    /// A line of history that the engine preserved.
+    /// A branch of the history that the engine preserved.
     struct Branch {
         const std::string tipSelectionCode{};
         const std::vector<std::string> snapshotSelectionCodes{};
@@ -28,9 +28,9 @@ struct AmbrelRecoveryInspectionDocument {
         bool operator==(const Counts&) const = default;
     };
 
-    /// Whether the payload files that a snapshot needs are present and intact.
+    /// Whether the payload files needed by a snapshot are present and intact.
     struct PayloadFileEvidence {
-        /// The engine's verdict, which is not recomputed from the counts.
+        /// The engine's verdict; not recomputed from the counts.
         const bool complete = false;
         const std::int64_t requiredFileCount = 0;
         const std::int64_t matchingFileCount = 0;
@@ -42,17 +42,17 @@ struct AmbrelRecoveryInspectionDocument {
     };
 
     struct Snapshot {
-        /// Names the snapshot to the engine and is its identity everywhere.
+        /// Identifies the snapshot to the engine and throughout the application.
         const std::string selectionCode{};
         const std::int64_t createdAtUTCMilliseconds = 0;
         const std::uint64_t writerEpoch = 0;
         const std::uint64_t generation = 0;
-        /// A retained tip of history.
+        /// Whether this is a retained tip of the history.
         const bool retainedTip = false;
         const Counts counts{};
-        /// Bytes of the content once decrypted.
+        /// The size of the decrypted content in bytes.
         const std::uint64_t logicalPlaintextByteCount = 0;
-        /// Bytes of the payload files in the package.
+        /// The size of the payload files in the package in bytes.
         const std::uint64_t encryptedPayloadByteCount = 0;
         const PayloadFileEvidence payloadFileEvidence{};
 
@@ -62,7 +62,7 @@ struct AmbrelRecoveryInspectionDocument {
 
     static constexpr std::string_view expectedSchemaIdentifier = "com.ambrel.recovery.cli-inspection.v1";
     static constexpr std::string_view expectedFormatIdentifier = "com.ambrel.backup.v1";
-    /// The dispositions that are acted on; the engine writes others too.
+    /// The dispositions that are handled; the engine reports others, too.
     static constexpr std::string_view unresolvedFork = "unresolved-fork";
     static constexpr std::string_view noPublishedHead = "no-published-head";
 
@@ -79,16 +79,16 @@ struct AmbrelRecoveryInspectionDocument {
     /// In the engine's order.
     const std::vector<Snapshot> snapshots{};
 
-    /// Decodes the whole of `json`. Identifiers are not compared, unknown keys are ignored. Throws
-    /// DocumentDecodingError. Any thread.
+    /// Decodes `json`, which must be a complete document. Identifiers are not checked and unknown keys are ignored.
+    /// Throws DocumentDecodingError. Any thread.
     static AmbrelRecoveryInspectionDocument decode(std::string_view json);
 
-    /// Whether this is an inspection of the kind and of the package format that this application knows.
+    /// Whether this is an inspection of the supported kind and package format.
     bool hasExpectedIdentifiers() const {
         return schemaIdentifier == expectedSchemaIdentifier && formatIdentifier == expectedFormatIdentifier;
     }
 
-    /// The snapshot that an unforked history makes the obvious choice: the only retained tip, or the only snapshot.
+    /// The obvious choice in an unforked history: the only retained tip, or the only snapshot. Otherwise std::nullopt.
     std::optional<std::string> recommendedSnapshotCode() const;
 
     bool operator==(const AmbrelRecoveryInspectionDocument&) const = default;

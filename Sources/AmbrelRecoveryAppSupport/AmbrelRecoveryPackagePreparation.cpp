@@ -13,8 +13,9 @@
 
 namespace {
 
-/// Sleeps, or throws CancellationError as soon as the token is stopped. Where the machine slept meanwhile, what was
-/// left of the duration by then may follow its awakening: the standard library waits on a clock that stood still.
+/// Sleeps, or throws CancellationError as soon as the token is stopped. If the machine sleeps in the meantime, the rest
+/// of the duration may elapse after it wakes up: the standard library waits on a clock that is stopped while the
+/// machine sleeps.
 void sleepUnlessCancelled(std::chrono::milliseconds duration, std::stop_token stopToken) {
     std::mutex mutex;
     std::condition_variable_any condition;

@@ -8,23 +8,23 @@
 #include <optional>
 #include <stop_token>
 
-/// Why a package could not be prepared, apart from the system's own errors and a cancellation.
+/// Why a package could not be prepared, apart from system errors and cancellation.
 enum class AmbrelRecoveryPackagePreparationError { downloadFailed };
 
-/// Makes sure that a package is on this machine before the engine reads it.
+/// Ensures that a package is available on this machine before the engine reads it.
 namespace AmbrelRecoveryPackagePreparation {
 
-/// Takes the downloaded fraction, 0 to 1, or none where it is not known.
+/// Receives the downloaded fraction, 0 to 1, or std::nullopt if unknown.
 using ProgressHandler = std::function<void(std::optional<double>)>;
 
-/// How long a download is left alone between two looks at it.
+/// The interval between two checks of a download.
 inline constexpr std::chrono::milliseconds pollingInterval(350);
 
-/// Returns once the package can be read; one that does not live in a cloud drive can be at once. A download is awaited
-/// without a limit, and goes on in the system when this call ends early.
-/// Blocks, and calls `onProgress`, which may be empty, on the calling thread: never the main thread.
-/// Throws AmbrelRecoveryPackagePreparationError, std::system_error where the system cannot tell the item's properties,
-/// and CancellationError once `stopToken` is stopped.
+/// Returns when the package can be read: immediately, unless it is in a cloud drive. A download has no time limit, and
+/// the system continues it if this call ends early.
+/// Blocks, and calls `onProgress`, which may be empty, on the calling thread: never call this on the main thread.
+/// Throws AmbrelRecoveryPackagePreparationError, std::system_error if the item's properties cannot be read, and
+/// CancellationError once `stopToken` is stopped.
 void prepareForRead(const std::filesystem::path& package, CloudItems& cloudItems, const ProgressHandler& onProgress,
                     const std::stop_token& stopToken);
 

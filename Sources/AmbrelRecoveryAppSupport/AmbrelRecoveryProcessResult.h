@@ -3,12 +3,12 @@
 #include <cstdint>
 #include <string>
 
-/// What one finished run of the engine left.
+/// The result of a finished run of the engine.
 struct AmbrelRecoveryProcessResult {
     /// The engine's exit status, or the number of the signal that ended it (15 for a stopped run).
     std::int32_t exitCode = 0;
-    /// Every byte that the engine wrote to standard output.
+    /// All bytes that the engine wrote to standard output.
     std::string standardOutput;
-    /// Every byte that the engine wrote to standard error.
+    /// All bytes that the engine wrote to standard error.
     std::string standardError;
 };

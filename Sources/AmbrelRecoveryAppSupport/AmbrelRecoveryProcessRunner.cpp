@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::chrono::milliseconds waitSlice(100);
 
-/// The path itself where it is empty or relative to a working directory that is gone: a run finds nothing there.
+/// An empty path, or a relative one whose working directory is gone, is returned as it is: a run finds nothing there.
 std::filesystem::path standardized(const std::filesystem::path& path) {
     std::error_code error;
     const std::filesystem::path absolute = std::filesystem::absolute(path, error);
@@ -31,8 +31,8 @@ double wallClockSeconds() {
     throw error;
 }
 
-/// Delivers the credential and waits until the process has ended, at most `timeout` seconds of wall-clock time. An
-/// engine that was asked to end may leave the credential unread, any other may not.
+/// Delivers the credential and waits until the process has ended, for at most `timeout` seconds of wall-clock time.
+/// Only an engine that was asked to end may leave the credential unread.
 void deliverAndWaitForExit(CredentialPipe& pipe, EngineProcess& process, double timeout) {
     using Delivery = CredentialPipe::Delivery;
     const double deadline = wallClockSeconds() + timeout;
@@ -54,7 +54,7 @@ void deliverAndWaitForExit(CredentialPipe& pipe, EngineProcess& process, double 
 
 } // namespace
 
-/// Holds the place of the one active process of a runner.
+/// Registers a process as the runner's active process.
 class AmbrelRecoveryProcessRunner::Registration {
 public:
     /// Throws AmbrelRecoveryProcessError::operationAlreadyRunning.
@@ -93,14 +93,14 @@ AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<s
     if (!isExecutableFile(executableURL_)) {
         throw AmbrelRecoveryProcessError::executableUnavailable;
     }
-    // The objects below are destroyed in reverse order on every way out: each acquisition's release is its destructor.
+    // Destroyed in reverse order on every path; each object releases its resource in its destructor.
     const PrivateOutputDirectory directory;
     const UniqueDescriptor standardOutput = directory.createFile(PrivateOutputDirectory::standardOutputName);
     const UniqueDescriptor standardError = directory.createFile(PrivateOutputDirectory::standardErrorName);
     CredentialPipe pipe(credential);
     const auto process = std::make_shared<EngineProcess>(EngineProcess::Configuration{
         executableURL_, arguments, pipe.readEnd(), standardOutput.get(), standardError.get()});
-    // Only now, so that a refused run has touched nothing but a directory of its own.
+    // Registered only now, so that a refused run has touched nothing but its own directory.
     const Registration registration(*this, process);
 
     process->launch();

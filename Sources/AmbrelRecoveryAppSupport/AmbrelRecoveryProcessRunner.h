@@ -14,38 +14,39 @@
 
 class EngineProcess;
 
-/// Runs the recovery engine, one process at a time. run() blocks its thread for the engine's whole life and so never
-/// belongs on the main thread of a user interface; every member may be called on any thread.
+/// Runs the recovery engine, one process at a time. run() blocks until the engine has ended, so never call it on the
+/// main thread of a user interface; all members may be called on any thread.
 class AmbrelRecoveryProcessRunner {
 public:
-    /// The time-out, in seconds, that the application gives every run of the engine.
+    /// The timeout, in seconds, of every engine run in the application.
     static constexpr double defaultTimeout = 1800;
 
-    /// A runner for the engine at `executableURL`, a file path, which is not looked at before a run; an empty one is
-    /// unavailable then, like any other where no file is.
+    /// A runner for the engine at `executableURL`, a file path. It is not checked before a run; an empty path then
+    /// counts as unavailable, like a missing file.
     explicit AmbrelRecoveryProcessRunner(const std::filesystem::path& executableURL);
 
     AmbrelRecoveryProcessRunner(const AmbrelRecoveryProcessRunner&) = delete;
     AmbrelRecoveryProcessRunner& operator=(const AmbrelRecoveryProcessRunner&) = delete;
     ~AmbrelRecoveryProcessRunner();
 
-    /// The engine's path, absolute, without "." and ".." in it.
+    /// The engine's path, absolute, without "." and "..".
     const std::filesystem::path& executableURL() const { return executableURL_; }
 
-    /// Runs the engine with `arguments`, unchanged, and returns what it left, whatever its exit status.
-    /// With a credential the engine reads its bytes, one line feed and the end of its standard input; without one it
-    /// reads the null device. An engine that runs longer than `timeout` seconds of wall-clock time is asked to end and
-    /// awaited, however long that takes. One that was asked to end through cancelCurrentOperation() gives an ordinary
-    /// result, also where it has not read the credential.
-    /// Where `stopToken` was stopped before the launch was over, the engine is asked to end at once: this catches a
-    /// cancellation that came too early for cancelCurrentOperation() to find a process.
-    /// Throws AmbrelRecoveryProcessError or std::bad_alloc; whatever happens, no process, file or copy of the
-    /// credential stays behind.
+    /// Runs the engine with `arguments`, unchanged, and returns its result, regardless of its exit status.
+    /// With a credential, the engine's standard input contains the credential's bytes and one line feed; without one,
+    /// it is the null device.
+    /// An engine that runs longer than `timeout` seconds of wall-clock time is asked to end; the call waits for it,
+    /// however long that takes, and then throws timedOut. An engine that was asked to end through
+    /// cancelCurrentOperation() yields an ordinary result, even if it has not read the credential.
+    /// If `stopToken` was stopped before the launch was complete, the engine is asked to end immediately. This catches
+    /// a cancellation that came too early for cancelCurrentOperation() to find a process.
+    /// Throws AmbrelRecoveryProcessError or std::bad_alloc. In any case, no process, file or copy of the credential is
+    /// left behind.
     AmbrelRecoveryProcessResult run(const std::vector<std::string>& arguments,
                                     std::optional<std::span<const std::byte>> credential, double timeout,
                                     const std::stop_token& stopToken = {});
 
-    /// Asks the running engine, if there is one, to end.
+    /// Asks the running engine, if any, to end.
     void cancelCurrentOperation();
 
 private:
@@ -53,6 +54,6 @@ private:
 
     const std::filesystem::path executableURL_;
     std::mutex mutex_;
-    /// The process of the run in progress, or none. Guarded by mutex_.
+    /// The process of the current run, or null. Guarded by mutex_.
     std::shared_ptr<EngineProcess> activeProcess_;
 };

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-/// A clock that never jumps and keeps counting while the machine sleeps. One source file per system implements it.
+/// A monotonic clock that also advances while the machine sleeps. One source file per system implements it.
 struct BootClock {
     using rep = std::chrono::nanoseconds::rep;
     using period = std::chrono::nanoseconds::period;

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-/// Thrown out of an operation that was asked to stop.
+/// Thrown by an operation that was asked to stop.
 class CancellationError final : public std::exception {
 public:
     const char* what() const noexcept override { return "the operation was cancelled"; }

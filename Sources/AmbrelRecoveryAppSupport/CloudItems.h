@@ -3,14 +3,14 @@
 #include <filesystem>
 #include <optional>
 
-/// What the system knows about items that may live in a cloud drive and be mere placeholders on this machine.
+/// The system's information about items that may be in a cloud drive and exist only as placeholders on this machine.
 /// Called on a background thread.
 class CloudItems {
 public:
     enum class DownloadingStatus { notDownloaded, downloaded, current };
 
     struct Properties {
-        /// Whether the item lives in a cloud drive; none counts as no.
+        /// Whether the item is in a cloud drive; std::nullopt counts as no.
         std::optional<bool> isUbiquitous;
         std::optional<DownloadingStatus> downloadingStatus;
         bool hasDownloadingError = false;
@@ -21,12 +21,12 @@ public:
     CloudItems& operator=(const CloudItems&) = delete;
     virtual ~CloudItems() = default;
 
-    /// The properties of the item right now. Throws the system's error (std::system_error) where they cannot be read.
+    /// Returns the item's current properties. Throws std::system_error if they cannot be read.
     virtual Properties properties(const std::filesystem::path& item) = 0;
 
-    /// Asks the system to download the item. Throws the system's error (std::system_error) where it refuses.
+    /// Asks the system to download the item. Throws std::system_error if it refuses.
     virtual void startDownloading(const std::filesystem::path& item) = 0;
 
-    /// How much of the item is here, in percent as the system reports it, or none where it does not.
+    /// The downloaded part of the item in percent, as reported by the system, or std::nullopt if it is not reported.
     virtual std::optional<double> percentDownloaded(const std::filesystem::path& item) = 0;
 };

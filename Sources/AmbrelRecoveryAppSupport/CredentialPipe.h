@@ -7,26 +7,27 @@
 #include <optional>
 #include <span>
 
-/// Brings a credential to the standard input of an engine: the bytes, one line feed, the end of the input. Never
-/// blocks. Holds its own copy until it is delivered or destroyed. Not synchronised.
+/// Writes a credential to the standard input of an engine: the bytes, one line feed, and then end of file. Never
+/// blocks. Keeps its own copy until it is delivered or destroyed. Not synchronized.
 class CredentialPipe {
 public:
     enum class Delivery { pending, complete, failed };
 
-    /// Makes a pipe and a copy of the credential; without a credential there is neither. Throws
+    /// Creates a pipe and copies the credential; without a credential, does neither. Throws
     /// AmbrelRecoveryProcessError::launchFailed.
     explicit CredentialPipe(std::optional<std::span<const std::byte>> credential);
 
-    /// The end that the engine reads, or a negative number without a credential.
+    /// The engine's end of the pipe, or a negative number without a credential.
     int readEnd() const { return readEnd_.get(); }
 
-    /// The end that deliver() writes to, or a negative number where no delivery is pending.
+    /// The end to which deliver() writes, or a negative number if no delivery is pending.
     int pendingEnd() const { return writeEnd_.get(); }
 
-    /// After the launch: leaves the reading to the engine and writes what the pipe takes; pending where that is not
-    /// everything. Otherwise wipes the copy and closes the pipe. Complete where the engine can read everything or, for
-    /// a credential that the pipe holds, could have done so before it ended, and without a credential; failed where a
-    /// longer one finds the engine's end closed, and where the system fails.
+    /// Writes as much as the pipe accepts; call it after the launch. Returns pending if that is not everything.
+    /// Otherwise wipes the copy and closes the pipe.
+    /// Returns complete if everything was written, and without a credential. A credential that fits into the pipe
+    /// counts as delivered even if the engine has ended without reading it. Returns failed if the engine has closed its
+    /// end before a longer credential was written, or if a system call fails.
     Delivery deliver();
 
 private:

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Keeps SIGPIPE away from the calling thread, and leaves its signal state as it was.
+/// Suppresses SIGPIPE in the calling thread, and restores the thread's signal state.
 class BrokenPipeSignalBlock {
 public:
     BrokenPipeSignalBlock() {
@@ -56,7 +56,7 @@ CredentialPipe::CredentialPipe(std::optional<std::span<const std::byte>> credent
     }
     readEnd_ = aboveStandardStreams(UniqueDescriptor(ends[0]));
     writeEnd_ = aboveStandardStreams(UniqueDescriptor(ends[1]));
-    // The engine's end stays one that waits for input.
+    // The engine's end stays blocking.
     if (!readEnd_ || !writeEnd_ || fcntl(writeEnd_.get(), F_SETFL, O_NONBLOCK) != 0) {
         throw AmbrelRecoveryProcessError::launchFailed;
     }
@@ -70,8 +70,8 @@ CredentialPipe::Delivery CredentialPipe::deliver() {
     if (delivery_ != Delivery::pending) {
         return delivery_;
     }
-    // What the pipe holds is delivered also where the engine has ended by itself before it read: its own exit status
-    // and message tell more than a broken pipe. A longer credential must find the pipe broken then.
+    // A credential that fits into the pipe is delivered even if the engine has ended before reading it: the engine's
+    // exit status and message are more useful than a broken pipe. For a longer one, the write must fail then.
     if (!holdsPayload()) {
         readEnd_.close();
     }

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Each level holds two descriptors while those below it are emptied.
+/// Each level holds two descriptors while the levels below it are emptied.
 constexpr int deepestLevel = 100;
 
 struct DirectoryClosing {
@@ -22,7 +22,7 @@ struct DirectoryClosing {
 
 using DirectoryStream = std::unique_ptr<DIR, DirectoryClosing>;
 
-/// A stream of its own, so that the caller's descriptor keeps its place.
+/// Uses a separate descriptor, so that the caller's keeps its position.
 DirectoryStream entriesOf(int directory) {
     const int descriptor = retryInterrupted([=] { return openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
     DirectoryStream stream(descriptor >= 0 ? fdopendir(descriptor) : nullptr);
@@ -35,13 +35,13 @@ DirectoryStream entriesOf(int directory) {
 void removeContents(int directory, int level) {
     fchmod(directory, S_IRWXU);
     const DirectoryStream entries = entriesOf(directory);
-    // The stream is this function's own; no other thread reads it.
+    // The stream is local to this function; no other thread reads it.
     while (const dirent* const entry = entries ? readdir(entries.get()) : nullptr) { // NOLINT(concurrency-mt-unsafe)
         const char* const name = entry->d_name;
         if (std::string_view(name) == "." || std::string_view(name) == ".." || unlinkat(directory, name, 0) == 0) {
             continue;
         }
-        // Where this fails and was needed, the removal fails as well, and that is what counts.
+        // If this fails and was needed, the removal below fails as well, which is handled there.
         [[maybe_unused]] const int failure = fchmodat(directory, name, S_IRWXU, AT_SYMLINK_NOFOLLOW);
         const UniqueDescriptor folder(
             retryInterrupted([=] { return openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); }));

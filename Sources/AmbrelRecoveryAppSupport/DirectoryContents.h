@@ -1,6 +1,6 @@
 #pragma once
 
-/// Removes everything in the directory that the descriptor refers to, also what its owner locked away from himself, and
-/// ignores what cannot be removed. Works below the descriptor alone and follows no symbolic link, so that nothing
-/// outside is touched, whatever others do with names meanwhile. Goes down at most 100 levels. Any thread.
+/// Removes everything in the directory open as `directory`, including subdirectories without access permissions;
+/// ignores what cannot be removed. Uses only descriptors and follows no symbolic link, so that nothing outside is
+/// touched, even if others rename entries at the same time. Descends at most 100 levels. Any thread.
 void removeDirectoryContents(int directory) noexcept;

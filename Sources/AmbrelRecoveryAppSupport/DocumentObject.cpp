@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The value of a simdjson result that must hold a `Value`.
+/// Returns the value of a simdjson result, or throws if it is not a `Value`.
 template<typename Value, typename Result>
 Value required(Result result) {
     Value value;
@@ -19,8 +19,8 @@ DocumentObject DocumentObject::top(simdjson::dom::parser& parser, std::string_vi
     if (json.starts_with(byteOrderMark)) {
         json.remove_prefix(byteOrderMark.size());
     }
-    // The parser copies its input also where there is none to copy, and some versions of it skip a mark themselves,
-    // which would be the second one here.
+    // The parser copies its input even if it is empty, and some versions skip a byte order mark themselves, which would
+    // be a second one here.
     if (json.empty() || json.starts_with(byteOrderMark)) {
         throw DocumentDecodingError();
     }

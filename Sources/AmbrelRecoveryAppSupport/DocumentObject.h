@@ -12,20 +12,20 @@
 #include <string_view>
 #include <vector>
 
-/// Strict reading of one JSON object of an engine document: a key that is missing, null, of another type or outside the
-/// range of the asked type throws DocumentDecodingError. A number is an integer by its value and not by its spelling:
-/// 5.0 and 1e2 are. Keys that are not asked for are ignored, however large the numbers below them. Of a key given twice
-/// the first counts. A view: valid while the parser that made it lives. Not synchronised.
+/// Strict access to one JSON object of an engine document. A key that is missing, null, of another type or outside the
+/// range of the requested type throws DocumentDecodingError. A number is an integer by its value, not by its spelling:
+/// 5.0 and 1e2 are integers. Keys that are not requested are ignored, even if they contain numbers of any size. For a
+/// duplicate key, the first value is used. A view that is valid as long as its parser exists. Not synchronized.
 class DocumentObject {
 public:
-    /// The longest text that is parsed, in bytes: more than a million snapshots, and so more than anyone's list of
-    /// them. The parser takes a multiple of the text's length in memory.
+    /// The longest text that is parsed, in bytes: room for more than a million snapshots, and so for any real history.
+    /// The parser needs several times the length of the text in memory.
     static constexpr std::size_t longestText = 512UL * 1024 * 1024;
 
-    /// Parses `json`, a whole document whose top level is an object, and returns `decode(object)`. A byte order mark
-    /// may stand before it. `decode` is called again where it throws DocumentDecodingError and numbers of the text can
-    /// be spelled in a plainer way. Throws DocumentDecodingError where the text is no such document or too long, and
-    /// what `decode` throws.
+    /// Parses `json`, a complete document whose top level is an object, and returns `decode(object)`. A byte order mark
+    /// is allowed. If `decode` throws DocumentDecodingError and the text has numbers with a simpler spelling, `decode`
+    /// is called again with those. Throws DocumentDecodingError if the text is not such a document or is too long, and
+    /// whatever `decode` throws.
     template<typename Decode>
     static auto parse(std::string_view json, const Decode& decode) {
         if (json.size() > longestText) {
@@ -35,7 +35,7 @@ public:
         try {
             return decode(top(parser, json));
         } catch (const DocumentDecodingError&) {
-            // Not at once: nearly every document spells its numbers plainly and is spared the copy.
+            // Not rewritten up front: nearly all documents spell their numbers simply and need no copy.
             const std::optional<std::string> plain = PlainNumbers::rewritten(json);
             if (!plain || plain->size() > longestText) {
                 throw;
@@ -45,7 +45,7 @@ public:
     }
 
     std::string string(std::string_view key) const;
-    /// None where the key is missing or null.
+    /// Returns std::nullopt if the key is missing or null.
     std::optional<std::string> optionalString(std::string_view key) const;
     bool boolean(std::string_view key) const;
     std::int64_t signedInteger(std::string_view key) const;

@@ -9,16 +9,15 @@
 #include <string>
 #include <vector>
 
-/// One process of the engine, from before its launch until after its end. One source file per system implements it.
-/// Launching and waiting belong to one thread; requestTermination() may be called on any thread at any time.
+/// One engine process, from before its launch until after its end. One source file per system implements it. Launch and
+/// wait on one thread; requestTermination() may be called on any thread at any time.
 class EngineProcess {
 public:
     struct Configuration {
         std::filesystem::path executable;
-        /// The arguments behind the program's name.
+        /// The arguments after the program's name.
         std::vector<std::string> arguments;
-        /// Descriptors that become the engine's streams; they stay the caller's. A negative standardInput stands for
-        /// the null device.
+        /// Descriptors for the engine's streams, owned by the caller. A negative standardInput means the null device.
         int standardInput = -1;
         int standardOutput = -1;
         int standardError = -1;
@@ -28,43 +27,44 @@ public:
     EngineProcess(const EngineProcess&) = delete;
     EngineProcess& operator=(const EngineProcess&) = delete;
 
-    /// Ends an engine that is still running and waits for it, so that none is left behind.
+    /// Terminates a running engine and waits for it, so that none is left behind.
     ~EngineProcess();
 
-    /// Starts the engine. It inherits the environment and the working directory, the three streams and no other
-    /// descriptor; no signal is blocked or ignored in it. It is asked to end where this process, or the thread that
-    /// called this, goes away before it. Throws AmbrelRecoveryProcessError::launchFailed.
+    /// Starts the engine. It inherits the environment, the working directory and the three streams, but no other
+    /// descriptor; no signals are blocked or ignored in it. It receives SIGTERM if this process, or the thread that
+    /// called launch(), ends first. Throws AmbrelRecoveryProcessError::launchFailed.
     void launch();
 
-    /// Asks the engine to end (SIGTERM): at once where it runs, and as soon as it runs where its launch is not over.
-    /// After its end this does nothing: the request cannot reach another process, even one with the identifier that the
-    /// engine had.
+    /// Asks the engine to end (SIGTERM). During its launch, the request takes effect as soon as it runs. Does nothing
+    /// after the engine has ended: the signal cannot reach another process, even one that has reused the engine's
+    /// process identifier.
     void requestTermination() noexcept;
 
-    /// Whether the engine was asked to end, by whomever.
+    /// Whether termination was requested, by anyone.
     bool isAskedToEnd() const { return terminationRequested_; }
 
-    /// Ends every engine of this process for good (SIGKILL), also one that does not end when it is asked to. For the
-    /// end of the process, when nobody can wait any longer. Any thread.
+    /// Kills every engine of this process (SIGKILL), including those that do not react to SIGTERM. For use at the end
+    /// of the process, when waiting is no longer possible. Any thread.
     static void killAll() noexcept;
 
-    /// Waits for the engine's end, at most `limit`, and no longer than until `writable`, a descriptor, can be written
-    /// to; a negative one stands for none. True once the engine has ended.
+    /// Waits until the engine has ended, `limit` has passed, or the descriptor `writable` becomes writable; a negative
+    /// descriptor is ignored. Returns whether the engine has ended.
     bool waitForExit(std::chrono::milliseconds limit, int writable = -1);
 
-    /// Waits for the engine's end without limit.
+    /// Waits for the engine to end, without a limit.
     void waitForExit();
 
-    /// The exit status or the number of the ending signal. Only after the end.
+    /// The exit status, or the number of the signal that ended the engine. Call only after it has ended.
     std::int32_t terminationStatus() const { return terminationStatus_; }
 
 private:
     void reap(int options);
 
     const Configuration configuration_;
-    /// Refers to the process itself and not to its identifier; open from the launch until destruction.
+    /// Refers to the process itself, not to its identifier; open from launch until destruction.
     std::atomic<int> processDescriptor_ = -1;
-    /// Written before processDescriptor_ is read, and read after that is written, so that no request is lost.
+    /// requestTermination() writes this before it reads processDescriptor_; launch() reads it after it has written
+    /// that. So no request is lost.
     std::atomic<bool> terminationRequested_ = false;
     bool running_ = false;
     std::int32_t terminationStatus_ = 0;

@@ -21,20 +21,20 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Before version 2.37 the C library's header does not say that its functions have C linkage.
+// Before version 2.37, this C library header does not declare C linkage for its functions.
 extern "C" {
 #include <sys/pidfd.h>
 
-/// clone() under its other name. The thread sanitizer puts itself before the first one and takes every new process for
-/// a copy of this one, which a process that shares the memory is not.
+/// Alias of clone(). The thread sanitizer intercepts clone() and treats every new process as a copy of this one, which
+/// is wrong for a process that shares the memory.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 int __clone(int (*function)(void*), void* stack, int flags, void* context, ...) noexcept;
 }
 
 namespace {
 
-/// What the new process needs to become the engine. It shares this memory with the launching thread, which stands still
-/// until it has become the engine or given up.
+/// The data that the new process needs to become the engine. It shares memory with the launching thread, which is
+/// suspended until the new process has executed the engine or given up.
 struct Becoming {
     const EngineProcess::Configuration& configuration;
     char* const* arguments;
@@ -42,10 +42,10 @@ struct Becoming {
     bool failed = false;
 };
 
-/// Gives a signal its default action. The system's own call, because the C library's leaves out the two signals that it
-/// keeps for itself, and these could be ignored, too. Async-signal-safe: runs between clone and exec.
+/// Restores a signal's default action. Uses the system call, because the C library's function refuses the two signals
+/// that it reserves for itself, and those could be ignored, too. Async-signal-safe: runs between clone and exec.
 void restoreDefaultAction(int signal) {
-    // The system's structure is smaller than this, and all zeros in it mean the default action.
+    // The kernel's structure is smaller; all zeros mean the default action.
     const std::array<unsigned long, 8> defaultAction{};
     constexpr std::size_t maskSize = 8;
     syscall(SYS_rt_sigaction, signal, defaultAction.data(), nullptr, maskSize);
@@ -56,13 +56,13 @@ bool redirect(long source, int stream) {
     return source == stream || (source >= 0 && syscall(SYS_dup3, source, stream, 0) >= 0);
 }
 
-/// The first steps of the new process. Async-signal-safe: runs between clone and exec. Nothing but calls of the system
-/// is allowed here: locks of the other threads may be held for ever, and no function of a sanitizer may take this for
-/// the launching thread.
+/// The new process before it executes the engine. Async-signal-safe: runs between clone and exec. Only system calls are
+/// allowed here: other threads may hold locks that are never released, and sanitizer functions would mistake this
+/// process for the launching thread.
 __attribute__((no_sanitize("address", "thread", "undefined"))) int becomeEngine(void* context) {
     auto& becoming = *static_cast<Becoming*>(context);
     const EngineProcess::Configuration& configuration = becoming.configuration;
-    // An engine is of no use to anyone once the application is gone, however that came to be.
+    // The engine must not outlive the application, however that ends.
     syscall(SYS_prctl, PR_SET_PDEATHSIG, SIGTERM, 0, 0, 0);
     constexpr int signalCount = 64;
     for (int signal = 1; signal <= signalCount; ++signal) {
@@ -72,7 +72,7 @@ __attribute__((no_sanitize("address", "thread", "undefined"))) int becomeEngine(
                                                         : syscall(SYS_openat, AT_FDCWD, "/dev/null", O_RDONLY, 0);
     if (syscall(SYS_getppid) == becoming.application && redirect(input, STDIN_FILENO) &&
         redirect(configuration.standardOutput, STDOUT_FILENO) && redirect(configuration.standardError, STDERR_FILENO) &&
-        // Libraries of the application may hold descriptors that are not marked to close on exec.
+        // Libraries of the application may hold descriptors that are not marked close-on-exec.
         syscall(SYS_close_range, STDERR_FILENO + 1, ~0U, 0) == 0) {
         const std::uint64_t nothing = 0;
         syscall(SYS_rt_sigprocmask, SIG_SETMASK, &nothing, nullptr, sizeof nothing);
@@ -83,8 +83,8 @@ __attribute__((no_sanitize("address", "thread", "undefined"))) int becomeEngine(
     return EXIT_FAILURE;
 }
 
-/// Keeps every signal away from the calling thread while it lives: a handler must not run in the process that is
-/// becoming the engine and still shares all memory.
+/// Blocks all signals on the calling thread during its lifetime: a handler must not run in the new process, which still
+/// shares all memory.
 class SignalBlock {
 public:
     SignalBlock() {
@@ -102,7 +102,7 @@ private:
 
 /// Starts the process and returns its descriptor, or a negative number.
 int startProcess(Becoming& becoming) {
-    // Room for the few calls of becomeEngine() and for the dynamic linker, which may resolve them there.
+    // Enough for the few calls of becomeEngine() and for the dynamic linker, which may resolve them there.
     alignas(16) std::array<std::byte, 65536> stack;
     int descriptor = -1;
     const SignalBlock block;
@@ -118,7 +118,7 @@ bool wouldArriveShortened(const std::string& argument) {
 std::vector<char*> argumentVector(const EngineProcess::Configuration& configuration) {
     std::vector<char*> vector;
     vector.reserve(configuration.arguments.size() + 2);
-    // The type of what a program gets is older than const; nobody writes through these pointers before it runs.
+    // exec takes non-const strings for historical reasons; nobody writes through these pointers.
     vector.push_back(const_cast<char*>(configuration.executable.c_str()));
     for (const std::string& argument : configuration.arguments) {
         vector.push_back(const_cast<char*>(argument.c_str()));
@@ -132,7 +132,7 @@ struct Launched {
     std::set<const EngineProcess*> engines;
 };
 
-/// The engines from their launch to their destruction. Never destroyed: threads may outlive the end of main.
+/// All launched engines that have not been destroyed. Never destroyed itself, since threads may outlive main().
 Launched& launched() {
     static auto* const launched = new Launched;
     return *launched;
@@ -199,10 +199,10 @@ void EngineProcess::killAll() noexcept {
 
 bool EngineProcess::waitForExit(std::chrono::milliseconds limit, int writable) {
     if (running_) {
-        // Negative descriptors are passed over.
+        // poll() ignores negative descriptors.
         std::array<pollfd, 2> events{{{processDescriptor_, POLLIN, 0}, {writable, POLLOUT, 0}}};
         if (poll(events.data(), events.size(), static_cast<int>(limit.count())) < 0 && errno != EINTR) {
-            // Without memory for the wait a caller that waits again and again must not take the whole processor.
+            // If poll() runs out of memory, a caller that waits in a loop must not use all of the processor.
             std::this_thread::sleep_for(std::min(limit, std::chrono::milliseconds(10)));
         }
         reap(WNOHANG);
@@ -220,7 +220,8 @@ void EngineProcess::reap(int options) {
     siginfo_t information{};
     const auto descriptor = static_cast<id_t>(processDescriptor_.load());
     if (waitid(P_PIDFD, descriptor, &information, WEXITED | options) != 0) {
-        // Interrupted: still running. Anything else means that the status went to somebody else, and waiting is over.
+        // EINTR: still running. Any other error means that the status was collected elsewhere, so there is nothing to
+        // wait for.
         if (errno != EINTR) {
             running_ = false;
             terminationStatus_ = -1;

@@ -2,5 +2,5 @@
 
 #include <filesystem>
 
-/// Whether there is a file at `path`, symbolic links followed, that the current user may execute. A directory is none.
+/// Whether `path`, after following symbolic links, is a file that the current user may execute. False for a directory.
 bool isExecutableFile(const std::filesystem::path& path);

@@ -2,7 +2,7 @@
 
 #include "AmbrelRecoveryAppSupport/CloudItems.h"
 
-/// For systems without a cloud drive: every item is a local one, also one that is missing, which the engine reports.
+/// For systems without a cloud drive: every item is local, even a missing one, which the engine reports.
 class LocalCloudItems final : public CloudItems {
 public:
     Properties properties(const std::filesystem::path& item) override;

@@ -4,7 +4,8 @@
 
 #include <filesystem>
 
-/// Opens a directory that was just made and gives it the permissions 0700, also where the umask took some of them.
-/// None, with errno set, where that fails or another directory lies there by now, which is possible where others may
-/// write to the folder around it. Any thread. One source file per system implements it.
+/// Opens a directory that was just created and sets its permissions to 0700, even if the umask removed some of them.
+/// Returns an empty descriptor and sets errno if that fails, or if the path now leads to a directory that belongs to
+/// another user or grants access to others, which is possible if others may write to the parent directory. Any thread.
+/// One source file per system implements it.
 UniqueDescriptor openMadeDirectory(const std::filesystem::path& path);

@@ -20,7 +20,7 @@ UniqueDescriptor openMadeDirectory(const std::filesystem::path& path) {
         errno = EPERM;
         return {};
     }
-    // The directory itself, whose permissions may forbid to open it in another way.
+    // Refers to the directory itself, whose permissions may prevent opening it in another way.
     const std::string itself = "/proc/self/fd/" + std::to_string(place.get());
     if (retryInterrupted([&] { return chmod(itself.c_str(), S_IRWXU); }) != 0) {
         return {};

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view anyFraction = "0.5";
 
-/// A JSON number as it is spelled.
+/// The parts of a JSON number as it is spelled.
 struct Spelling {
     bool isNegative = false;
     std::string_view whole;
@@ -42,7 +42,7 @@ std::string_view takeWhile(std::string_view& rest, const Predicate& predicate) {
     return taken;
 }
 
-/// The value of the digits, or one beyond the length of every text.
+/// The value of the digits, or a number that exceeds the length of any text.
 std::int64_t exponentOf(std::string_view digits) {
     constexpr std::int64_t beyondEveryText = std::int64_t{1} << 60;
     std::int64_t value = 0;
@@ -50,7 +50,7 @@ std::int64_t exponentOf(std::string_view digits) {
     return result.ec == std::errc() ? std::min(value, beyondEveryText) : beyondEveryText;
 }
 
-/// None where the token is no JSON number.
+/// Returns std::nullopt if the token is not a JSON number.
 std::optional<Spelling> spellingOf(std::string_view token) {
     Spelling spelling;
     spelling.isNegative = takeOneOf(token, "-");
@@ -77,7 +77,7 @@ bool fits(std::string_view number) {
     return std::from_chars(number.data(), number.data() + number.size(), value).ec == std::errc();
 }
 
-/// The integer without a point and an exponent, or any fraction where the number is none of 64 bits.
+/// Returns the integer without a decimal point and exponent, or `anyFraction` if it is not a 64-bit integer.
 std::string plainly(const Spelling& spelling) {
     std::string digits(spelling.whole);
     digits += spelling.fraction;
@@ -101,13 +101,13 @@ std::string plainly(const Spelling& spelling) {
     return isHeld ? digits : std::string(anyFraction);
 }
 
-/// Whether an odd number of backslashes stands before the place.
+/// Whether an odd number of backslashes precedes `place`.
 bool isEscaped(std::string_view text, std::size_t place) {
     const std::size_t before = text.substr(0, place).find_last_not_of('\\');
     return (place - before) % 2 == 0;
 }
 
-/// Takes a string with its quotation marks; one without an end goes to the end of the text.
+/// Consumes a string with its quotation marks; an unterminated one extends to the end of the text.
 std::string_view takeString(std::string_view& rest) {
     std::size_t end = rest.find('"', 1);
     while (end != std::string_view::npos && isEscaped(rest, end)) {

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-/// The numbers of a JSON text, spelled for a parser that takes only what 64 bits hold, and for an integer only what is
-/// written like one.
+/// Rewrites the numbers of a JSON text for a parser that supports only 64-bit numbers and recognizes integers only by
+/// their spelling.
 namespace PlainNumbers {
 
-/// The text with every integer that 64 bits hold written without a point and an exponent, and with a small fraction in
-/// the place of every other number. Everything else stays, so that no valid text becomes invalid, nor the other way
-/// round. None where that changes nothing. Any thread; throws std::bad_alloc.
+/// Returns the text with every number that is a 64-bit integer written without a decimal point and exponent, and all
+/// other numbers replaced by a small fraction. Everything else is unchanged, so valid text stays valid and invalid text
+/// stays invalid. Returns std::nullopt if nothing changes. Any thread; throws std::bad_alloc.
 std::optional<std::string> rewritten(std::string_view json);
 
 } // namespace PlainNumbers

@@ -22,7 +22,7 @@
 namespace {
 
 std::filesystem::path temporaryDirectory() {
-    // Nothing in the application changes its environment.
+    // The application never changes its environment.
     const char* const configured = std::getenv("TMPDIR"); // NOLINT(concurrency-mt-unsafe)
     return configured != nullptr && *configured != '\0' ? configured : "/tmp";
 }
@@ -35,7 +35,7 @@ std::string randomIdentifier() {
     return text.data();
 }
 
-/// Whether the name is the prefix with an identifier as randomIdentifier() writes it.
+/// Whether `name` is the prefix followed by an identifier in the format of randomIdentifier().
 bool isNameOfOutputDirectory(std::string_view name) {
     const std::string_view prefix = PrivateOutputDirectory::namePrefix;
     uuid_t identifier;
@@ -49,11 +49,11 @@ bool isNameOfOutputDirectory(std::string_view name) {
     throw AmbrelRecoveryProcessError::temporaryOutputUnavailable;
 }
 
-/// Fills `contents` as far as the file goes. False on a failure.
+/// Reads the file into `contents`, which is shortened if the file is. Returns false on failure.
 bool readInto(std::string& contents, int descriptor) {
     std::size_t filled = 0;
     while (filled < contents.size()) {
-        // The engine has moved the place in the file that a plain read would begin at.
+        // The engine has moved the file offset, at which a plain read() would start.
         const ssize_t count = retryInterrupted([&] {
             return pread(descriptor, contents.data() + filled, contents.size() - filled, static_cast<off_t>(filled));
         });
@@ -72,9 +72,9 @@ bool isSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-/// Tells other processes that the directory is in use. False where one of them has taken it for abandoned already,
-/// which is possible for a moment after it was made. A file system without locks changes nothing: there nobody can take
-/// it.
+/// Locks the directory to mark it as in use. Returns false if another process already treats it as abandoned, which is
+/// possible for a moment after its creation. A failure on a file system without locks is ignored: nobody can claim it
+/// there.
 bool hold(const std::filesystem::path& path, int directory) {
     if (retryInterrupted([=] { return flock(directory, LOCK_EX | LOCK_NB); }) != 0) {
         return errno != EWOULDBLOCK;
@@ -94,7 +94,7 @@ UniqueDescriptor openDirectory(const std::filesystem::path& path) {
         retryInterrupted([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC); })));
 }
 
-/// True where the directory was removed.
+/// Returns whether the directory was removed.
 bool removeIfAbandoned(const std::filesystem::path& path) {
     const UniqueDescriptor directory = openDirectory(path);
     if (!directory || !isPrivate(directory.get()) || flock(directory.get(), LOCK_EX | LOCK_NB) != 0) {
@@ -116,7 +116,7 @@ PrivateOutputDirectory::PrivateOutputDirectory() {
     failUnavailable();
 }
 
-/// False where another process has removed the new directory, or is about to, because it took it for abandoned.
+/// Returns false if another process has removed the new directory, or is about to, because it appeared to be abandoned.
 bool PrivateOutputDirectory::make() {
     path_ = temporaryDirectory() / (namePrefix + randomIdentifier());
     if (retryInterrupted([this] { return mkdir(path_.c_str(), S_IRWXU); }) != 0) {
@@ -138,14 +138,14 @@ bool PrivateOutputDirectory::make() {
 }
 
 PrivateOutputDirectory::~PrivateOutputDirectory() {
-    // What an ordinary run leaves is removed without a further descriptor, which may be what the system lacks.
+    // The files of an ordinary run are removed without another descriptor, in case the system has run out of them.
     unlinkat(descriptor_.get(), standardOutputName, 0);
     unlinkat(descriptor_.get(), standardErrorName, 0);
     if (rmdir(path_.c_str()) == 0) {
         return;
     }
     removeDirectoryContents(descriptor_.get());
-    // An engine may have put a link in the directory's place; where that leads is nothing of ours.
+    // The engine may have replaced the directory with a link. Its target is left alone.
     if (rmdir(path_.c_str()) != 0 && errno == ENOTDIR) {
         unlink(path_.c_str());
     }
@@ -167,13 +167,13 @@ std::string PrivateOutputDirectory::contentsOf(const UniqueDescriptor& file) {
         failUnavailable();
     }
     try {
-        // Only as much as there is now: what the engine left running may write for ever.
+        // Reads only the current size: a process that the engine left running may write forever.
         std::string contents(static_cast<std::size_t>(status.st_size), '\0');
         if (readInto(contents, file.get())) {
             return contents;
         }
     } catch (const std::bad_alloc&) {
-        // Too long for the memory, or for any: told like every other output that cannot be read.
+        // Too long for the available memory: reported like any other output that cannot be read.
     }
     failUnavailable();
 }

@@ -4,9 +4,8 @@
 #include <iosfwd>
 #include <span>
 
-/// The bytes of a secret, in memory of their own that is wiped before it is given back.
-/// Moves but does not copy, and cannot be printed, so that no further copy comes to be by accident: a copy is asked for
-/// with copyOf(). Not synchronised: one thread at a time.
+/// The bytes of a secret, in separate memory that is wiped before it is freed. Movable but not copyable or printable,
+/// so that no copy is made by accident; use copyOf() for an intended copy. Not synchronized.
 class SecretBytes {
 public:
     SecretBytes() = default;
@@ -14,7 +13,7 @@ public:
     /// `size` zero bytes. Throws std::bad_alloc.
     explicit SecretBytes(std::size_t size);
 
-    /// A secret with the same bytes. Throws std::bad_alloc.
+    /// Returns a secret with the same bytes. Throws std::bad_alloc.
     static SecretBytes copyOf(std::span<const std::byte> bytes);
 
     SecretBytes(SecretBytes&& other) noexcept;
@@ -30,7 +29,7 @@ public:
     std::span<const std::byte> bytes() const { return {data_, size_}; }
     std::span<std::byte> bytes() { return {data_, size_}; }
 
-    /// Overwrites every byte with zero and becomes empty. May be called any number of times.
+    /// Overwrites all bytes with zeros and becomes empty. Idempotent.
     void wipe() noexcept;
 
 private:

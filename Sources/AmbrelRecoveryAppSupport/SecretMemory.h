@@ -3,17 +3,17 @@
 #include <cstddef>
 #include <span>
 
-/// Memory pages for secrets: kept out of the swap space where the system allows it, and out of core dumps.
-/// One source file per system implements them. May be used on any thread.
+/// Memory pages for secrets: excluded from core dumps and, if the system allows it, from swap. One source file per
+/// system implements them. May be used on any thread.
 namespace SecretMemory {
 
-/// Zeroed pages of their own with room for at least `size` bytes, `size` not 0. Throws std::bad_alloc.
+/// Allocates separate zeroed pages for at least `size` bytes; `size` must not be 0. Throws std::bad_alloc.
 std::byte* allocate(std::size_t size);
 
-/// Gives back what allocate() returned for the same `size`. Does not wipe.
+/// Frees the pages that allocate() returned for the same `size`. Does not wipe them.
 void release(std::byte* pages, std::size_t size) noexcept;
 
-/// Overwrites every byte with zero, in a way that the compiler cannot leave out.
+/// Overwrites all bytes with zeros in a way that the compiler cannot optimize out.
 void wipe(std::span<std::byte> bytes) noexcept;
 
 } // namespace SecretMemory

@@ -21,7 +21,7 @@ std::byte* SecretMemory::allocate(std::size_t size) {
     if (pages == MAP_FAILED) {
         throw std::bad_alloc();
     }
-    // A locked-memory limit of zero is common in containers; a recovery must not fail for it.
+    // Failures are ignored: a locked-memory limit of zero is common in containers and must not prevent a recovery.
     static_cast<void>(mlock(pages, length));
     static_cast<void>(madvise(pages, length, MADV_DONTDUMP));
     return static_cast<std::byte*>(pages);

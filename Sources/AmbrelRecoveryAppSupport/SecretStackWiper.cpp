@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t reach = std::size_t{128} * 1024;
 
-/// Its frame lies where the frames of the functions before it lay.
+/// Its frame overlaps the frames of the functions that were called before it.
 [[gnu::noinline]] void wipeBelow() {
     std::array<std::byte, reach> unused;
     SecretMemory::wipe(unused);

@@ -1,8 +1,8 @@
 #pragma once
 
-/// Wipes, when it ends, what the functions that were called meanwhile left behind on the stack of this thread: copies
-/// of a secret that the compiler or a library made in passing. To be declared first in the function that handles a
-/// secret. Reaches 128 KiB below that function's own frame.
+/// On destruction, wipes what functions called during its lifetime left on this thread's stack: copies of a secret that
+/// the compiler or a library made. Declare it first in a function that handles a secret. Covers 128 KiB below that
+/// function's frame.
 class SecretStackWiper {
 public:
     SecretStackWiper() = default;

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <string>
 
-/// Takes a record apart that ByteWriter built. Anything that does not fit throws Failure (integrity).
+/// Parses a record that was built with ByteWriter. Throws Failure (integrity) for malformed data.
 class ByteReader {
 public:
     explicit ByteReader(ByteView bytes) : rest_(bytes) {}
@@ -45,8 +45,8 @@ public:
         return {taken.begin(), taken.end()};
     }
 
-    /// The number of elements that follow, each of which takes at least `leastSize` bytes. A count that the rest of
-    /// the record cannot hold is refused before anything is reserved for it.
+    /// Reads the number of elements that follow, each of which takes at least `leastSize` bytes. Throws if the rest of
+    /// the record cannot hold them, before memory is reserved.
     std::size_t count(std::size_t leastSize) {
         const std::size_t elements = number<std::uint32_t>();
         if (elements > rest_.size() / leastSize) {

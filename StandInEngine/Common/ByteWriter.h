@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-/// Builds a record: whole numbers in little-endian order, texts with their length in front.
+/// Builds a record: integers in little-endian order, texts with a length prefix.
 class ByteWriter {
 public:
     template<std::integral Number>
@@ -20,7 +20,7 @@ public:
 
     void raw(ByteView bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
 
-    /// A 16-bit length and the bytes. The text is at most 65,535 bytes long.
+    /// Writes a 16-bit length and the bytes. The text is at most 65,535 bytes long.
     void text(std::string_view text) {
         number(static_cast<std::uint16_t>(text.size()));
         raw(bytesOf(text));

@@ -7,10 +7,9 @@
 
 /// Bytes that are not secret.
 using Bytes = std::vector<std::uint8_t>;
-/// A view of bytes that somebody else owns.
+/// A non-owning view of bytes.
 using ByteView = std::span<const std::uint8_t>;
 
-/// The bytes of a text.
 inline ByteView bytesOf(std::string_view text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }

@@ -4,8 +4,8 @@
 
 #include <exception>
 
-/// A failed run. The detail is for the developer who reads standard error: a short text with static storage
-/// duration, never a path or anything else from outside, so that it cannot be mistaken for another failure.
+/// A failed run. The detail is for developers who read standard error: a short text with static storage duration. It
+/// never contains a path or other external data, so that it cannot be mistaken for another failure.
 class Failure : public std::exception {
 public:
     explicit Failure(FailureReason reason, const char* detail = "") noexcept : reason_(reason), detail_(detail) {}

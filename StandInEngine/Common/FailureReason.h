@@ -1,6 +1,6 @@
 #pragma once
 
-/// Why a run of the engine failed. Each has its own sentence and exit status (FailureText).
+/// Why a run of the engine failed. FailureText has a sentence and an exit status for each.
 enum class FailureReason {
     passphraseDidNotUnlock,
     recoveryKeyDidNotUnlock,

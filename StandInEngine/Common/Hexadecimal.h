@@ -11,7 +11,7 @@ namespace Hexadecimal {
 
 std::string encode(ByteView bytes);
 
-/// None for an odd number of digits and for anything but 0-9 and a-f.
+/// Returns std::nullopt for an odd number of digits or for characters other than 0-9 and a-f.
 std::optional<Bytes> decode(std::string_view text);
 
 } // namespace Hexadecimal

@@ -18,7 +18,7 @@ struct Identifier {
 
     /// 64 lower-case hexadecimal digits.
     std::string hexadecimal() const;
-    /// Reads exactly 64 lower-case hexadecimal digits; none for any other text.
+    /// Parses exactly 64 lower-case hexadecimal digits; returns std::nullopt for any other text.
     static std::optional<Identifier> fromHexadecimal(std::string_view text);
 };
 

@@ -5,17 +5,17 @@
 
 #include <sodium.h>
 
-/// BLAKE2b with a key and a result of 32 bytes, fed piece by piece.
+/// BLAKE2b with an optional key and a 32-byte result, computed incrementally.
 class KeyedHash {
 public:
-    /// `key` may be empty: then it is a plain checksum.
+    /// Without a key (`key` is empty), the result is a plain checksum.
     explicit KeyedHash(ByteView key);
     KeyedHash(const KeyedHash&) = delete;
     KeyedHash& operator=(const KeyedHash&) = delete;
     ~KeyedHash();
 
     void update(ByteView bytes);
-    /// The result. Nothing may be fed afterwards.
+    /// Returns the result. Do not call update() afterwards.
     Identifier finish();
 
     static Identifier of(ByteView key, ByteView bytes);

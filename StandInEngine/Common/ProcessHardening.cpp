@@ -8,9 +8,9 @@
 
 namespace {
 
-// The kernel sends the signal only for a parent that dies later, so a parent that died while it was being armed is
-// noticed by its number having changed. One that died still earlier has most likely not written the credential: then
-// the end of the input ends this process as well.
+// The kernel sends the signal only if the parent dies after this call. If it dies during the call, its process
+// identifier changes, which is detected below. If it died even earlier, it has most likely not written the credential:
+// then the end of the input ends this process as well.
 void endTogetherWithParent() {
     const pid_t parent = ::getppid();
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -22,8 +22,8 @@ void endTogetherWithParent() {
 } // namespace
 
 ProcessHardening::ProcessHardening() {
-    // A limit of 0 would not hold for dumps that are piped to a collecting program, and none holds where the hard limit
-    // is 0 already.
+    // A limit of 0 does not apply to dumps that are piped to a program. If the hard limit is already 0, no limit can
+    // prevent those.
     const rlimit shortest = {1, 1};
     ::setrlimit(RLIMIT_CORE, &shortest);
     ::prctl(PR_SET_DUMPABLE, 0);

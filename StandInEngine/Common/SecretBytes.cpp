@@ -24,7 +24,7 @@ SecretBytes& SecretBytes::operator=(SecretBytes&& other) noexcept {
 }
 
 SecretBytes::~SecretBytes() {
-    // Wipes the whole allocation, also what was cut off by truncate().
+    // Wipes the whole allocation, including the part cut off by truncate().
     sodium_free(data_);
 }
 

@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <span>
 
-/// Secret bytes in locked memory between guard pages, left out of core dumps and wiped when dropped.
-/// Move-only, so that a copy is never made by accident, and without any way to print it.
+/// Secret bytes in locked memory between guard pages, excluded from core dumps and wiped when freed. Movable but not
+/// copyable or printable, so that no copy is made by accident.
 class SecretBytes {
 public:
     SecretBytes() noexcept = default;
-    /// Makes `size` zero bytes. Throws std::bad_alloc.
+    /// `size` zero bytes. Throws std::bad_alloc.
     explicit SecretBytes(std::size_t size);
     SecretBytes(SecretBytes&& other) noexcept;
     SecretBytes& operator=(SecretBytes&& other) noexcept;
@@ -17,14 +17,14 @@ public:
     SecretBytes& operator=(const SecretBytes&) = delete;
     ~SecretBytes();
 
-    /// A second holder of the same bytes, made on purpose. Throws std::bad_alloc.
+    /// Makes an intended copy. Throws std::bad_alloc.
     static SecretBytes copyOf(std::span<const std::uint8_t> bytes);
 
     std::span<std::uint8_t> bytes() noexcept { return {data_, size_}; }
     std::span<const std::uint8_t> bytes() const noexcept { return {data_, size_}; }
     std::size_t size() const noexcept { return size_; }
 
-    /// Drops and wipes everything from `size` on. `size` is at most the present size.
+    /// Wipes and drops all bytes from `size` on. `size` is at most the current size.
     void truncate(std::size_t size) noexcept;
 
 private:

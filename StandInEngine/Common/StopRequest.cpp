@@ -27,7 +27,7 @@ StopRequest::StopRequest() {
         }
         struct sigaction action = {};
         action.sa_handler = rememberSignal;
-        // Without SA_RESTART, so that a write to somebody who does not read comes back.
+        // Without SA_RESTART, so that a blocked write returns.
         ::sigemptyset(&action.sa_mask);
         ::sigaction(signals[index], &action, nullptr);
     }

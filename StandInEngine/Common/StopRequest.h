@@ -3,9 +3,9 @@
 #include <array>
 #include <csignal>
 
-/// While one exists, SIGTERM, SIGINT and SIGHUP do not end the program at once but are remembered, so that work in
-/// progress can be taken back first. A signal that the program was started to ignore stays ignored.
-/// They may be nested; on the main thread only.
+/// While an instance exists, SIGTERM, SIGINT and SIGHUP do not end the program immediately but are recorded, so that
+/// work in progress can be undone first. Signals that were ignored when the program started stay ignored. May be
+/// nested; only on the main thread.
 class StopRequest {
 public:
     StopRequest();
@@ -13,10 +13,10 @@ public:
     StopRequest(const StopRequest&) = delete;
     StopRequest& operator=(const StopRequest&) = delete;
 
-    /// Throws Stopped when such a signal has arrived.
+    /// Throws Stopped if such a signal has arrived.
     static void throwIfRequested();
 
-    /// Ends the program by the signal itself, as the one who waits for it expects.
+    /// Ends the program with the signal itself, as a waiting parent expects.
     [[noreturn]] static void endBySignal(int signal);
 
 private:

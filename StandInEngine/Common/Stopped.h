@@ -1,7 +1,7 @@
 #pragma once
 
-/// Thrown out of a work loop after a signal asked the program to end. Not an error: whoever catches it cleans up and
-/// lets the signal take its default course.
+/// Thrown from a work loop after a signal asked the program to end. Not an error: the handler cleans up and then lets
+/// the signal take its default action.
 struct Stopped {
     int signal;
 };

@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-/// Owns one open file descriptor and closes it. Move-only; empty when it holds -1.
+/// Owns an open file descriptor and closes it. Move-only; -1 if empty.
 class UniqueDescriptor {
 public:
     UniqueDescriptor() noexcept = default;
@@ -24,7 +24,7 @@ public:
 
     int get() const noexcept { return descriptor_; }
     explicit operator bool() const noexcept { return descriptor_ >= 0; }
-    /// Hands the descriptor over; the caller closes it.
+    /// Releases ownership; the caller closes the descriptor.
     [[nodiscard]] int release() noexcept { return std::exchange(descriptor_, -1); }
 
 private:

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// The engine's command line, taken apart.
+/// The parsed command line of the engine.
 struct CommandLine {
     enum class Command { inspect, exportSnapshot, selfTest, help };
 
@@ -16,8 +16,8 @@ struct CommandLine {
     std::string snapshotCode;
     std::string destinationPath;
 
-    /// `arguments` are those after the program's name. None when anything is missing, unknown or given twice; the
-    /// options may stand in any order, and what follows an option that takes a value is its value, whatever it is.
+    /// `arguments` are those after the program's name. Returns std::nullopt if anything is missing, unknown or given
+    /// twice. Options may come in any order; the argument after an option that takes a value is always its value.
     static std::optional<CommandLine> parse(const std::vector<std::string>& arguments);
 
     static const char* usage();

@@ -2,12 +2,12 @@
 
 #include "Common/SecretBytes.h"
 
-/// The credential as it comes in.
+/// Reads the credential from the input.
 namespace CredentialInput {
 
-/// Reads to the end of input, so that whoever writes is never left with a closed pipe, and gives every byte before
-/// the final line feed. Throws Failure: credentialMissing without a final line feed or when reading fails,
-/// credentialInvalid beyond one mebibyte.
+/// Reads until the end of the input, so that the writer never gets a broken pipe, and returns all bytes before the
+/// final line feed. Throws Failure: credentialMissing if there is no final line feed or reading fails,
+/// credentialInvalid if the credential is longer than one mebibyte.
 SecretBytes read(int descriptor);
 
 } // namespace CredentialInput

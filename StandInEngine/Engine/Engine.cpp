@@ -35,12 +35,12 @@ void Engine::inspect(const CommandLine& line, const Credential& credential, cons
 
 void Engine::exportSnapshot(const CommandLine& line, const Credential& credential, const Print& print) {
     const LockedPackage locked(line.packagePath);
-    // What can be refused at once is refused before the costly derivation of the key.
+    // Checked before the expensive key derivation, to fail early.
     const Destination destination(line.destinationPath);
     destination.requireOutside(locked.directory().descriptor());
     const UnlockedPackage package = locked.unlock(credential);
     const CommitRecord snapshot = readSnapshot(package, line.snapshotCode);
-    // Up to here there is nothing to take back, and a signal may end the program at once.
+    // Before this point there is nothing to undo, and a signal may end the program immediately.
     const StopRequest stopRequest;
     TemporarySibling folder(destination);
     const PayloadReader payloads = package.payloads();

@@ -6,17 +6,17 @@
 #include <functional>
 #include <string_view>
 
-/// The engine's two real commands. Each throws Failure, Stopped and std::bad_alloc.
+/// The engine's main commands. Both throw Failure, Stopped and std::bad_alloc.
 namespace Engine {
 
-/// Takes a document for standard output. Throws Failure (reportNotPrinted).
+/// Receives a document for standard output. Throws Failure (reportNotPrinted).
 using Print = std::function<void(std::string_view)>;
 
-/// Looks through the package and prints what it found.
+/// Inspects the package and prints the result.
 void inspect(const CommandLine& line, const Credential& credential, const Print& print);
 
-/// Makes the destination folder, whole or not at all. Prints its report as the last thing that can fail before the
-/// folder gets its name, so that a caller who is told of a failure never finds a folder.
+/// Creates the destination folder, completely or not at all. Printing the report is the last step that can fail before
+/// the folder gets its name, so that a caller who receives a failure never finds a folder.
 void exportSnapshot(const CommandLine& line, const Credential& credential, const Print& print);
 
 } // namespace Engine

@@ -29,7 +29,7 @@ void printReport(std::string_view text) {
     }
 }
 
-// Where standard error does not take the text, there is nowhere else to say it; the status still tells.
+// If standard error cannot be written to, the text is lost; the exit status still reports the failure.
 void printError(std::string_view text) {
     static_cast<void>(DescriptorIO::writeFully(STDERR_FILENO, bytesOf(text)));
 }

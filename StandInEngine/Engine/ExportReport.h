@@ -3,12 +3,12 @@
 #include <cstdint>
 #include <string>
 
-/// What an export has written.
+/// The result of an export.
 struct ExportReport {
     std::string selectedSnapshotCode;
     std::int64_t itemCount = 0;
     std::int64_t resourceCount = 0;
 
-    /// The JSON document, with a line feed at its end.
+    /// The JSON document, with a trailing line feed.
     std::string document() const;
 };

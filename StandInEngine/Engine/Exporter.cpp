@@ -41,7 +41,7 @@ std::vector<std::optional<std::uint32_t>> firstAlbums(const CommitRecord& snapsh
     return albums;
 }
 
-// A file system that cannot keep the time, or not exactly, still keeps the picture.
+// Failures are ignored: the picture matters more than its exact time.
 void restoreModificationTime(int file, const CommitRecord::Resource& resource) {
     const std::array<timespec, 2> times = {
         timespec{0, UTIME_OMIT},
@@ -49,8 +49,8 @@ void restoreModificationTime(int file, const CommitRecord::Resource& resource) {
     static_cast<void>(::futimens(file, times.data()));
 }
 
-// Some file systems report only here that there was no room. File by file, so that a stop never has to wait for
-// gigabytes to reach a slow disk; EINVAL comes from file systems that cannot be asked.
+// Some file systems report a lack of space only here. Each file is synchronized separately, so that a stop never has to
+// wait for gigabytes to reach a slow disk. EINVAL means that the file system does not support it.
 void finish(UniqueDescriptor file) {
     const bool isOnDisk = ::fsync(file.get()) == 0 || errno == EINVAL;
     if (::close(file.release()) != 0 || !isOnDisk) {

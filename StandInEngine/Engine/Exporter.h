@@ -11,9 +11,9 @@ public:
     /// `payloads` must outlive the exporter; `folder` is an open, empty folder.
     Exporter(const PayloadReader& payloads, int folder) : payloads_(payloads), tree_(folder) {}
 
-    /// Writes every resource of every item, with its own name and modification time, into the folder of the first
-    /// album that its item is in, or to the top. Throws Failure: integrity when a payload is missing or does not
-    /// match, packageUnavailable when one cannot be read, outputNotWritten; Stopped.
+    /// Writes every resource of every item, with its own name and modification time, into the folder of the item's
+    /// first album, or to the top folder if it has none. Throws Failure: integrity if a payload is missing or does not
+    /// match, packageUnavailable if one cannot be read, outputNotWritten; Stopped.
     ExportReport write(const CommitRecord& snapshot);
 
 private:

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Everything that an inspection has found, as the document tells it.
+/// The result of an inspection, as reported in the document.
 struct Inspection {
     struct Branch {
         std::string tipSelectionCode;
@@ -24,7 +24,7 @@ struct Inspection {
         std::uint64_t tombstones = 0;
     };
 
-    /// Each payload file counts once in a snapshot, however many resources share it.
+    /// Each payload file is counted once per snapshot, however many resources share it.
     struct PayloadFileEvidence {
         std::int64_t required = 0;
         std::int64_t matching = 0;
@@ -40,9 +40,9 @@ struct Inspection {
         std::uint64_t generation = 0;
         bool isRetainedTip = false;
         Counts counts;
-        /// Of all resources, shared or not.
+        /// The total of all resources, shared or not.
         std::uint64_t logicalPlaintextByteCount = 0;
-        /// Of the payload files as found, each once.
+        /// The total of the payload files as found, each counted once.
         std::uint64_t encryptedPayloadByteCount = 0;
         PayloadFileEvidence evidence;
     };
@@ -50,7 +50,7 @@ struct Inspection {
     std::uint64_t formatVersion = 0;
     Factor unlockedFactor = Factor::backupPassphrase;
     BranchDisposition disposition = BranchDisposition::noPublishedHead;
-    /// Only when exactly one head is published and no other one stands beside it.
+    /// Set only if a head is published and there is exactly one retained tip.
     std::optional<std::string> canonicalTipSelectionCode;
     std::int64_t commitCount = 0;
     std::int64_t headCount = 0;

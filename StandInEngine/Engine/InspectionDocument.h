@@ -7,7 +7,7 @@
 /// The JSON document of an inspection.
 namespace InspectionDocument {
 
-/// The document, with a line feed at its end.
+/// Returns the document, with a trailing line feed.
 std::string write(const Inspection& inspection);
 
 } // namespace InspectionDocument

@@ -6,14 +6,14 @@
 
 #include <unordered_map>
 
-/// Looks through an unlocked package: its history, every snapshot, and every payload file that a snapshot needs.
+/// Inspects an unlocked package: its history, every snapshot, and every payload file that a snapshot needs.
 class Inspector {
 public:
     /// `package` must outlive the inspector.
     explicit Inspector(const UnlockedPackage& package) : package_(package) {}
 
-    /// Throws Failure: integrity, packageUnavailable. Missing, damaged and unreadable payload files are counted and
-    /// are no failure.
+    /// Throws Failure: integrity, packageUnavailable. Missing, damaged and unreadable payload files are counted and do
+    /// not cause a failure.
     Inspection inspect();
 
 private:

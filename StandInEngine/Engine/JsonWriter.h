@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// Writes a JSON text without white space. The caller keeps the order: a key, then its value, inside an object.
+/// Writes JSON without white space. The caller is responsible for the order of calls: inside an object, a key and then
+/// its value.
 class JsonWriter {
 public:
     void beginObject() { open('{'); }

@@ -76,7 +76,7 @@ CommitRecord::Item decodeItem(ByteReader& reader) {
 }
 
 void decodeFolders(ByteReader& reader, std::vector<CommitRecord::Folder>& folders) {
-    // Every folder lies in an earlier one, so folders cannot contain each other in a circle; the depth is bounded too.
+    // A folder's parent always comes earlier, so there are no cycles; the depth is limited as well.
     constexpr std::uint32_t maximumDepth = 64;
     const std::size_t count = reader.count(4 + 2 + 1);
     std::vector<std::uint32_t> depths;

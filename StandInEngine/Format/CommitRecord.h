@@ -9,18 +9,18 @@
 #include <string>
 #include <vector>
 
-/// One snapshot of the library, and where it stands in the history. All times are UTC, counted from 1970.
+/// One snapshot of the library, and its place in the history. All times are UTC, since 1970.
 struct CommitRecord {
     using ItemIdentifier = std::array<std::uint8_t, 16>;
 
     struct Folder {
-        /// Index of the folder around it, which comes earlier in the list; none at the top.
+        /// Index of the parent folder, which comes earlier in the list; std::nullopt at the top.
         std::optional<std::uint32_t> parent;
         std::string name;
     };
 
     struct Album {
-        /// Index of the folder around it; none at the top.
+        /// Index of the containing folder; std::nullopt at the top.
         std::optional<std::uint32_t> folder;
         std::string name;
     };
@@ -60,9 +60,9 @@ struct CommitRecord {
     std::vector<Membership> memberships;
     std::vector<Tombstone> tombstones;
 
-    /// The record's plaintext. Checks nothing.
+    /// The record's plaintext. Nothing is validated.
     Bytes encode() const;
 
-    /// Reads a record and checks every name, index, count and size in it. Throws Failure (integrity).
+    /// Parses a record and validates all names, indexes, counts and sizes in it. Throws Failure (integrity).
     static CommitRecord decode(ByteView bytes);
 };

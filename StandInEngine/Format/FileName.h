@@ -4,14 +4,15 @@
 #include <string>
 #include <string_view>
 
-/// Names of files and folders as they stand in records.
+/// Names of files and folders in records.
 namespace FileName {
 
-/// Whether it names exactly one entry of a folder: not empty, not "." or "..", no "/" and no NUL, at most 255 bytes.
+/// Whether `name` is a valid name for a single directory entry: not empty, not "." or "..", no "/" and no NUL, at most
+/// 255 bytes.
 bool isSafe(std::string_view name);
 
-/// The name with " (number)" before its extension, for an entry whose own name is taken. A name that would grow
-/// beyond 255 bytes loses the end of its stem, never half a character.
+/// Returns the name with " (number)" before its extension, for when the original name is taken. If the result would
+/// exceed 255 bytes, the end of the stem is cut off, but never within a character.
 std::string numbered(std::string_view name, std::size_t number);
 
 } // namespace FileName

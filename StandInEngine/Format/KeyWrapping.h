@@ -6,15 +6,15 @@
 
 #include <optional>
 
-/// Encrypts and decrypts the package key under a key that Argon2id makes of a secret.
+/// Encrypts and decrypts the package key with a key that is derived from a secret with Argon2id.
 namespace KeyWrapping {
 
-/// Wraps `packageKey` with a fresh salt and nonce. `header` is bound to the slot. Throws std::bad_alloc when the
-/// memory for the derivation cannot be had.
+/// Encrypts `packageKey` with a fresh salt and nonce. The slot is bound to `header`. Throws std::bad_alloc if there is
+/// not enough memory for the derivation.
 KeySlot wrap(const SecretBytes& packageKey, Factor factor, const SecretBytes& secret, const KeyDerivationCost& cost,
              ByteView header);
 
-/// The package key, or none when the secret does not fit. Throws std::bad_alloc like wrap().
+/// Returns the package key, or std::nullopt if the secret is wrong. Throws std::bad_alloc like wrap().
 std::optional<SecretBytes> unwrap(const KeySlot& slot, const SecretBytes& secret, ByteView header);
 
 } // namespace KeyWrapping

@@ -3,6 +3,6 @@
 #include <array>
 #include <cstdint>
 
-/// The random number that tells a package from every other. Part of everything that is authenticated, so nothing can
-/// be carried from one package into another.
+/// The random number that identifies a package. It is part of everything that is authenticated, so nothing can be moved
+/// from one package to another.
 using PackageIdentifier = std::array<std::uint8_t, 16>;

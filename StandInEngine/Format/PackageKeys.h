@@ -3,7 +3,7 @@
 #include "Common/SecretBytes.h"
 #include "Format/PackageIdentifier.h"
 
-/// An unlocked package's identifier and the keys that are derived from its package key, one for each purpose.
+/// An unlocked package's identifier, and the keys derived from its package key, one for each purpose.
 struct PackageKeys {
     PackageKeys(const PackageIdentifier& package, const SecretBytes& packageKey);
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The names of everything in a package, and how much of each the engine takes before it refuses.
+/// The names of everything in a package, and the size limits that the engine enforces.
 namespace PackageLayout {
 
 inline constexpr const char* headerFile = "header.txt";

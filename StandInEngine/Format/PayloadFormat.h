@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The shape of a payload file: a stream header, then the original in chunks, each encrypted and authenticated
-/// together with its place, the package and the payload's name; the last chunk is marked as the last.
+/// The format of a payload file: a stream header, then the original in chunks. Each chunk is encrypted and
+/// authenticated together with its position, the package and the payload's name; the last chunk is marked as such.
 namespace PayloadFormat {
 
 inline constexpr std::size_t streamHeaderByteCount = 24;
@@ -16,7 +16,7 @@ inline constexpr std::size_t chunkPlaintextByteCount = 65'536;
 inline constexpr std::size_t chunkOverheadByteCount = 17;
 inline constexpr std::size_t chunkByteCount = chunkPlaintextByteCount + chunkOverheadByteCount;
 
-/// What every chunk authenticates besides its content.
+/// The data that every chunk authenticates in addition to its content.
 Bytes associatedData(const PackageIdentifier& package, const Identifier& payload);
 
 } // namespace PayloadFormat

@@ -1,11 +1,11 @@
 #pragma once
 
-/// What the verification of one payload file found.
+/// The result of verifying one payload file.
 enum class PayloadState {
     matching,
     missing,
-    /// There, but not a regular file, or its content does not authenticate.
+    /// The file exists, but is not a regular file, or its content does not authenticate.
     mismatched,
-    /// There, but it cannot be read.
+    /// The file exists, but cannot be read.
     unreadable,
 };

@@ -2,7 +2,7 @@
 
 #include <sodium.h>
 
-/// The running state of an encryption stream, wiped at the end because a key is part of it.
+/// The state of an encryption stream. Wiped on destruction because it contains a key.
 struct PayloadStreamState {
     PayloadStreamState() = default;
     PayloadStreamState(const PayloadStreamState&) = delete;

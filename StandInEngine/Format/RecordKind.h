@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// What a sealed record is. Part of what is authenticated, so a record never passes for one of another kind.
+/// The kind of a sealed record. It is authenticated, so a record cannot be passed off as another kind.
 enum class RecordKind : std::uint8_t {
     commit = 1,
     head = 2,

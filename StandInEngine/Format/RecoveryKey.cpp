@@ -16,7 +16,7 @@ constexpr std::string_view alphabet = "0123456789ABCDEFGHJKMNPQRSTVWXYZ";
 constexpr std::size_t keyByteCount = 16;
 constexpr std::size_t symbolCount = 30;
 constexpr std::size_t groupLength = 5;
-// 150 bits of symbols are 128 bits of key and 22 bits of checksum: 19 bytes, of which the last two bits are none.
+// 150 bits of symbols hold a 128-bit key and a 22-bit checksum: 19 bytes, of which the last two bits are unused.
 constexpr std::size_t codeByteCount = 19;
 
 constexpr std::array<std::string_view, 14> separators = {
@@ -63,7 +63,7 @@ std::optional<std::uint8_t> symbolValue(char character) {
     return static_cast<std::uint8_t>(value);
 }
 
-// Puts the five bits of symbol number `index` into their place; the code's bits run from the most significant on.
+// Stores the five bits of symbol number `index` at their place, most significant bit first.
 void place(SecretBytes& code, std::size_t index, std::uint8_t value) {
     for (std::size_t bit = 0; bit < 5; ++bit) {
         if ((value >> (4 - bit) & 1) != 0) {

@@ -5,13 +5,13 @@
 #include "Format/PackageKeys.h"
 #include "Format/RecordKind.h"
 
-/// Encrypts and authenticates a record as a whole, bound to its package, its kind and its name.
+/// Encrypts and authenticates a record as a whole, bound to its package, kind and name.
 namespace SealedRecord {
 
 /// The content of the record's file.
 Bytes seal(const PackageKeys& keys, RecordKind kind, const Identifier& name, ByteView plaintext);
 
-/// The record's plaintext. Throws Failure (integrity) when it does not authenticate.
+/// Returns the record's plaintext. Throws Failure (integrity) if it does not authenticate.
 Bytes open(const PackageKeys& keys, RecordKind kind, const Identifier& name, ByteView sealed);
 
 } // namespace SealedRecord

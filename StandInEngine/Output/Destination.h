@@ -4,15 +4,15 @@
 
 #include <string>
 
-/// The place of a folder that is to be made: an existing folder around it, and a name that is free there.
+/// The location of a folder to be created: an existing parent folder, and a free name in it.
 class Destination {
 public:
-    /// Looks at the place. Throws Failure: destinationExists when anything has that name, also a dangling link;
-    /// destinationUnavailable when the folder around it is missing or cannot be used.
+    /// Checks the location. Throws Failure: destinationExists if anything has that name, even a dangling link;
+    /// destinationUnavailable if the parent folder is missing or cannot be used.
     explicit Destination(const std::string& path);
 
-    /// Throws Failure (destinationUnavailable) when the place lies inside the folder open as `folder`, by whatever
-    /// links the path came there.
+    /// Throws Failure (destinationUnavailable) if the location is inside the folder open as `folder`, even through
+    /// links.
     void requireOutside(int folder) const;
 
     int parent() const { return parent_.get(); }

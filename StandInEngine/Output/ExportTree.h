@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// Makes folders and files below one folder and never leaves it: no link is followed and no file is replaced.
+/// Creates folders and files inside one folder and never outside it: no link is followed and no file is replaced.
 class ExportTree {
 public:
     /// The names of the folders from the top down; each is safe (FileName::isSafe).
@@ -16,18 +16,18 @@ public:
     /// `root` is an open folder that must outlive the tree.
     explicit ExportTree(int root) : root_(root) {}
 
-    /// Makes the folder and those around it, as far as they are not there. Throws Failure (outputNotWritten).
+    /// Creates the folder and its parents if they do not exist. Throws Failure (outputNotWritten).
     void makeFolder(const FolderPath& path) const;
 
-    /// Makes a new file in a folder of the tree, open for writing. When the name is taken, the file gets the name
-    /// with the lowest number, from 2 on, that is free. Throws Failure (outputNotWritten).
+    /// Creates a new file in a folder of the tree and opens it for writing. If the name is taken, the file gets the
+    /// lowest free number from 2. Throws Failure (outputNotWritten).
     UniqueDescriptor createFile(const FolderPath& path, const std::string& name);
 
 private:
     UniqueDescriptor openFolder(const FolderPath& path) const;
 
     int root_;
-    /// For every path whose name was taken once: the number to try next, so that a thousand equal names do not take
-    /// a million attempts.
+    /// The number to try next for each path whose name was taken, so that a thousand equal names do not take a million
+    /// attempts.
     std::unordered_map<std::string, std::size_t> nextNumbers_;
 };

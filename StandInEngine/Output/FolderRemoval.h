@@ -1,10 +1,10 @@
 #pragma once
 
-/// Removal of folders that this program has made.
+/// Removes folders that this program has created.
 namespace FolderRemoval {
 
-/// Removes the folder `name` in the open folder `parent` with everything in it, without following links. What cannot
-/// be removed stays; there is nobody to tell.
+/// Removes the folder `name` in the open folder `parent` with its contents, without following links. Errors are
+/// ignored.
 void removeWithContents(int parent, const char* name) noexcept;
 
 } // namespace FolderRemoval

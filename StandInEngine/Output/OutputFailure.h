@@ -2,10 +2,10 @@
 
 #include "Common/Failure.h"
 
-/// Which failure an errno value means when something is made at the destination.
+/// Maps errno values to failures when something is created at the destination.
 namespace OutputFailure {
 
-/// While the destination's place is looked at or the folder is made or renamed.
+/// While the destination is checked, or the folder is created or renamed.
 Failure atDestination(int error);
 
 /// While content is written into the folder.

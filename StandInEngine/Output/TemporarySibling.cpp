@@ -43,7 +43,7 @@ UniqueDescriptor openFolder(int parent, const char* name) {
     return UniqueDescriptor(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-// A file system without locks leaves everything where it is: nobody can tell there what is abandoned.
+// On a file system without locks, nothing is removed: abandoned folders cannot be recognized there.
 bool lock(int folder) {
     return ::flock(folder, LOCK_EX | LOCK_NB) == 0;
 }
@@ -83,7 +83,7 @@ TemporarySibling::TemporarySibling(const Destination& destination) : destination
 void TemporarySibling::make() {
     name_ = randomName();
     if (::mkdirat(destination_.parent(), name_.c_str(), 0777) != 0) {
-        // A taken name is one that was guessed, not the destination's own.
+        // A taken random name is not the destination's name, so this is not EEXIST.
         throw OutputFailure::atDestination(errno == EEXIST ? EACCES : errno);
     }
     folder_ = openFolder(destination_.parent(), name_.c_str());
@@ -94,7 +94,7 @@ void TemporarySibling::make() {
     }
 }
 
-// False where another engine has taken the folder for abandoned, which is possible until it is locked.
+// Returns false if another engine has treated the folder as abandoned, which is possible until it is locked.
 bool TemporarySibling::hold() {
     if (!folder_ || (!lock(folder_.get()) && errno == EWOULDBLOCK)) {
         return false;
@@ -120,7 +120,7 @@ void TemporarySibling::publish(const std::function<void()>& announce) {
         throw OutputFailure::atDestination(error);
     }
     isPublished_ = true;
-    // The new name is safe on the disk a moment earlier; a folder that cannot be opened for it is no loss.
+    // Makes the new name durable sooner; a failure to open the folder is harmless.
     const UniqueDescriptor parent(::openat(destination_.parent(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (parent) {
         ::fsync(parent.get());

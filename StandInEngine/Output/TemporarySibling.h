@@ -6,13 +6,13 @@
 #include <functional>
 #include <string>
 
-/// A folder with a hidden random name beside a destination. It becomes the destination when it is published, and
-/// disappears with all its contents when it is not. It is locked meanwhile: one that nobody holds was left by a process
-/// that was killed, and is removed by the next export beside it.
+/// A folder with a random hidden name next to a destination. It becomes the destination when it is published; otherwise
+/// it is removed with its contents. It is locked while in use: an unlocked one was left by a process that was killed,
+/// and is removed by the next export to the same parent folder.
 class TemporarySibling {
 public:
-    /// Removes what killed exports of this user have left beside the destination, and makes the folder. `destination`
-    /// must outlive it. Throws Failure: destinationUnavailable, outputNotWritten.
+    /// Removes folders that killed exports of this user have left next to the destination, then creates this one.
+    /// `destination` must outlive it. Throws Failure: destinationUnavailable, outputNotWritten.
     explicit TemporarySibling(const Destination& destination);
     ~TemporarySibling();
     TemporarySibling(const TemporarySibling&) = delete;
@@ -21,10 +21,9 @@ public:
     /// The open folder.
     int descriptor() const { return folder_.get(); }
 
-    /// Makes sure that the folder's own entries are on the disk, calls `announce`, then gives the folder its final name
-    /// without ever replacing anything. Throws Failure: destinationExists, destinationUnavailable, outputNotWritten;
-    /// Stopped when a stop was asked for before the last step; whatever `announce` throws. After it, nothing is undone
-    /// any more.
+    /// Flushes the folder's entries to disk, calls `announce`, then gives the folder its final name without replacing
+    /// anything. Throws Failure: destinationExists, destinationUnavailable, outputNotWritten; Stopped if a stop was
+    /// requested before the last step; whatever `announce` throws. Nothing is undone after it returns.
     void publish(const std::function<void()>& announce);
 
 private:

@@ -2,12 +2,12 @@
 
 /// The state of a package's history.
 enum class BranchDisposition {
-    /// One published head, and every commit lies on the one line that leads to it.
+    /// One retained tip, and all commits are on the single line that leads to it.
     singleBranch,
-    /// One published head, but the history forked somewhere: joined again, or with a branch that was given up.
+    /// One retained tip, but the history has forked: the branches were merged, or one was abandoned.
     canonicalBranch,
-    /// Several published heads, none of which continues another.
+    /// Several retained tips: published heads that do not continue each other.
     unresolvedFork,
-    /// No published head at all.
+    /// No published head.
     noPublishedHead,
 };

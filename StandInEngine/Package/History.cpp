@@ -83,8 +83,8 @@ void History::chooseRetainedTips(const std::vector<Identifier>& heads) {
     }
 }
 
-// Commits are sorted by generation and every parent has a lower one, so one pass from the end meets each commit
-// after all its children.
+// Commits are sorted by generation, and every parent has a lower one, so a backward pass visits each commit after all
+// its children.
 std::vector<bool> History::ancestorsOf(const std::vector<std::size_t>& tips) const {
     std::vector<bool> isTip(commits_.size(), false);
     for (const std::size_t tip : tips) {
@@ -108,7 +108,7 @@ void History::chooseDisposition() {
     } else if (tips > 1) {
         disposition_ = BranchDisposition::unresolvedFork;
     } else {
-        // One line, and nothing beside it: every commit but the first has the one before it as its only parent.
+        // A single line: the only parent of every commit but the first is the commit before it.
         bool isOneLine = retained_.back() && parents_.front().empty();
         for (std::size_t index = 1; index < parents_.size(); ++index) {
             isOneLine = isOneLine && parents_[index] == std::vector<std::size_t>{index - 1};

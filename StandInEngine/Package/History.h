@@ -10,29 +10,29 @@
 #include <unordered_map>
 #include <vector>
 
-/// The commits of a package as a graph from every commit to its parents. Immutable.
+/// The commits of a package as a graph with edges from each commit to its parents. Immutable.
 class History {
 public:
-    /// `heads` names the published heads. Throws Failure (integrity) when a parent or a head is not among the commits,
-    /// or when a generation is not higher than those of all parents, which also rules out circles.
+    /// `heads` are the published heads. Throws Failure (integrity) if a parent or a head is not among the commits, or
+    /// if a generation is not higher than those of all parents, which also rules out cycles.
     History(std::vector<HistoryCommit> commits, const std::vector<Identifier>& heads);
 
-    /// All commits: by generation, then by time of creation, then by identifier.
+    /// All commits, sorted by generation, then by creation time, then by identifier.
     const std::vector<HistoryCommit>& commits() const { return commits_; }
     std::size_t publishedHeadCount() const { return publishedHeadCount_; }
     BranchDisposition disposition() const { return disposition_; }
 
-    /// Whether the commit is a tip that the history keeps: a published head that no other one continues, or, where no
-    /// head is published, a commit without children. Indexes are those of commits().
+    /// Whether the commit is a retained tip: a published head that is not an ancestor of another one or, if no head is
+    /// published, a commit without children. Indexes are those of commits().
     bool isRetainedTip(std::size_t index) const { return retained_[index]; }
 
-    /// The commit and everything before it, latest first.
+    /// The commit and all its ancestors, latest first.
     std::vector<std::size_t> branchOf(std::size_t tip) const;
 
-    /// The short code that names a snapshot to the outside: the first digits of its identifier, at least twelve, and
-    /// as many more as it takes to tell all commits of this package apart.
+    /// The short code that identifies a snapshot externally: the first digits of its identifier, at least twelve, and
+    /// as many more as are needed to make the codes of this package unique.
     std::string selectionCode(std::size_t index) const;
-    /// The commit with exactly that code.
+    /// Returns the commit with exactly that code, or std::nullopt.
     std::optional<std::size_t> find(std::string_view selectionCode) const;
 
 private:

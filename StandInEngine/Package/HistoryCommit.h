@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-/// What the history knows of one commit.
+/// The properties of a commit that matter for the history.
 struct HistoryCommit {
     Identifier identifier;
     std::vector<Identifier> parents;

@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// A package as it is found, before a secret has unlocked it.
+/// A package that has not been unlocked yet.
 class LockedPackage {
 public:
     /// Opens the package and reads its header and key file. Throws Failure: packageInvalid, packageUnavailable,

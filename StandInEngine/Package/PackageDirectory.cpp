@@ -109,7 +109,7 @@ UniqueDescriptor PackageDirectory::openFolder(const char* folder) const {
 }
 
 PackageFile PackageDirectory::openAt(int folder, const char* name) const {
-    // Without O_NONBLOCK a named pipe in the place of a file would hold the engine up for ever.
+    // Without O_NONBLOCK, a named pipe in place of a file would block the engine forever.
     UniqueDescriptor descriptor(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     PackageFile file;
     if (!descriptor) {
@@ -131,7 +131,7 @@ PackageFile PackageDirectory::openAt(int folder, const char* name) const {
     return file;
 }
 
-// A removed folder stays open but loses its last link: then nothing is missing from the package, it is gone itself.
+// A removed folder stays open, but its link count drops to zero: then the whole package is gone, not a part of it.
 bool PackageDirectory::hasVanished() const {
     struct stat status = {};
     const int error = errno;

@@ -9,28 +9,28 @@
 #include <string>
 #include <vector>
 
-/// The folder of a package, opened for reading only. Below the folder itself no link is followed.
+/// The folder of a package, opened for reading only. No links are followed inside it.
 class PackageDirectory {
 public:
-    /// Opens the folder at `path`. Throws Failure: packageUnavailable when nothing readable is there, packageInvalid
-    /// when it is not a folder.
+    /// Opens the folder at `path`. Throws Failure: packageUnavailable if it does not exist or cannot be read,
+    /// packageInvalid if it is not a folder.
     explicit PackageDirectory(const std::string& path);
 
     /// The open folder, for comparison with others.
     int descriptor() const { return root_.get(); }
 
-    /// Opens a file at the top of the package.
+    /// Opens a file at the top level of the package.
     PackageFile openFile(const char* name) const;
-    /// Opens the file of that name in one of the package's folders.
+    /// Opens a file in one of the package's folders.
     PackageFile openFile(const char* folder, const Identifier& name) const;
 
-    /// Everything in one of the package's folders whose name is an identifier, in ascending order; other names are
-    /// passed over. Throws Failure: integrity when the folder is missing or holds more than `maximum` names,
-    /// packageUnavailable when it cannot be read.
+    /// Returns all names in one of the package's folders that are identifiers, in ascending order; other names are
+    /// skipped. Throws Failure: integrity if the folder is missing or holds more than `maximum` names,
+    /// packageUnavailable if it cannot be read.
     std::vector<Identifier> list(const char* folder, std::size_t maximum) const;
 
-    /// The content of an opened record file. Throws Failure: integrity when it is missing, irregular or larger than
-    /// `maximum`, packageUnavailable when it cannot be read.
+    /// Returns the content of an opened record file. Throws Failure: integrity if it is missing, irregular or larger
+    /// than `maximum`, packageUnavailable if it cannot be read.
     static Bytes contentOf(const PackageFile& file, std::size_t maximum);
 
 private:

@@ -11,25 +11,25 @@
 
 #include <cstdint>
 
-/// Fills an empty folder with a package. Used by the sample tool, the self-test and the tests; the engine's inspect
-/// and export never write to a package.
+/// Writes a package into an empty folder. Used by the sample tool, the self-test and the tests; the engine's inspect
+/// and export commands never write to a package.
 class PackageWriter {
 public:
-    /// Writes the header and the key file into the folder open as `directory`, which stays the caller's.
+    /// Writes the header and the key file into the folder open as `directory`, which the caller owns and keeps open.
     /// Throws Failure (outputNotWritten), as do all members.
     PackageWriter(int directory, const SecretBytes& passphrase, const SecretBytes& recoveryKey,
                   const KeyDerivationCost& cost, std::uint64_t version = PackageHeader::supportedVersion);
 
-    /// Stores the original that `source`, a file open for reading, holds. An original that is there already is not
-    /// stored again.
+    /// Stores the contents of `source`, a file open for reading, as an original. An original that is already stored is
+    /// not stored again.
     StoredPayload addPayload(int source);
 
-    /// Stores a commit as it is, also one that readers will refuse. Gives its identifier.
+    /// Stores a commit without validation, even one that readers will reject. Returns its identifier.
     Identifier addCommit(const CommitRecord& record);
-    /// The same for the plaintext of a commit.
+    /// Same for the plaintext of a commit.
     Identifier addCommit(ByteView plaintext);
 
-    /// Publishes the commit as a head, or takes that back.
+    /// publishHead() publishes the commit as a head, and withdrawHead() revokes that.
     void publishHead(const Identifier& commit);
     void withdrawHead(const Identifier& commit);
 

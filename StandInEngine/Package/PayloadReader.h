@@ -11,14 +11,14 @@
 /// Reads and verifies payload files, one chunk at a time.
 class PayloadReader {
 public:
-    /// Takes one decrypted and authenticated chunk of the original.
+    /// Receives one decrypted and authenticated chunk of the original.
     using Consumer = std::function<void(ByteView)>;
 
     /// Both must outlive the reader.
     PayloadReader(const PackageDirectory& directory, const PackageKeys& keys) : directory_(directory), keys_(keys) {}
 
-    /// Reads the payload from beginning to end. What `consume` has received is the original only if the result says
-    /// `matching`. Throws only what `consume` throws, and std::bad_alloc.
+    /// Reads the whole payload. The chunks passed to `consume` are the original only if the result is `matching`.
+    /// Throws only what `consume` throws, and std::bad_alloc.
     PayloadEvidence read(const Identifier& payload, const Consumer& consume) const;
 
 private:

@@ -19,7 +19,7 @@
 
 namespace {
 
-// The next chunk of the original; shorter than a whole one only at its end.
+// The next chunk of the original; only the last one can be shorter than a full chunk.
 ByteView nextChunk(int source, Bytes& buffer) {
     StopRequest::throwIfRequested();
     const std::optional<std::size_t> count = DescriptorIO::readFully(source, buffer);

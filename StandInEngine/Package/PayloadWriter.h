@@ -10,8 +10,8 @@ public:
     /// `directory` is the open folder of the package; `keys` must outlive the writer.
     PayloadWriter(int directory, const PackageKeys& keys) : directory_(directory), keys_(keys) {}
 
-    /// Reads `source` twice: to name the payload, and to encrypt it unless it is there already. Throws Failure
-    /// (outputNotWritten), also when the source cannot be read or changes meanwhile; Stopped.
+    /// Reads `source` twice: to determine the payload's name, and to encrypt it unless it is already stored. Throws
+    /// Failure (outputNotWritten), also if the source cannot be read or changes in the meantime; Stopped.
     StoredPayload write(int source) const;
 
 private:

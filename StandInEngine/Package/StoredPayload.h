@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// An original that a package holds: its name there and its own size.
+/// A stored original: its name in the package and its unencrypted size.
 struct StoredPayload {
     Identifier identifier;
     std::uint64_t byteCount = 0;

@@ -7,7 +7,7 @@
 #include "Package/PackageDirectory.h"
 #include "Package/PayloadReader.h"
 
-/// A package whose key is known: gives its history, its commits and its payloads, each verified.
+/// A package with a known key: provides its history, commits and payloads, all verified.
 class UnlockedPackage {
 public:
     /// `directory` must outlive the package.

@@ -4,18 +4,18 @@
 #include <string>
 #include <vector>
 
-/// The files of a folder and of all folders in it.
+/// The files in a folder and its subfolders.
 namespace PictureFolder {
 
 struct Picture {
     std::filesystem::path path;
-    /// The names of the folders that lead to it, from the top folder (not included) down.
+    /// The names of the folders on the path to it, from the top folder (not included) down.
     std::vector<std::string> folders;
     std::string fileName;
 };
 
-/// Every regular file, ordered by its path; links are passed over. Throws SampleError when the folder cannot be read
-/// or holds no file.
+/// Returns all regular files, sorted by path; links are skipped. Throws SampleError if the folder cannot be read or
+/// contains no file.
 std::vector<Picture> scan(const std::string& path);
 
 } // namespace PictureFolder

@@ -29,8 +29,8 @@ std::vector<std::size_t> itemsBetween(std::size_t first, std::size_t end) {
     return items;
 }
 
-// The library grows, the first item is removed and comes back, and a new phone writes the last snapshot. That one
-// holds everything, and the last item is only in it.
+// The library grows, the first item is removed and restored, and a new phone writes the last snapshot. Only that
+// snapshot contains the last item; it contains all others, too.
 void writeLine(SampleHistory& history, std::size_t itemCount) {
     const std::size_t half = (itemCount + 1) / 2;
     const std::size_t allButLast = itemCount > 1 ? itemCount - 1 : 1;
@@ -44,7 +44,7 @@ void writeLine(SampleHistory& history, std::size_t itemCount) {
     history.withdraw(third);
 }
 
-// Two phones went on from the same snapshot without knowing of each other.
+// Two phones continued from the same snapshot independently.
 void writeFork(SampleHistory& history, std::size_t itemCount) {
     const std::size_t half = (itemCount + 1) / 2;
     const auto first = history.add(itemsBetween(0, half), std::nullopt, daysAgo(90), 1);

@@ -5,11 +5,11 @@
 
 #include <functional>
 
-/// Makes sample packages.
+/// Creates sample packages.
 namespace SampleBackup {
 
-/// Makes the package that the options ask for, whole or not at all, and calls `announce` as the last thing that can
-/// fail before it gets its name. Throws Failure, SampleError, Stopped, and whatever `announce` throws.
+/// Creates the package described by the options, completely or not at all. Calling `announce` is the last step that can
+/// fail before the package gets its name. Throws Failure, SampleError, Stopped, and whatever `announce` throws.
 void make(const SampleOptions& options, const SecretBytes& passphrase, const SecretBytes& recoveryKey,
           const std::function<void()>& announce);
 

@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* program = "make-sample-backup";
 
-// In one piece, so that a reader who has seen enough after the first line has all of it.
+// Written at once, so that a reader that stops after the first line has received everything.
 void print(std::initializer_list<ByteView> parts) {
     std::size_t size = 0;
     for (const ByteView part : parts) {

@@ -6,10 +6,10 @@
 #include <optional>
 #include <vector>
 
-/// Writes snapshots of a library, one after the other, and publishes the latest of each branch.
+/// Writes successive snapshots of a library. The latest of each branch can be published.
 class SampleHistory {
 public:
-    /// What the history keeps of a snapshot for the ones that follow it.
+    /// The part of a snapshot that later snapshots need.
     struct Snapshot {
         Identifier identifier;
         std::int64_t createdAtMilliseconds = 0;
@@ -21,8 +21,8 @@ public:
     /// Both must outlive the history.
     SampleHistory(PackageWriter& writer, const SampleLibrary& library) : writer_(writer), library_(library) {}
 
-    /// Writes a snapshot of these items. What `parent` has beyond them is recorded as removed. Throws Failure
-    /// (outputNotWritten).
+    /// Writes a snapshot of these items. Items of `parent` that are not among them are recorded as removed. Throws
+    /// Failure (outputNotWritten).
     Snapshot add(std::vector<std::size_t> items, const std::optional<Snapshot>& parent,
                  std::int64_t createdAtMilliseconds, std::uint64_t writerEpoch);
 

@@ -1,15 +1,15 @@
 #pragma once
 
-/// What is special about a sample package.
+/// The kind of a sample package.
 enum class SampleKind {
-    /// Several snapshots on one line, everything in order.
+    /// Several snapshots on one line, without errors.
     ordinary,
-    /// Two published heads that share their beginning.
+    /// Two published heads with a common beginning.
     forked,
-    /// Like the ordinary one, but a payload file of the latest snapshot is not there.
+    /// Like ordinary, but a payload file of the latest snapshot is missing.
     missingPayload,
-    /// Like the ordinary one, but a payload file of the latest snapshot has a changed byte.
+    /// Like ordinary, but a payload file of the latest snapshot has a changed byte.
     damagedPayload,
-    /// Like the ordinary one, but of a version that the engine does not know.
+    /// Like ordinary, but with a version that the engine does not support.
     unsupportedVersion,
 };

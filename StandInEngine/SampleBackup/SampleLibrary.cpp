@@ -30,7 +30,7 @@ CommitRecord::Resource store(const PictureFolder::Picture& picture, PackageWrite
     return resource;
 }
 
-// Gives every folder and album of a record its index, and adds it when it is met for the first time.
+// Assigns indexes to the folders and albums of a record, adding each when it is first needed.
 class Shelves {
 public:
     explicit Shelves(CommitRecord& record) : record_(record) {}

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The pictures as items of a library whose originals lie in a package. Pictures with the same name before the
-/// extension, in the same folder, are the resources of one item. Every folder with pictures is an album.
+/// The pictures as items of a library whose originals are stored in a package. Pictures in the same folder whose names
+/// differ only in the extension are the resources of one item. Every folder with pictures is an album.
 class SampleLibrary {
 public:
     /// Stores all pictures. Throws Failure (outputNotWritten), SampleError, Stopped.
@@ -18,8 +18,7 @@ public:
     std::size_t itemCount() const { return items_.size(); }
     const CommitRecord::Item& item(std::size_t index) const { return items_[index].item; }
 
-    /// A record of some of the items, and of the folders and albums that they are in. Its place in the history is
-    /// left empty.
+    /// Returns a record of the given items, with their folders and albums. Its place in the history is not filled in.
     CommitRecord recordOf(const std::vector<std::size_t>& indexes) const;
 
 private:

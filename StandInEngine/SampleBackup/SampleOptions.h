@@ -6,16 +6,17 @@
 #include <string>
 #include <vector>
 
-/// The command line of make-sample-backup, taken apart.
+/// The parsed command line of make-sample-backup.
 struct SampleOptions {
     std::string picturesPath;
     std::string outputPath;
     SampleKind kind = SampleKind::ordinary;
     bool readsPassphrase = false;
-    /// Hardly any key derivation, for tests.
+    /// Uses the fast key derivation, for tests.
     bool isFast = false;
 
-    /// `arguments` are those after the program's name. None when anything is missing, unknown or given twice.
+    /// `arguments` are those after the program's name. Returns std::nullopt if anything is missing, unknown or given
+    /// twice.
     static std::optional<SampleOptions> parse(const std::vector<std::string>& arguments);
 
     static const char* usage();

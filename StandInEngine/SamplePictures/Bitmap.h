@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-/// A picture in memory: rows from the top, three bytes (red, green, blue) for each point, no padding.
+/// A picture in memory: rows from top to bottom, three bytes (red, green, blue) per pixel, without padding.
 struct Bitmap {
     Bitmap(unsigned bitmapWidth, unsigned bitmapHeight)
         : width(bitmapWidth), height(bitmapHeight), points(std::size_t{bitmapWidth} * bitmapHeight * 3) {}

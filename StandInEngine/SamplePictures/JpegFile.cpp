@@ -30,7 +30,7 @@ std::vector<std::uint8_t> JpegFile::encode(const Bitmap& bitmap) {
     jpeg_set_quality(&compressor, 95, TRUE);
     jpeg_start_compress(&compressor, TRUE);
     while (compressor.next_scanline < compressor.image_height) {
-        // The library takes rows as changeable but does not change them.
+        // The library takes non-const rows but does not change them.
         JSAMPROW row = const_cast<std::uint8_t*>(bitmap.row(compressor.next_scanline));
         jpeg_write_scanlines(&compressor, &row, 1);
     }

@@ -5,7 +5,7 @@
 /// Pictures in the JPEG format.
 namespace JpegFile {
 
-/// The content of a file, in high quality. The library ends the program when it has no memory.
+/// Returns the contents of a file in high quality. libjpeg ends the program if it runs out of memory.
 std::vector<std::uint8_t> encode(const Bitmap& bitmap);
 
 } // namespace JpegFile

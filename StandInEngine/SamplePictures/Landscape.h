@@ -4,10 +4,10 @@
 
 #include <cstdint>
 
-/// Draws landscapes: a sky with a sun, three ranges of hills, and the grain of a camera.
+/// Draws landscapes: a sky with a sun, three ranges of hills, and camera grain.
 namespace Landscape {
 
-/// The same `seed` and size give the same picture.
+/// The same `seed` and size always produce the same picture.
 Bitmap draw(unsigned width, unsigned height, std::uint32_t seed);
 
 } // namespace Landscape

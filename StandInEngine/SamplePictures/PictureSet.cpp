@@ -68,7 +68,7 @@ void writeFile(const std::filesystem::path& path, const std::vector<std::uint8_t
     }
 }
 
-// Each picture was taken some days after the one before, at a moment that is no whole second.
+// Each picture was taken some days after the previous one, at a time with a fraction of a second.
 void setTimeTaken(const std::filesystem::path& path, std::size_t index) {
     constexpr std::time_t firstTaken = 1'655'208'000;
     constexpr std::time_t interval = 12 * 86'400 + 5'407;

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <filesystem>
 
-/// The sample pictures: landscapes of different sizes, as PNG and JPEG files, some in sub-folders and some with names
-/// beyond ASCII.
+/// The sample pictures: landscapes of different sizes, as PNG and JPEG files, some in subfolders and some with
+/// non-ASCII names.
 namespace PictureSet {
 
 struct Summary {
@@ -13,7 +13,7 @@ struct Summary {
     std::uint64_t byteCount = 0;
 };
 
-/// Draws all of them into the folder, which is made if it is not there and must be empty if it is. Throws
+/// Draws all pictures into the folder, which is created if it does not exist, and must be empty otherwise. Throws
 /// std::exception.
 Summary drawInto(const std::filesystem::path& folder);
 

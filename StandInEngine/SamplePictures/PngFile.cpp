@@ -12,7 +12,7 @@ std::vector<std::uint8_t> PngFile::encode(const Bitmap& bitmap) {
     image.format = PNG_FORMAT_RGB;
     image.flags = PNG_IMAGE_FLAG_FAST;
     const auto rowStride = static_cast<png_int_32>(bitmap.width * 3);
-    // Twice the points is more than any encoding of them takes; the library says how much it used.
+    // Twice the size of the pixels is more than any encoding needs; the library returns the size that it used.
     std::vector<std::uint8_t> file(bitmap.points.size() * 2 + 4096);
     png_alloc_size_t size = file.size();
     if (png_image_write_to_memory(&image, file.data(), &size, 0, bitmap.points.data(), rowStride, nullptr) == 0) {

@@ -5,7 +5,7 @@
 /// Pictures in the PNG format.
 namespace PngFile {
 
-/// The content of a file. Throws std::runtime_error.
+/// Returns the contents of a file. Throws std::runtime_error.
 std::vector<std::uint8_t> encode(const Bitmap& bitmap);
 
 } // namespace PngFile

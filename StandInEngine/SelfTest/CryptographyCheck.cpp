@@ -13,7 +13,7 @@
 
 namespace {
 
-// `count` bytes that go up by one from `first`, as the vectors' keys and nonces do.
+// `count` consecutive byte values from `first`, like the keys and nonces of the vectors.
 Bytes ascending(std::uint8_t first, std::size_t count) {
     Bytes bytes(count);
     std::iota(bytes.begin(), bytes.end(), first);

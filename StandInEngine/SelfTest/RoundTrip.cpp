@@ -47,7 +47,7 @@ FailureReason reasonOf(const std::function<void()>& action) {
     return FailureReason::unexpected;
 }
 
-// The value of a text in a document that this engine has written.
+// Returns the text under `key` in a document that this engine wrote.
 std::string memberOf(std::string_view document, std::string_view key) {
     const std::string opening = "\"" + std::string(key) + "\":\"";
     const std::size_t start = document.find(opening);
@@ -61,7 +61,7 @@ std::string memberOf(std::string_view document, std::string_view key) {
 } // namespace
 
 RoundTrip::RoundTrip() : recoveryKey_(RecoveryKey::generate()) {
-    // Sizes around the borders between chunks.
+    // Sizes around chunk boundaries.
     for (const std::size_t size : {std::size_t{0}, std::size_t{1}, PayloadFormat::chunkPlaintextByteCount,
                                    PayloadFormat::chunkPlaintextByteCount * 3 + 7}) {
         Original original{"Größe " + std::to_string(size), Bytes(size)};

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-/// Makes a package out of a few originals, and takes it through the engine's commands. The steps run in the order in
-/// which they stand here. Each gives whether it went as it should, and throws Failure and Stopped.
+/// Creates a package from a few originals and runs the engine's commands on it. The steps must run in the declared
+/// order. Each returns whether it succeeded, and throws Failure and Stopped.
 class RoundTrip {
 public:
     RoundTrip();

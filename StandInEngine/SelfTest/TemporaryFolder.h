@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// A private folder in the user's temporary directory (TMPDIR, else /tmp), removed with its contents at the end.
+/// A private folder in the user's temporary directory (TMPDIR, else /tmp), removed with its contents on destruction.
 class TemporaryFolder {
 public:
     /// Throws Failure (outputNotWritten).

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Screen readers ask for the text after they were told of it, and may be busy with an earlier one.
+/// Screen readers query the text after they are notified, and may still be reading an earlier one.
 constexpr std::chrono::seconds lifetime(4);
 
 } // namespace
@@ -23,7 +23,7 @@ Announcer::~Announcer() {
     QAccessible::removeActivationObserver(this);
 }
 
-/// In the next turn, since the toolkit's side of it is made only after this call.
+/// Deferred, because Qt creates its own side of the interface only after this call.
 void Announcer::accessibilityActiveChanged(bool isActive) {
     if (isActive) {
         QMetaObject::invokeMethod(this, &Announcer::announceAgain, Qt::QueuedConnection);
@@ -39,7 +39,7 @@ void Announcer::announceAgain() {
 void Announcer::announce(const QString& text) {
     withdraw();
     setAccessibleName(text);
-    // Showing a notification is what makes it heard.
+    // A notification is announced when it is shown.
     show();
     lifetime_.start();
 }

@@ -4,9 +4,10 @@
 #include <QTimer>
 #include <QWidget>
 
-/// Has assistive technology say a text that is not tied to where the focus is. Takes no place and is not seen; in the
-/// accessibility tree it is a notification, there only as long as it takes to be read. What is still there when
-/// assistive technology comes, as it does after the start of the application, is announced to it then. Main thread.
+/// Announces text to assistive technology, independently of the focus. Takes no space and is invisible; in the
+/// accessibility tree it is a notification that exists only as long as it takes to be read. If assistive technology
+/// starts while there is an announcement, as it does after the start of the application, the announcement is repeated
+/// then. Main thread.
 class Announcer final : public QWidget, private QAccessible::ActivationObserver {
     Q_OBJECT
 
@@ -14,10 +15,10 @@ public:
     explicit Announcer(QWidget* parent);
     ~Announcer() override;
 
-    /// Announces `text`, which takes the place of an earlier one that is still there.
+    /// Announces `text`, replacing an announcement that still exists.
     void announce(const QString& text);
 
-    /// Takes back what is still there.
+    /// Withdraws an announcement that still exists.
     void withdraw();
 
 private:

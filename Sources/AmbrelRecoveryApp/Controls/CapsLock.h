@@ -4,10 +4,10 @@
 
 #include <optional>
 
-/// Whether the keyboard types capital letters, as far as its events tell. One source file per system implements it.
+/// The state of Caps Lock, as far as key events show it. One source file per platform implements it.
 namespace CapsLock {
 
-/// Whether Caps Lock is on after this press or release of a key; none where the event does not tell.
+/// Whether Caps Lock is on after this press or release of a key; std::nullopt if the event does not show it.
 std::optional<bool> stateAfter(const QKeyEvent& event);
 
 } // namespace CapsLock

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The lock among the keyboard's modifiers: both X11 and Wayland number them in this way.
+/// The bit of Caps Lock among the native modifiers, the same on X11 and Wayland.
 constexpr quint32 lockModifier = 1U << 1U;
 
 } // namespace
@@ -12,7 +12,7 @@ std::optional<bool> CapsLock::stateAfter(const QKeyEvent& event) {
     if (event.key() != Qt::Key_CapsLock) {
         return isOn;
     }
-    // The event has the state before it. Pressing the key switches; by its release that has already happened or not,
-    // depending on the direction.
+    // The event carries the state before it. Pressing the key toggles that state. On release, it depends on the
+    // direction whether the state has already changed.
     return event.type() == QEvent::KeyPress && !event.isAutoRepeat() ? std::optional(!isOn) : std::nullopt;
 }

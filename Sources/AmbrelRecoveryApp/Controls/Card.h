@@ -3,12 +3,12 @@
 #include <QColor>
 #include <QWidget>
 
-/// A rounded panel with a border, on which other widgets lie.
+/// A rounded panel with a border that holds other widgets.
 class Card : public QWidget {
     Q_OBJECT
 
 public:
-    /// A panel in the card's colour.
+    /// Creates a panel in the default colors.
     explicit Card(QWidget* parent = nullptr);
     Card(const QColor& fill, const QColor& border, QWidget* parent = nullptr);
 

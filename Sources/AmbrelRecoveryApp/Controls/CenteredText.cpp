@@ -11,7 +11,7 @@ void CenteredText::paint(QPainter& painter, const QRectF& rect, const QString& t
     const qreal x = rect.left() + (rect.width() - metrics.horizontalAdvance(text)) / 2;
     const qreal baseline = rect.top() + std::ceil((rect.height() + metrics.capHeight()) / 2);
     const Qt::LayoutDirection previous = painter.layoutDirection();
-    // A painter takes the direction of the application, which is not the one of the window.
+    // A painter uses the direction of the application, which is not that of the window.
     painter.setLayoutDirection(paragraphDirection(text, Qt::RightToLeft));
     painter.drawText(QPointF(x, baseline), text);
     painter.setLayoutDirection(previous);

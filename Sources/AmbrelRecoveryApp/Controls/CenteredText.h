@@ -5,10 +5,10 @@
 class QPainter;
 class QRectF;
 
-/// Single lines of text in the middle of a control.
+/// Single-line text in the middle of a control.
 namespace CenteredText {
 
-/// Draws `text` with the painter's font and pen so that its capital letters stand in the middle of `rect`.
+/// Draws `text` with the painter's font and pen, centered in `rect` by the height of its capital letters.
 void paint(QPainter& painter, const QRectF& rect, const QString& text);
 
 } // namespace CenteredText

@@ -4,12 +4,12 @@
 
 #include <QClipboard>
 
-/// Takes a secret out of a clipboard, so that no other copy of it stays in this process. What the clipboard itself
-/// holds is the program's that was copied from, and stays there.
+/// Reads a secret from a clipboard without leaving another copy in this process. The contents of the clipboard belong
+/// to the program that they were copied from, and stay there.
 namespace ClipboardSecret {
 
-/// The text of the clipboard on one line: without the line breaks around it and with a space for each one in it, since
-/// a copied line brings its end along, and a copied list of words has one word a line. Empty where there is no text.
+/// Returns the text of the clipboard on one line. Line breaks around it are removed, because a copied line includes its
+/// end; those within it become spaces, because a copied list of words has one word per line. Empty if there is no text.
 /// Main thread; throws std::bad_alloc.
 SecretText line(QClipboard::Mode mode);
 

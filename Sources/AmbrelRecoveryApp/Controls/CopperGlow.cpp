@@ -10,16 +10,16 @@
 namespace {
 
 constexpr double opacity = 0.12;
-/// The centre of the blurred circle, seen from the top trailing corner of the window.
+/// The center of the blurred circle, measured from the top trailing corner of the window.
 constexpr int centerInset = 105;
 constexpr int centerTop = 63;
-/// Where the light has fallen to a half, and the standard deviation of the blur.
+/// The distance at which the glow has fallen to half, and the standard deviation of the blur.
 constexpr double radius = 268;
 constexpr double blur = 82.6;
-/// Beyond this less is left than one step of a colour.
+/// Beyond this distance, the glow is weaker than one step of a color.
 constexpr int reach = 447;
 constexpr QSize area(centerInset + reach, centerTop + reach);
-/// How many device-independent pixels of the window one of the drawn image stands for, in each direction.
+/// The device-independent pixels of the window per pixel of the rendered image, in each direction.
 constexpr int stretch = 3;
 static_assert(area.width() % stretch == 0 && area.height() % stretch == 0);
 

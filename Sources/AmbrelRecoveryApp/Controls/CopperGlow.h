@@ -5,8 +5,8 @@
 class QPainter;
 class QSize;
 
-/// The soft copper light in the top trailing corner of the window. It is drawn once for each direction, small, and
-/// stretched from then on: it has no edges that could blur.
+/// The soft copper glow in the top trailing corner of the window. It is rendered at a small size when the direction
+/// changes, and stretched: it has no edges that could blur.
 class CopperGlow {
 public:
     /// Draws the glow into a window of `size`.

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What `key` selects; invalid where it is no navigation key or there is nothing.
+/// The item that `key` selects; invalid if it is no navigation key or the list is empty.
 QModelIndex choiceOf(const QAbstractItemView& list, int key) {
     const QModelIndex current = list.currentIndex();
     const int count = list.model()->rowCount(list.rootIndex());

@@ -3,12 +3,12 @@
 class QAbstractItemView;
 class QKeyEvent;
 
-/// The choice of an item by keyboard in a list in which none is selected yet.
+/// Selecting an item by keyboard in a list that has no selection yet.
 namespace FirstChoice {
 
-/// Where `event` is of a plain navigation key and nothing is selected in `list`, selects an item: with Home the first,
-/// with End the last, with the others the current one, or the first where there is none. The toolkit by itself begins
-/// after the current item, and selects nothing where there is no other. Returns whether `event` has done its work.
+/// If `event` is an unmodified navigation key and nothing is selected in `list`, selects an item: Home selects the
+/// first, End the last, and any other key the current item, or the first if there is none. Qt alone would start from
+/// the item after the current one, and select nothing if there is no other. Returns whether an item was selected.
 bool select(QAbstractItemView& list, const QKeyEvent& event);
 
 } // namespace FirstChoice

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 bool FocusRing::isShown(const QWidget& control) {
-    // Asked first, since it is from then on that the input is watched.
+    // Called first, because input is only monitored from the first call on.
     return LastInput::wasNavigationKey() && control.hasFocus();
 }
 

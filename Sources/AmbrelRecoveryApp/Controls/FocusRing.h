@@ -6,10 +6,10 @@
 class QPainter;
 class QWidget;
 
-/// The ring around the control that the keyboard acts on.
+/// The ring around the control with the keyboard focus.
 namespace FocusRing {
 
-/// Whether `control` shows the ring: it has the focus, by whatever way it got it, and the user is at the keyboard.
+/// Whether `control` shows the ring: it has the focus, however it got it, and the user last used the keyboard.
 bool isShown(const QWidget& control);
 
 /// Draws the ring just inside `rect`, with the corners of a shape of `radius`.

@@ -26,8 +26,8 @@ bool HeldKeys::eventFilter(QObject* object, QEvent* event) {
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {
         return QObject::eventFilter(object, event);
     }
-    // For assistive technology that listens, a filter of the toolkit takes every key and sends it once more, without
-    // its time. So this one goes before it, which may have been installed later.
+    // While assistive technology is active, an event filter of Qt intercepts every key and sends it again without its
+    // timestamp. That filter may have been installed later than this one, which has to run first.
     QCoreApplication::instance()->installEventFilter(this);
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (event->type() == QEvent::KeyPress) {
@@ -40,8 +40,8 @@ bool HeldKeys::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
-/// A display tells of a repeat as of a release and a press at the same time. Where the toolkit has read the one before
-/// the other has come, it takes them for two strokes.
+/// Displays report a repeat as a release and a press with the same timestamp. If Qt reads the first before the second
+/// has arrived, it treats them as two keystrokes.
 bool HeldKeys::isRepeat(const QKeyEvent& press) const {
     const bool isWithRelease =
         press.timestamp() != 0 && press.timestamp() == timeOfRelease_ && press.key() == releasedKey_;

@@ -4,14 +4,14 @@
 
 class QKeyEvent;
 
-/// Has a key that is held act once. The repeats of Return, Enter, Escape and Space reach no widget of the application,
-/// so that one press does not walk on to what it has brought up: a panel, the next step, an alert. Only a Space that is
+/// Makes a held key act only once. The repeats of Return, Enter, Escape and Space reach no widget of the application,
+/// so that one press does not carry over to what it opened: a panel, the next step, an alert. Only a Space that is
 /// typed into a field repeats. Main thread.
 class HeldKeys final : public QObject {
     Q_OBJECT
 
 public:
-    /// In force for every window for as long as the object lives.
+    /// Applies to every window during the lifetime of the object.
     explicit HeldKeys(QObject* parent);
 
 protected:

@@ -11,9 +11,9 @@
 
 namespace {
 
-/// More than the symbol, so that it is easy to hit.
+/// Larger than the symbol, so that it is easy to hit.
 constexpr int buttonSize = 28;
-/// That of the texts beside such a button.
+/// The size of the text beside such a button.
 constexpr int symbolSize = 14;
 
 } // namespace
@@ -25,7 +25,7 @@ IconButton::IconButton(RecoverySymbol symbol, QWidget* parent) : QAbstractButton
 
 void IconButton::setLabel(const QString& label) {
     if (toolTip().isEmpty()) {
-        // Not before there is one: most buttons of the first window never come into sight.
+        // Only once there is a tooltip: most buttons of the first window are never seen.
         setStyleSheet(RecoveryPalette::toolTipStyleSheet());
     }
     setAccessibleName(label);
@@ -36,7 +36,7 @@ QSize IconButton::sizeHint() const {
     return {buttonSize, buttonSize};
 }
 
-/// On some desktops the toolkit would press the button.
+/// On some desktops, Qt would press the button.
 void IconButton::keyPressEvent(QKeyEvent* event) {
     if (isReturnKey(*event)) {
         event->ignore();
@@ -48,7 +48,7 @@ void IconButton::keyPressEvent(QKeyEvent* event) {
 void IconButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // At the trailing edge, in line with what stands above and below.
+    // At the trailing edge, aligned with the content above and below.
     const QRect place(width() - symbolSize, (height() - symbolSize) / 2, symbolSize, symbolSize);
     const QRect symbolRect = QStyle::visualRect(layoutDirection(), rect(), place);
     const bool isLit = isDown() || underMouse();

@@ -4,7 +4,7 @@
 
 #include <QAbstractButton>
 
-/// A plain button that is only a symbol. Its label is the accessible name and the tooltip. Return does not press it.
+/// A plain button that shows only a symbol. Its label is the accessible name and the tooltip. Return does not press it.
 class IconButton final : public QAbstractButton {
     Q_OBJECT
 

@@ -2,13 +2,13 @@
 
 #include <QObject>
 
-/// Remembers whether the user last used the keyboard or a pointer, in whatever window of the application. Main thread.
+/// Remembers whether the user last used the keyboard or a pointer, in any window of the application. Main thread.
 class LastInput final : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether the last input was a key that moves or presses something; false at the start. What happens before the
-    /// first call is not seen. When the answer changes, the control with the focus is drawn anew.
+    /// Whether the last input was a key that navigates or presses something; initially false. Input before the first
+    /// call is not seen. When the return value changes, the control with the focus is repainted.
     static bool wasNavigationKey();
 
 protected:

@@ -4,14 +4,14 @@
 
 class QWidget;
 
-/// How the interface moves. Main thread.
+/// The animations of the interface. Main thread.
 namespace Motion {
 
-/// How long a change of what `widget` shows takes: short, or no time at all where less motion is wanted or the style
-/// gives animations no time.
+/// The duration of an animated change in `widget`: short, or zero if reduced motion is set or the style disables
+/// animations.
 std::chrono::milliseconds duration(const QWidget& widget);
 
-/// Whether less motion is wanted, which it is not at first. What moves already goes on to its end.
+/// Sets whether motion is reduced; initially it is not. Running animations continue to their end.
 void setReduced(bool isReduced);
 
 } // namespace Motion

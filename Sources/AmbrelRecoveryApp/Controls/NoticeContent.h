@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What a notice says.
+/// What a notice shows.
 struct NoticeContent {
     QString title;
     QString body;

@@ -56,7 +56,7 @@ void PathView::setPath(const std::filesystem::path& path) {
     offsets_.clear();
     QString shown;
     qsizetype offset = 0;
-    // Lets `text` stand for the next `length` units of the path.
+    // Shows `text` for the next `length` code units of the path.
     const auto show = [&](const QString& text, qsizetype length) {
         for (qsizetype unit = 0; unit < text.size(); ++unit) {
             offsets_.append(offset + std::min(unit, length));

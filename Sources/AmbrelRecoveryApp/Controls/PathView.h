@@ -6,16 +6,15 @@
 
 #include <filesystem>
 
-/// A path that can be read, selected by mouse and keyboard, and copied, but not changed. It wraps and is never cut off;
-/// its parts stand in their order from left to right whatever the direction of their letters, and no character is
-/// invisible.
+/// A read-only path that can be selected with mouse and keyboard, and copied. It wraps and is never cut off. Its parts
+/// are shown from left to right, whatever the direction of their letters, and no character is invisible.
 class PathView final : public QTextEdit {
     Q_OBJECT
 
 public:
     explicit PathView(QWidget* parent = nullptr);
 
-    /// The selection stays where the path is the one that is shown.
+    /// Keeps the selection if `path` is already shown.
     void setPath(const std::filesystem::path& path);
 
     bool hasHeightForWidth() const override { return true; }
@@ -24,13 +23,13 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// The selected part of the path itself, whatever is shown in its place.
+    /// Returns the selected part of the original path, not of the text that is shown for it.
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString path_;
-    /// For each place in what is shown, and for its end, the offset in the path of what stands there; marks stand for
-    /// nothing.
+    /// For each position in the shown text, and for its end, the corresponding offset in the path. Isolates have no
+    /// counterpart in the path.
     QList<qsizetype> offsets_{0};
 };

@@ -2,7 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 
-/// The button of a screen's main action: on copper, at least 50 high.
+/// The button for a screen's main action: copper, at least 50 device-independent pixels high.
 class PrimaryRecoveryButton final : public RecoveryButton {
     Q_OBJECT
 

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QFont>
 
-/// How the button of a screen's main action looks: a label on copper. Main thread, with an application object.
+/// The look of the button for a screen's main action: a label on copper. Main thread; requires the application object.
 namespace PrimaryRecoveryButtonStyle {
 
 /// In device-independent pixels.
@@ -11,7 +11,7 @@ inline constexpr int leastHeight = 50;
 
 QFont labelFont();
 QColor fill(bool isPressed);
-/// Dark on the bright fill, bright on the darker one of a button that is pressed or cannot be used.
+/// Dark on the bright fill; bright on the darker fill of a button that is pressed or disabled.
 QColor label(bool isDimmed);
 
 } // namespace PrimaryRecoveryButtonStyle

@@ -15,7 +15,7 @@
 namespace {
 
 constexpr QSize barSize(180, 18);
-/// Leaves more room to the text beside it.
+/// Leaves more room for the text beside it.
 constexpr QSize barSizeBesideLargeText(90, 18);
 constexpr qreal barHeight = 6;
 constexpr QSize ringSize(18, 18);

@@ -6,14 +6,15 @@
 
 #include <optional>
 
-/// How far something is: a bar of fixed width where a fraction is known, else a small ring that turns.
+/// Shows progress: a bar of fixed width if the fraction is known, otherwise a small spinning ring.
 class ProgressIndicator final : public QWidget {
     Q_OBJECT
 
 public:
     explicit ProgressIndicator(QWidget* parent = nullptr);
 
-    /// 0 to 1; what lies outside is drawn as the nearer end. The bar glides to a new fraction.
+    /// Sets the progress, 0 to 1, or std::nullopt if unknown. Values out of range are drawn as the nearer end. The bar
+    /// moves smoothly to a new fraction.
     void setFraction(const std::optional<double>& fraction);
     const std::optional<double>& fraction() const { return fraction_; }
 

@@ -10,7 +10,7 @@ ProgressIndicator& ProgressIndicatorAccessible::indicator() const {
 }
 
 void* ProgressIndicatorAccessible::interface_cast(QAccessible::InterfaceType type) {
-    // Without a known fraction there is no value to tell.
+    // Without a known fraction there is no value to report.
     if (type == QAccessible::ValueInterface && indicator().fraction()) {
         return static_cast<QAccessibleValueInterface*>(this);
     }

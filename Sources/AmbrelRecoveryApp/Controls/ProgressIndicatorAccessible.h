@@ -4,7 +4,7 @@
 
 class ProgressIndicator;
 
-/// A progress indicator as assistive technology meets it: a progress bar from 0 to 1, busy while no fraction is known.
+/// The accessible interface of a progress indicator: a progress bar from 0 to 1, busy while the fraction is unknown.
 class ProgressIndicatorAccessible final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit ProgressIndicatorAccessible(ProgressIndicator* indicator);

@@ -8,7 +8,7 @@ class IconButton;
 class ProgressIndicator;
 class TextLabel;
 
-/// A running operation: how far it is, what it does, and the button that cancels it.
+/// A running operation: its progress, its title, and the button that cancels it.
 class ProgressRow final : public QWidget {
     Q_OBJECT
 

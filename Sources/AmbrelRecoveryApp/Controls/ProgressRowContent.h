@@ -6,9 +6,9 @@
 
 /// What a progress row shows.
 struct ProgressRowContent {
-    /// How far the operation is, 0 to 1; none where that is not known.
+    /// The progress of the operation, 0 to 1; std::nullopt if unknown.
     std::optional<double> fraction;
-    /// The fraction as a text; empty where it is not known.
+    /// The fraction as text; empty if unknown.
     QString percent;
     QString title;
     QString cancelLabel;

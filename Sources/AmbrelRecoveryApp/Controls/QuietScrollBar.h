@@ -2,8 +2,8 @@
 
 #include <QScrollBar>
 
-/// A vertical scroll bar that always has its place and is seen only where there is something to scroll, so that what
-/// lies beside it never moves.
+/// A vertical scroll bar that always takes up its space but is visible only if there is something to scroll, so that
+/// the content beside it never moves.
 class QuietScrollBar final : public QScrollBar {
     Q_OBJECT
 

@@ -70,7 +70,7 @@ int RecoveryButton::designedSize() const {
     return qRound(font().pixelSize() / TextScale::factor());
 }
 
-/// Of the symbol, which is as large as the label, and the label.
+/// The width of symbol and label; the symbol is as large as the font.
 int RecoveryButton::contentWidth(const QFont& font) const {
     const int labelWidth = static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(label_)));
     const int spacing = label_.isEmpty() ? 0 : symbolSpacing;

@@ -8,23 +8,23 @@
 
 class QPainter;
 
-/// What the two styles of button share: a symbol and a label beside it, centered, never cut off: an enlarged label
-/// that is too wide is set smaller, down to its designed size. Return presses the button that has the focus, as Space
+/// The common base of both button styles: a symbol and a label beside it, centered and never cut off. An enlarged label
+/// that is too wide is shown smaller, down to its designed size. Return presses the button that has the focus, as Space
 /// does.
 class RecoveryButton : public QPushButton {
     Q_OBJECT
 
 public:
-    /// The visible text, which is the accessible name too.
+    /// Sets the visible text, which is also the accessible name.
     void setLabel(const QString& label);
-    /// Has the button show its symbol alone: `label` is the accessible name and the tooltip.
+    /// For a button that shows only its symbol: `label` is the accessible name and the tooltip.
     void setSymbolLabel(const QString& label);
     const QString& label() const { return label_; }
 
     QSize sizeHint() const override;
-    /// With the label as large as designed.
+    /// The size with the label as large as designed.
     QSize minimumSizeHint() const override;
-    /// The font in which the label fits into the button as it is now.
+    /// The font in which the label fits into the button at its current width.
     QFont shownFont() const;
 
 protected:

@@ -3,8 +3,8 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 QFont recoveryFont(int size, QFont::Weight weight, qreal tracking) {
-    // The application's font, but not a copy of it: a widget follows the application in everything that is not set
-    // here.
+    // The application's font, but not a copy of it: a widget inherits everything that is not set here from the
+    // application.
     QFont font;
     font.setPixelSize(TextScale::scaled(size));
     font.setWeight(weight);

@@ -2,6 +2,7 @@
 
 #include <QFont>
 
-/// The system font at a fixed size. `size` is in device-independent pixels before the texts are enlarged (TextScale),
-/// `tracking` the additional space after each letter in the same unit. Main thread, with an application object.
+/// Returns the system font at a fixed size. `size` is in device-independent pixels before enlargement (TextScale).
+/// `tracking` is the additional space after each letter in device-independent pixels, and is not enlarged. Main thread;
+/// requires the application object.
 QFont recoveryFont(int size, QFont::Weight weight, qreal tracking = 0);

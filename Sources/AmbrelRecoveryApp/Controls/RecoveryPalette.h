@@ -3,19 +3,18 @@
 #include <QColor>
 #include <QPalette>
 
-/// The application's fixed colours, all sRGB, and the measures that its screens share. The desktop's own colours play
-/// no part: the window is dark everywhere.
+/// The application's fixed colors, all sRGB. The desktop's colors are ignored: the window is always dark.
 namespace RecoveryPalette {
 
 QColor background();
 QColor rail();
 QColor card();
-/// What cards and rows are filled with: `card` on a shade of the background that is dark enough for muted text,
-/// whatever lies behind.
+/// The fill of cards and rows: `card` on a shade of the background that is dark enough for muted text, whatever lies
+/// behind.
 QColor panel();
-/// What the chosen row of the snapshots is filled with.
+/// The fill of the selected row of the snapshots.
 QColor chosenRow();
-/// What the chosen row of a file panel is filled with while its list has the keyboard, on whatever lies behind.
+/// The fill of the selected row of a file panel while its list has the focus; translucent.
 QColor chosenItem();
 QColor input();
 /// Main text.
@@ -23,44 +22,44 @@ QColor primary();
 /// Secondary text.
 QColor secondary();
 QColor muted();
-/// The accent.
+/// The accent color.
 QColor copper();
-/// Borders. Bright where more contrast is wanted.
+/// Borders; bright if contrast is increased.
 QColor line();
-/// Borders of controls that have one only where more contrast is wanted; invisible otherwise.
+/// Borders of controls that have one only if contrast is increased; otherwise transparent.
 QColor outline();
 QColor success();
 QColor warning();
-/// Text and symbols on copper: dark, since white would not stand out enough.
+/// Text and symbols on copper: dark, because white would have too little contrast.
 QColor onCopper();
-/// Text and symbols on copper that lets a dark ground shine through.
+/// Text and symbols on translucent copper over a dark background.
 QColor onDimmedCopper();
 /// The fill of a secondary button.
 QColor raised();
-/// The fill of a chosen segment, and the track of a progress bar.
+/// The fill of a selected segment, and the track of a progress bar.
 QColor highlight();
 /// The slider of a scroll bar.
 QColor scrollBar(bool isLit);
 /// The fill of the error alert.
 QColor alert();
 
-/// The opaque colour that is seen where `color` lies on the opaque `ground`.
+/// Returns the opaque color that results from `color` on the opaque `ground`.
 QColor blended(const QColor& color, const QColor& ground);
 
-/// `color` with its opacity multiplied by `factor`, 0 to 1.
+/// Returns `color` with its opacity multiplied by `factor`, 0 to 1.
 QColor withOpacity(QColor color, double factor);
 
-/// Whether the desktop wants borders that stand out, which it does not at first. What is painted from then on follows.
+/// Sets whether contrast is increased; initially it is not. Affects everything painted afterwards. Main thread.
 void setContrastIncreased(bool isIncreased);
 bool isContrastIncreased();
 
-/// For the toolkit's own parts of a window, whatever the desktop's colours are.
+/// The palette for the parts of a window that Qt draws itself, whatever the desktop's colors are.
 QPalette ofToolkit();
 
-/// For a widget with a tooltip, which takes the style of the widget that it explains.
+/// The style sheet for a widget with a tooltip; the tooltip inherits it.
 QString toolTipStyleSheet();
 
-/// The opacity of a control that cannot be used.
+/// The opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.42;
 
 } // namespace RecoveryPalette

@@ -2,6 +2,6 @@
 
 class QKeyEvent;
 
-/// Whether `event` is of Return or of Enter on the keypad, with whatever modifiers: the key that presses the main
-/// button of what is shown. Any thread.
+/// Whether `event` is Return or Enter on the keypad, with any modifiers: the key that presses the main button of the
+/// current screen. Any thread.
 bool isReturnKey(const QKeyEvent& event);

@@ -4,16 +4,16 @@
 #include <QVariantAnimation>
 #include <QWidget>
 
-/// The short fade from one screen to the next: the picture of the earlier one lies over the new one and goes. The new
-/// screen can be used at once. Main thread.
+/// The short fade from one screen to the next: an image of the previous screen lies over the new one and fades out. The
+/// new screen can be used at once. Main thread.
 class ScreenTransition final : public QWidget {
     Q_OBJECT
 
 public:
     explicit ScreenTransition(QWidget* parent);
 
-    /// Keeps what the parent shows inside `area` now and lets it fade; to be called before the parent changes. Does
-    /// nothing where no motion is wanted or the parent is not in sight.
+    /// Captures what the parent shows inside `area` and starts to fade it out. Call before the parent changes. Does
+    /// nothing if animations are off or the parent is not visible.
     void begin(const QRect& area);
 
 protected:

@@ -2,17 +2,17 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 
-/// The button of any other action: raised a little from what it lies on.
+/// The button for any other action, slightly raised from its background.
 class SecondaryRecoveryButton final : public RecoveryButton {
     Q_OBJECT
 
 public:
-    /// The height of one that stands in a row of small controls.
+    /// The height of a button in a row of small controls.
     static constexpr int lowHeight = 34;
 
     explicit SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent = nullptr);
 
-    /// Makes the button less or more high than its style has it, to stand beside something else.
+    /// Overrides the height that the style defines, for a button beside another control.
     using RecoveryButton::setButtonHeight;
 
 protected:

@@ -3,14 +3,14 @@
 #include <QColor>
 #include <QFont>
 
-/// How the button of any other action looks: a label on a ground that is raised a little from what it lies on. Main
-/// thread, with an application object.
+/// The look of the button for any other action: a label on a slightly raised background. Main thread; requires the
+/// application object.
 namespace SecondaryRecoveryButtonStyle {
 
 /// In device-independent pixels.
 inline constexpr int usualHeight = 42;
 
-/// Of the whole button.
+/// The opacity of the whole button while it is pressed.
 inline constexpr double pressedOpacity = 0.78;
 
 QFont labelFont();

@@ -29,7 +29,7 @@ constexpr int fontSize = 15;
 constexpr int hintFontSize = 12;
 constexpr qreal maskTracking = 3.6;
 constexpr int horizontalPadding = 14;
-/// What a line edit keeps free by itself.
+/// The margin that a line edit always keeps.
 constexpr int lineEditMargin = 2;
 constexpr qreal cornerRadius = 11;
 
@@ -37,7 +37,7 @@ QString maskOf(int count) {
     return QString(count, QChar(0x2022));
 }
 
-/// Whether the event types a text, by the rules of Qt's own text controls.
+/// Whether the event types text, by the rules of Qt's own text controls.
 bool isTyping(const QKeyEvent& event) {
     const QString text = event.text();
     if (text.isEmpty()) {
@@ -103,7 +103,7 @@ void SecureField::setCapsLockHint(const QString& hint) {
     tellCapsLock(!capsLockHint_->isHidden());
 }
 
-/// Beside the mask for the eye; as the field's description, which is read out when it changes, for the ear.
+/// Shown beside the mask, and set as the accessible description, which screen readers read out when it changes.
 void SecureField::tellCapsLock(bool isOn) {
     capsLockHint_->setVisible(isOn);
     const int space = isOn ? capsLockHint_->sizeHint().width() + horizontalPadding : 0;
@@ -135,7 +135,7 @@ void SecureField::showMask() {
 }
 
 void SecureField::replaceSecret(int start, int end, QStringView text) {
-    // Assistive technology needs no focus for it.
+    // Assistive technology can call this without the field having the focus.
     ProcessSetup::keepOthersOut();
     secret_.replace(start, end, text);
     isShowingMask_ = true;
@@ -190,7 +190,7 @@ void SecureField::focusInEvent(QFocusEvent* event) {
 }
 
 void SecureField::focusOutEvent(QFocusEvent* event) {
-    // Meanwhile nobody tells of the key.
+    // Without the focus, the state of the key is unknown.
     tellCapsLock(false);
     QLineEdit::focusOutEvent(event);
 }
@@ -201,7 +201,7 @@ void SecureField::inputMethodEvent(QInputMethodEvent* event) {
     if (event->replacementLength() > 0 && start >= 0) {
         setSelection(start, event->replacementLength());
     }
-    // What is still being composed is not shown: it would be the secret in clear.
+    // Text that is still being composed is not shown, because it would reveal the secret.
     if (!event->commitString().isEmpty()) {
         type(event->commitString());
     }
@@ -236,15 +236,16 @@ void SecureField::changeEvent(QEvent* event) {
     }
 }
 
-/// Bullets have no direction of their own, and a line edit takes what has none for written from the left. Only the key
-/// that keyboards have for it tells the line edit otherwise.
+/// Bullets have no direction, and a line edit treats such text as left-to-right. It can be changed only by the key
+/// event that switches the direction.
 void SecureField::followLayoutDirection() {
     QKeyEvent direction(QEvent::KeyPress, isRightToLeft() ? Qt::Key_Direction_R : Qt::Key_Direction_L, Qt::NoModifier);
     QLineEdit::keyPressEvent(&direction);
     tellCapsLock(!capsLockHint_->isHidden());
 }
 
-/// Takes from the secret what the line edit deleted from the mask: it deletes on its own, and always after its cursor.
+/// Removes from the secret what the line edit deleted from the mask. The line edit handles deletions itself, and the
+/// deleted characters always followed the position where its cursor is now.
 void SecureField::followMask() {
     if (isShowingMask_) {
         return;
@@ -258,7 +259,7 @@ void SecureField::followMask() {
     emit secretEdited();
 }
 
-/// Bullets stand further apart than letters, so that they can be counted; a prompt that is too wide is set smaller.
+/// Bullets are spaced wider than letters, so that they can be counted. A prompt that is too wide is shown smaller.
 void SecureField::fitFont() {
     setFont(text().isEmpty() ? FittedText::font(placeholderText(), recoveryFont(fontSize, QFont::Normal),
                                                 width() - 2 * horizontalPadding, fontSize)

@@ -7,30 +7,30 @@
 
 class QLabel;
 
-/// A field for a secret. What is typed is held in memory that is wiped; the line edit under it only ever holds a mask
-/// of as many bullets, so that the secret is in none of its buffers, undo histories or messages to assistive
-/// technology. It can be pasted into, also with the middle button, but neither copied nor cut nor dragged from, and
-/// input methods are told not to learn from it. Before it takes the first of a secret, it keeps other programs out of
-/// the process (ProcessSetup::keepOthersOut). It tells when Caps Lock is on, once a key was used in it.
+/// A field for a secret. What is typed is kept in memory that is wiped. The underlying line edit holds only a mask with
+/// one bullet per character, so that the secret is never in its buffers, its undo history or its messages to assistive
+/// technology. Text can be pasted, also with the middle button, but not copied, cut or dragged out, and input methods
+/// are asked not to learn from it. Before the field receives any part of a secret, it keeps other programs out of the
+/// process (ProcessSetup::keepOthersOut). It shows whether Caps Lock is on once a key has been used in it.
 class SecureField final : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit SecureField(QWidget* parent = nullptr);
 
-    /// The text shown while the field is empty, which is the accessible name too.
+    /// Sets the text shown while the field is empty, which is also the accessible name.
     void setPrompt(const QString& prompt);
 
-    /// The text shown in the field while Caps Lock is on, which is its accessible description meanwhile.
+    /// Sets the text shown in the field while Caps Lock is on, which is then also the accessible description.
     void setCapsLockHint(const QString& hint);
 
     /// The secret. Valid until it changes.
     QStringView secret() const;
 
-    /// Replaces the whole secret, wiping the old one. Emits nothing.
+    /// Replaces the whole secret, wiping the old one. Does not emit secretEdited().
     void setSecret(QStringView secret);
 
-    /// Puts `text` in the place of the characters from `start` up to `end`, as if it were typed.
+    /// Replaces the characters from `start` up to but not including `end` by `text`, as if it were typed.
     void replaceSecret(int start, int end, QStringView text);
 
 signals:
@@ -49,7 +49,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // These would put text past the secret into the line edit.
+    // These would change the line edit without changing the secret.
     using QLineEdit::insert;
     using QLineEdit::paste;
     using QLineEdit::setText;
@@ -65,6 +65,6 @@ private:
 
     QLabel* const capsLockHint_;
     SecretText secret_;
-    /// While the mask follows the secret and not the other way round.
+    /// Whether the mask is being updated from the secret, and not the other way round.
     bool isShowingMask_ = false;
 };

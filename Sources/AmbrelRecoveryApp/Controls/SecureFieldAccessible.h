@@ -4,8 +4,8 @@
 
 class SecureField;
 
-/// A secure field as assistive technology meets it: a password text that can be typed into, and of which only the mask
-/// can be read.
+/// The accessible interface of a secure field: a password field that can be edited, but of which only the mask can be
+/// read.
 class SecureFieldAccessible final : public QAccessibleWidget,
                                     public QAccessibleTextInterface,
                                     public QAccessibleEditableTextInterface {

@@ -26,7 +26,7 @@ int SecureFieldStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
     case SH_LineEdit_PasswordCharacter:
         return bullet;
     case SH_LineEdit_PasswordMaskDelay:
-        // No character is ever shown in clear.
+        // No character is ever shown unmasked.
         return 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);

@@ -2,14 +2,14 @@
 
 #include <QProxyStyle>
 
-/// The style of a field for secrets that paints its panel itself: no panel of the desktop's, room at both sides, and a
-/// mask of bullets from the first moment on.
+/// The style of a field for secrets that paints its own panel: it draws no panel, keeps padding on both sides, and
+/// masks typed characters without a delay.
 class SecureFieldStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// Keeps `horizontalPadding` device-independent pixels free at both sides, beside what a line edit keeps free by
-    /// itself.
+    /// Keeps `horizontalPadding` device-independent pixels free on both sides, in addition to the line edit's own
+    /// margin.
     SecureFieldStyle(int horizontalPadding, QObject* parent);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

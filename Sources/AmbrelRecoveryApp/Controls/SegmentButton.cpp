@@ -50,7 +50,7 @@ bool SegmentButton::hitButton(const QPoint& position) const {
     return rect().contains(position);
 }
 
-/// On some desktops the toolkit would press the button.
+/// On some desktops, Qt would press the button.
 void SegmentButton::keyPressEvent(QKeyEvent* event) {
     if (isReturnKey(*event)) {
         event->ignore();

@@ -2,14 +2,14 @@
 
 #include <QRadioButton>
 
-/// One segment of a segmented picker: a radio button without its mark. Return does not press it.
+/// One segment of a segmented picker: a radio button without its indicator. Return does not press it.
 class SegmentButton final : public QRadioButton {
     Q_OBJECT
 
 public:
     explicit SegmentButton(QWidget* parent = nullptr);
 
-    /// The visible text, which is the accessible name too.
+    /// Sets the visible text, which is also the accessible name.
     void setLabel(const QString& label);
 
     QSize sizeHint() const override;

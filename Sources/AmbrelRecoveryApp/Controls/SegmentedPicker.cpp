@@ -61,7 +61,7 @@ void SegmentedPicker::resizeEvent(QResizeEvent* event) {
     arrange();
 }
 
-/// One below the other where they do not fit side by side.
+/// One below the other if they do not fit side by side.
 void SegmentedPicker::arrange() {
     int needed = 2 * inset;
     for (const SegmentButton* const segment : segments_) {

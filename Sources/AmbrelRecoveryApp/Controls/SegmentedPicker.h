@@ -8,16 +8,16 @@
 class QBoxLayout;
 class SegmentButton;
 
-/// A choice of one among a few, side by side where they fit, and one below the other where not. Each segment is a radio
-/// button; the arrow keys move the choice.
+/// A choice of one among a few segments, side by side if they fit, otherwise one below the other. Each segment is a
+/// radio button; the arrow keys move the selection.
 class SegmentedPicker final : public QWidget {
     Q_OBJECT
 
 public:
-    /// A picker of `count` segments, the first of them chosen.
+    /// Creates `count` segments, at least one, with the first selected.
     explicit SegmentedPicker(int count, QWidget* parent = nullptr);
 
-    /// Shows `labels`, one for each segment, and chooses the segment at `index`. Emits nothing.
+    /// Shows `labels`, one for each segment, and selects the segment at `index`. Emits nothing.
     void apply(const QStringList& labels, int index);
 
     QSize minimumSizeHint() const override;

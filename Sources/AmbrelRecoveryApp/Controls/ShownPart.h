@@ -2,10 +2,10 @@
 
 class QWidget;
 
-/// Parts of the window that are there only at times.
+/// Parts of the window that are not always shown.
 namespace ShownPart {
 
-/// Shows or hides `part`. What is hidden is disabled too, so that assistive technology, which still finds it, cannot
+/// Shows or hides `part`. A hidden part is also disabled, so that assistive technology, which still finds it, cannot
 /// press anything in it.
 void setShown(QWidget* part, bool isShown);
 

@@ -6,17 +6,17 @@
 #include <QFont>
 #include <QWidget>
 
-/// A symbol on a tinted shape: the brand's rounded square, the circle of a completed export.
+/// A symbol on a tinted shape, such as the brand's rounded square or the circle of a completed export.
 class SymbolBadge final : public QWidget {
     Q_OBJECT
 
 public:
     struct Look {
         RecoverySymbol symbol = RecoverySymbol::checkmark;
-        /// Of the symbol; the shape has the same colour at `fillOpacity`.
+        /// The color of the symbol; the shape has the same color at `fillOpacity`.
         QColor color;
         double fillOpacity = 0;
-        /// Measures in device-independent pixels.
+        /// Sizes in device-independent pixels.
         int size = 0;
         int cornerRadius = 0;
         int symbolSize = 0;

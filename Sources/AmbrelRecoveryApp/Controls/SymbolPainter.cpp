@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-// Not in a namespace: the macro declares a function of the resource compiler's.
+// Not in a namespace, because the macro declares a function that the resource compiler generates.
 static void loadSymbols() {
     Q_INIT_RESOURCE(Symbols);
 }
@@ -55,7 +55,7 @@ QString fileName(RecoverySymbol symbol) {
     Q_UNREACHABLE();
 }
 
-/// How wide the strokes of a symbol are, in the files' own unit, of which a symbol is 20 wide.
+/// The stroke width in the unit of the files, in which a symbol is 20 wide.
 QByteArray strokeWidth(QFont::Weight weight) {
     if (weight >= QFont::Bold) {
         return "3";
@@ -63,7 +63,7 @@ QByteArray strokeWidth(QFont::Weight weight) {
     return weight >= QFont::DemiBold ? "2.5" : "2";
 }
 
-/// The text of the symbol's file, in its colour and weight.
+/// The source of the symbol's file, with its color and weight filled in.
 QByteArray source(const QString& name, const QColor& color, QFont::Weight weight) {
     loadSymbols();
     QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
@@ -84,7 +84,7 @@ QPixmap draw(const QByteArray& source, const QSize& deviceSize, const QColor& co
     return pixmap;
 }
 
-/// To whole device pixels, so that the pixmap is not resampled.
+/// Rounds to whole device pixels, so that the pixmap is not resampled.
 QPointF alignedToPixels(const QPointF& point, const QPainter& painter) {
     const QTransform transform = painter.deviceTransform();
     const QPointF device = transform.map(point);

@@ -6,12 +6,12 @@
 #include <QFont>
 #include <QWidget>
 
-/// Shows one symbol. It says nothing that a text beside it does not say, so it has no accessible name.
+/// Shows one symbol. It adds nothing to the text beside it, so it has no accessible name.
 class SymbolView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `size` is the width and the height, in device-independent pixels; it grows with the texts.
+    /// `size` is the width and the height, in device-independent pixels before enlargement (TextScale).
     SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent = nullptr,
                QFont::Weight weight = QFont::Normal);
 

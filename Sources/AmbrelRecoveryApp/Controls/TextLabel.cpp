@@ -16,7 +16,7 @@ namespace {
 /// Wide enough for any text on one line.
 constexpr qreal unlimitedWidth = 1e6;
 
-/// Where the letters of a line really are.
+/// The rectangle that the glyphs of a line actually cover.
 QRectF inkOf(const QTextLine& line) {
     QRectF ink;
     for (const QGlyphRun& run : line.glyphRuns()) {
@@ -29,8 +29,7 @@ QRectF inkOf(const QTextLine& line) {
     return ink;
 }
 
-/// Makes room for letters that are higher than the place of their line, such as those with marks above one another.
-/// Gives the new height.
+/// Makes room for letters that are higher than their line, such as those with stacked marks. Returns the new height.
 qreal uncut(const QTextLayout& layout, qreal height) {
     if (layout.lineCount() == 0) {
         return height;
@@ -44,11 +43,11 @@ qreal uncut(const QTextLayout& layout, qreal height) {
     return above + height + below;
 }
 
-/// Breaks the text of `layout` into lines of `width` that are `linePitch` apart, or as far as their letters ask for
-/// where it is 0. Gives the height.
+/// Breaks the text of `layout` into lines of `width` that are `linePitch` apart or, if that is 0, as high as their
+/// letters require. Returns the height.
 qreal breakIntoLines(QTextLayout& layout, qreal width, qreal linePitch) {
     const QFontMetricsF metrics(layout.font());
-    // The font's own letters stand in the middle; those that it borrows from a taller font share their baseline.
+    // The font's own letters are centered; those from a taller fallback font share their baseline.
     const qreal baseline = (linePitch - metrics.height()) / 2 + metrics.ascent();
     qreal height = 0;
     layout.beginLayout();
@@ -82,7 +81,7 @@ QTextOption wrapping(Qt::LayoutDirection direction) {
 TextLabel::TextLabel(const QFont& font, const QColor& color, QWidget* parent, int linePitch)
     : QLabel(parent), linePitch_(TextScale::scaled(linePitch)), color_(color) {
     setTextFormat(Qt::PlainText);
-    // Without it, every new text takes the height for a width out of the size policy again.
+    // Otherwise, every new text would reset height-for-width in the size policy.
     setWordWrap(true);
     setFont(font);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
@@ -102,7 +101,7 @@ void TextLabel::setDirection(Direction direction) {
 }
 
 int TextLabel::heightForWidth(int width) const {
-    // Nested layouts ask for the same few heights many times before each picture.
+    // Nested layouts query the same few heights many times per frame.
     if (measured_.text != text() || measured_.font != font()) {
         measured_.text = text();
         measured_.font = font();
@@ -143,7 +142,7 @@ void TextLabel::paintEvent(QPaintEvent* /*event*/) {
     for (int index = 0; index < layout.lineCount(); ++index) {
         const QTextLine line = layout.lineAt(index);
         const qreal leading = layoutDirection() == Qt::RightToLeft ? width() - line.naturalTextWidth() : 0;
-        // A line of right-to-left text is set at the right edge of its own width already.
+        // A line of right-to-left text is already aligned to the right edge of its own width.
         line.draw(&painter, QPointF(leading - line.naturalTextRect().left(), top));
     }
 }

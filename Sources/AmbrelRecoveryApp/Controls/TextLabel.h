@@ -5,23 +5,22 @@
 #include <QLabel>
 #include <QString>
 
-/// A text in one font and colour, as wide as it is given and as high as it needs: it wraps, between words where it can,
-/// and is never cut off. Plain text; its alignment is leading,
-/// and the middle of what height it is given.
+/// Text in one font and color, as wide as its place and as high as it needs to be. It wraps, between words if possible,
+/// and is never cut off. Plain text, aligned to the leading edge and centered vertically.
 class TextLabel final : public QLabel {
     Q_OBJECT
 
 public:
-    /// Where the direction of the text comes from.
+    /// What determines the direction of the text.
     enum class Direction {
-        /// From the interface: a sentence of the interface's language.
+        /// The interface, for a sentence in its language.
         interfaceLanguage,
-        /// From the text's first letter: a name or a path of the user's.
+        /// The first letter of the text, for a name or a path of the user's.
         text
     };
 
-    /// `linePitch` is the distance of two lines in device-independent pixels before the texts are enlarged, in every
-    /// script; 0 is what each line's letters ask for.
+    /// `linePitch` is the distance between two lines in device-independent pixels before enlargement (TextScale), in
+    /// every script. If it is 0, the letters of each line determine its height.
     TextLabel(const QFont& font, const QColor& color, QWidget* parent = nullptr, int linePitch = 0);
 
     void setColor(const QColor& color);
@@ -36,7 +35,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The heights for the last widths, of this text in this font.
+    /// The heights for the most recent widths, for this text in this font.
     struct MeasuredHeights {
         QString text;
         QFont font;

@@ -16,7 +16,7 @@ qreal TextScale::factor() {
 
 void TextScale::setFactor(qreal factor) {
     MainThread::require();
-    // Nor anything else that is not more than 1, such as no number.
+    // Written so that NaN becomes 1 too.
     currentFactor = factor > 1 ? std::min(factor, largest) : 1;
 }
 

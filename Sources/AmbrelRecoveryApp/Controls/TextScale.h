@@ -2,22 +2,22 @@
 
 #include <QtGlobal>
 
-/// How much larger than designed the texts of the interface are. Main thread.
+/// How much the texts of the interface are enlarged. Main thread.
 namespace TextScale {
 
-/// The largest enlargement: everything is laid out for it, and tested with it.
+/// The largest factor, for which everything is laid out and tested.
 inline constexpr qreal largest = 1.5;
 
-/// 1 at first.
+/// Initially 1.
 qreal factor();
 
-/// Takes the nearest factor from 1 to `largest`. What is made from then on follows, and nothing that is there already.
+/// Sets the factor, clamped to the range from 1 to `largest`. Affects only what is created afterwards.
 void setFactor(qreal factor);
 
-/// Whether texts are larger than designed: what stands side by side then stands one below the other.
+/// Whether texts are enlarged. If so, some content that is otherwise side by side is stacked.
 bool isEnlarged();
 
-/// `size`, which goes with texts, in whole device-independent pixels.
+/// Returns `size` multiplied by the factor, in whole device-independent pixels.
 int scaled(int size);
 
 } // namespace TextScale

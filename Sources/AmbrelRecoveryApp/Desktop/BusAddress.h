@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// Where the message buses are. Main thread.
+/// The addresses of the message buses. Main thread.
 namespace BusAddress {
 
-/// The address of the user's session bus, or empty where there is none. None is started.
+/// The address of the user's session bus, or an empty string if there is none. Never starts one.
 QString ofSessionBus();
 
 /// The address of the system bus.

@@ -56,7 +56,7 @@ void BusConnection::open(const QString& address, std::chrono::milliseconds limit
     const auto opening = std::make_shared<Opening>(context, std::move(completion));
     QTimer::singleShot(limit, context, [opening] { opening->settle(nullptr); });
     const QString name = QUuid::createUuid().toString();
-    // As to a peer, because connecting to a bus makes the toolkit wait for the greeting of the bus.
+    // Connected as to a peer, because Qt blocks on the bus's greeting when it connects to a bus.
     const auto connectToPeer = [address, name] {
         return !address.isEmpty() && QDBusConnection::connectToPeer(address, name).isConnected();
     };
@@ -83,7 +83,7 @@ void BusConnection::open(const QString& address, std::chrono::milliseconds limit
 BusConnection::BusConnection(QString name) : name_(std::move(name)), owners_{{bus, bus}} {}
 
 BusConnection::~BusConnection() {
-    // First, since a signal that is still on its way to a listener tells the connection when it finds nobody.
+    // Deleted first: a signal that is still queued for a listener notifies the connection if the listener is gone.
     qDeleteAll(findChildren<BusListener*>(Qt::FindDirectChildrenOnly));
     QDBusConnection::disconnectFromPeer(name_);
 }
@@ -93,7 +93,7 @@ void BusConnection::call(const QDBusMessage& message, std::chrono::milliseconds 
     MainThread::require();
     const QDBusPendingCall pending = QDBusConnection(name_).asyncCall(message, static_cast<int>(limit.count()));
     if (pending.isFinished()) {
-        // The connection is lost; a watcher would never tell.
+        // The connection is lost; a watcher would never emit finished().
         QMetaObject::invokeMethod(
             context, [pending, answered = std::move(answered)] { answered(pending); }, Qt::QueuedConnection);
         return;
@@ -123,13 +123,13 @@ void BusConnection::listen(const Signal& signal, const Heard& heard) {
         firstArgument << signal.firstArgument;
     }
     QDBusConnection connection(name_);
-    // To a peer, as which the toolkit takes the bus, services have no names: whose signal it is, is sorted out above.
+    // Qt treats the bus as a peer, on which services have no names. The sender is checked above instead.
     connection.connect(QString(), signal.path, signal.interface, signal.name, firstArgument, signal.signature,
                        new BusListener(received, this), SLOT(receive(QDBusMessage)));
     connection.asyncCall(callOfTheBus(QStringLiteral("AddMatch"), {rule}));
 }
 
-/// Keeps track of who owns the service's name. The bus tells of a new owner before it passes on that one's signals.
+/// Tracks the owner of the service's name. The bus announces a new owner before it forwards any of its signals.
 void BusConnection::follow(const QString& service) {
     owners_.insert(service, QString());
     listen({.service = bus,

@@ -12,42 +12,42 @@
 #include <functional>
 #include <memory>
 
-/// A connection of its own to a message bus, which ends with this object: what the bus keeps for a connection ends
-/// then, too, as it does when the process ends in any other way. Nothing here ever waits for the bus, and one that does
-/// not answer holds up neither this thread nor the connections of others. Main thread.
+/// A private connection to a message bus. It is closed when this object is destroyed or the process ends, and the bus
+/// then drops everything that it keeps for the connection. Nothing here waits for the bus; one that does not answer
+/// blocks neither this thread nor other connections. Main thread.
 class BusConnection final : public QObject {
 public:
-    /// Takes the connection, or null where there is none to be had.
+    /// Receives the connection, or null if it could not be made.
     using Completion = std::function<void(std::shared_ptr<BusConnection>)>;
-    /// Takes the answer to a call, which is an error where there was none in time.
+    /// Receives the answer to a call, which is an error if none arrived in time.
     using Answered = std::function<void(const QDBusPendingCall& answer)>;
-    /// Takes the arguments of a signal.
+    /// Receives the arguments of a signal.
     using Heard = std::function<void(const QVariantList& arguments)>;
 
-    /// What a signal is known by.
+    /// Identifies a signal.
     struct Signal {
         QString service;
         QString path;
         QString interface;
         QString name;
-        /// The types of the arguments, as the bus writes them.
+        /// The types of the arguments as a D-Bus signature.
         QString signature;
-        /// Empty where any will do.
+        /// Empty matches any first argument.
         QString firstArgument = {};
     };
 
-    /// Connects to the bus at `address` and calls `completion` once, later, at most about `limit` from now; never where
-    /// `context` is gone by then.
+    /// Connects to the bus at `address` and calls `completion` once, asynchronously, after about `limit` at the latest.
+    /// Does not call it if `context` has been destroyed by then.
     static void open(const QString& address, std::chrono::milliseconds limit, QObject* context, Completion completion);
 
     ~BusConnection() override;
 
-    /// Sends `message` and calls `answered` once, later, at most `limit` from now; never where `context` is gone by
-    /// then.
+    /// Sends `message` and calls `answered` once, asynchronously, after `limit` at the latest. Does not call it if
+    /// `context` has been destroyed by then.
     void call(const QDBusMessage& message, std::chrono::milliseconds limit, QObject* context, Answered answered);
 
-    /// Calls `heard` for each such signal, as they come, until the connection ends. Only whoever owns the service's
-    /// name at that moment is listened to: anybody on the bus may send such a signal, to this connection alone, too.
+    /// Calls `heard` for each such signal until the connection ends. Only signals from the current owner of the
+    /// service's name are accepted: any process on the bus may send such a signal, even to this connection only.
     void listen(const Signal& signal, const Heard& heard);
 
 private:
@@ -56,8 +56,8 @@ private:
     explicit BusConnection(QString name);
     void follow(const QString& service);
 
-    /// The name that the toolkit knows the connection by.
+    /// The name by which Qt identifies the connection.
     const QString name_;
-    /// The unique name of who owns each service that is listened to; empty where nobody does.
+    /// The unique name of the owner of each watched service; empty if it has none.
     QMap<QString, QString> owners_;
 };

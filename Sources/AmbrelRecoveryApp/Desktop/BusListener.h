@@ -5,7 +5,7 @@
 
 #include <functional>
 
-/// Takes the signals of one kind that a connection to a message bus receives. Main thread.
+/// Receives the signals of one kind from a message bus connection. Main thread.
 class BusListener final : public QObject {
     Q_OBJECT
 

@@ -32,7 +32,7 @@ void DesktopFileViewer::reveal(const std::filesystem::path& folder) {
         return;
     }
     QTimer::singleShot(answerLimit_, this, [this, attempt] { settle(attempt, false); });
-    // A connection for this one call: a session bus may come and go while the application runs.
+    // A new connection for each call: a session bus may come and go while the application runs.
     BusConnection::open(BusAddress::ofSessionBus(), answerLimit_, this,
                         [this, attempt](const std::shared_ptr<BusConnection>& bus) {
                             bus ? askFileManager(attempt, bus) : settle(attempt, false);

@@ -10,22 +10,22 @@
 
 class BusConnection;
 
-/// Shows files in the desktop's file manager: through the file manager's own service on the session bus where there is
-/// one, which can select an item, and otherwise by opening the folder that holds it. Never waits for an answer.
+/// Shows files in the desktop's file manager: through the file manager's service on the session bus, which can select
+/// an item, or else by opening the folder that contains the item. Never blocks.
 class DesktopFileViewer final : public QObject, public RecoveryFileViewer {
     Q_OBJECT
 
 public:
-    /// `answerLimit` is how long the bus and a file manager, which may have to be started first, have for an answer
-    /// together; after it the folder that holds the item is opened.
+    /// `answerLimit` is the total time that the bus and a file manager, which may have to be started first, have to
+    /// answer. After that, the folder that contains the item is opened.
     explicit DesktopFileViewer(std::chrono::milliseconds answerLimit = std::chrono::seconds(10));
 
-    /// `folder` is absolute. Asked again for the same folder before there is an answer, this does nothing.
+    /// `folder` must be absolute. A repeated call for the same folder does nothing until the first is answered.
     void reveal(const std::filesystem::path& folder) override;
 
 signals:
-    /// No file manager has said that it shows `folder`. The folder that holds it was opened in its place where anything
-    /// on this desktop opens folders, of which nothing tells.
+    /// No file manager has confirmed that it shows `folder`. The folder that contains it was opened instead, provided
+    /// that some application on this desktop opens folders; whether that worked is unknown.
     void revealUnconfirmed(const std::filesystem::path& folder);
 
 private:
@@ -38,7 +38,7 @@ private:
     void settle(const Attempt& attempt, bool isShown);
 
     const std::chrono::milliseconds answerLimit_;
-    /// The numbers of the attempts that have no answer yet, by folder.
+    /// The numbers of the unanswered attempts, by folder.
     std::map<std::filesystem::path, unsigned> unanswered_;
     unsigned lastNumber_ = 0;
 };

@@ -13,7 +13,7 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString object = QStringLiteral("/org/freedesktop/Notifications");
 const QString applicationName = QStringLiteral("Ambrel Recovery");
-/// The action of a click on the notification itself.
+/// The action for a click on the notification itself.
 const QString defaultAction = QStringLiteral("default");
 
 QString withoutMarkup(QString text) {
@@ -44,7 +44,7 @@ void DesktopNotification::withdraw() {
         end();
         return;
     }
-    // The connection lasts until the service has answered, so that the request is not lost.
+    // The connection stays open until the service has answered, so that the request is not lost.
     call(QStringLiteral("CloseNotification"), {*identifier_}, [this](const QDBusPendingCall&) { end(); });
 }
 
@@ -101,7 +101,7 @@ void DesktopNotification::listen(const QString& signal, const QString& signature
                                  const std::function<void(const QVariant&)>& heard) {
     bus_->listen({.service = service, .path = object, .interface = service, .name = signal, .signature = signature},
                  [this, heard](const QVariantList& arguments) {
-                     // The service tells everybody of every notification.
+                     // The service sends signals about all notifications to everybody.
                      if (arguments[0].toUInt() == identifier_) {
                          heard(arguments[1]);
                      }

@@ -13,21 +13,23 @@
 class BusConnection;
 class QDBusMessage;
 
-/// One notification, from the request to show it to its end, through the desktop's notification service. Main thread.
+/// One notification, from the request to show it until it is closed, through the desktop's notification service. Main
+/// thread.
 class DesktopNotification final : public QObject {
     Q_OBJECT
 
 public:
-    /// Has `text`, plain text, shown. `limit` is how long the bus has, and the service for each of its answers.
+    /// Requests that `text` (plain text) be shown. `limit` applies to the connection to the bus and to each answer of
+    /// the service.
     DesktopNotification(QString text, std::chrono::milliseconds limit, QObject* parent);
     ~DesktopNotification() override;
 
-    /// Takes the notification away: at once, or, where it is only about to be shown, as soon as it is. This object
-    /// deletes itself then.
+    /// Closes the notification: immediately, or as soon as it is shown if that request is pending. This object then
+    /// deletes itself.
     void withdraw();
 
 signals:
-    /// The user picked the notification.
+    /// The user clicked the notification.
     void activated();
 
 private:
@@ -36,7 +38,7 @@ private:
     void storeIdentifier(const QDBusPendingCall& answer);
     void call(const QString& method, const QVariantList& arguments,
               std::function<void(const QDBusPendingCall&)> answered);
-    /// Calls `heard` with the second argument of each such signal about this notification.
+    /// Calls `heard` with the second argument of each such signal for this notification.
     void listen(const QString& signal, const QString& signature, const std::function<void(const QVariant&)>& heard);
     void end();
 
@@ -45,6 +47,6 @@ private:
     bool isUnanswered_ = false;
     bool isWithdrawn_ = false;
     std::shared_ptr<BusConnection> bus_;
-    /// What the service calls the notification while it is shown.
+    /// The service's identifier for the notification while it is shown.
     std::optional<uint> identifier_;
 };

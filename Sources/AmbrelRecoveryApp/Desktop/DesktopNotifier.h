@@ -8,13 +8,13 @@
 
 class DesktopNotification;
 
-/// Notifications through the desktop's notification service. Where there is none, or it refuses or does not answer,
-/// nothing is shown; nothing here waits.
+/// Shows notifications through the desktop's notification service. Shows nothing if there is no service, or if it
+/// refuses or does not answer. Never blocks.
 class DesktopNotifier final : public QObject, public OperationNotifier {
     Q_OBJECT
 
 public:
-    /// `limit` is how long the bus has, and the service for each of its answers.
+    /// `limit` applies to the connection to the bus and to each answer of the service.
     explicit DesktopNotifier(std::chrono::milliseconds limit = std::chrono::seconds(10));
 
     void show(const QString& text, std::function<void()> activated) override;
@@ -22,6 +22,6 @@ public:
 
 private:
     const std::chrono::milliseconds limit_;
-    /// A child of this object, as the withdrawn ones are that still await an answer.
+    /// A child of this object, like the withdrawn notifications that still await an answer.
     DesktopNotification* current_ = nullptr;
 };

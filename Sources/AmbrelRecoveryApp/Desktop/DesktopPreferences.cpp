@@ -30,7 +30,7 @@ bool isBoolean(const QVariant& value, bool expected) {
     return value.typeId() == QMetaType::Bool && value.toBool() == expected;
 }
 
-/// Written as text by one version of the desktop and as a number by another.
+/// Some desktop versions send this value as text, others as a number.
 bool isZero(const QVariant& value) {
     bool isNumber = false;
     return value.toDouble(&isNumber) <= 0 && isNumber;
@@ -40,7 +40,7 @@ bool isOne(const QVariant& value) {
     return value.typeId() == QMetaType::UInt && value.toUInt() == 1;
 }
 
-/// On X11 the desktop tells its text size to the toolkit, too, which enlarges everything by it.
+/// On X11, Qt also reads the desktop's text size and enlarges everything by it.
 qreal textScale(const QVariant& value) {
     const bool isEnlargedByToolkit = QGuiApplication::platformName() == QStringLiteral("xcb");
     const qreal factor = value.typeId() == QMetaType::Double ? value.toDouble() : 1;
@@ -61,7 +61,7 @@ DesktopPreferences::DesktopPreferences(std::chrono::milliseconds limit) : limit_
 DesktopPreferences::~DesktopPreferences() = default;
 
 void DesktopPreferences::ask() {
-    // First, so that no change is missed between the answer and the listening.
+    // Subscribed first, so that no change is missed between the answer and the subscription.
     bus_->listen({.service = service,
                   .path = object,
                   .interface = interface,

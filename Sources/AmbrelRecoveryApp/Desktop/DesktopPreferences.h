@@ -10,19 +10,19 @@
 class BusConnection;
 class QDBusMessage;
 
-/// Follows what the desktop's portal tells of the user's wishes, and hands it on: less motion to Motion, more contrast
-/// to RecoveryPalette, larger texts to TextScale. Where there is no portal, or it refuses, does not answer or knows no
-/// such wish, the interface is as it was designed. Nothing here waits. Main thread.
+/// Follows the user's preferences as reported by the desktop's portal and passes them on: reduced motion to Motion,
+/// high contrast to RecoveryPalette, text size to TextScale. If there is no portal, or it refuses, does not answer or
+/// does not know a preference, the interface keeps its default. Never blocks. Main thread.
 class DesktopPreferences final : public QObject {
     Q_OBJECT
 
 public:
-    /// `limit` is how long the bus has, and the portal for its answer.
+    /// `limit` applies to the connection to the bus and to the portal's answer.
     explicit DesktopPreferences(std::chrono::milliseconds limit = std::chrono::seconds(10));
     ~DesktopPreferences() override;
 
 signals:
-    /// Contrast or the size of the texts is another; what is shown is to be made anew.
+    /// The contrast or the text size has changed; the view must be rebuilt.
     void lookChanged();
 
 private:

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// A question of which nothing is wanted but that it is allowed.
+/// A call that every process is allowed to make; its result is not used.
 QDBusMessage introduction() {
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
@@ -42,7 +42,7 @@ void DesktopSleepInhibitor::begin(const QString& reason) {
     MainThread::require();
     if (current_ == nullptr) {
         current_ = new SleepInhibition(portal_, reason, limit_, this);
-        // What the portal still grants is given back with the end of the connection.
+        // Closing the connection releases whatever the portal may still grant.
         connect(current_, &SleepInhibition::portalFailed, this, [this] { portal_.reset(); });
     }
 }

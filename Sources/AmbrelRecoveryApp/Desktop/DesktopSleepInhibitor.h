@@ -10,15 +10,15 @@
 class BusConnection;
 class SleepInhibition;
 
-/// Keeps the machine awake through the desktop's portal or the system's login manager. Where neither is there, refuses
-/// or answers, nothing happens; nothing here waits. The portal grants nothing to a process that it cannot look into,
-/// but keeps what it once found out about a connection: this object makes itself known to it at its beginning, and asks
-/// through that connection alone.
+/// Keeps the machine awake through the desktop's portal or the system's login manager. Does nothing if neither exists,
+/// grants the request or answers. Never blocks. The portal grants nothing to a process that it cannot inspect, but it
+/// caches what it has learned about a connection. This object therefore introduces itself to the portal on construction
+/// and uses only that connection.
 class DesktopSleepInhibitor final : public QObject, public RecoverySleepInhibitor {
     Q_OBJECT
 
 public:
-    /// `limit` is how long each bus and each service has for its answer.
+    /// `limit` applies to the connection to each bus and to each answer of a service.
     explicit DesktopSleepInhibitor(std::chrono::milliseconds limit = std::chrono::seconds(10));
     ~DesktopSleepInhibitor() override;
 
@@ -29,8 +29,8 @@ private:
     void introduceTo(const std::shared_ptr<BusConnection>& portal);
 
     const std::chrono::milliseconds limit_;
-    /// Null until the portal knows it, and after it failed to answer.
+    /// Null until the portal knows the connection, and after it failed to answer.
     std::shared_ptr<BusConnection> portal_;
-    /// A child of this object, as the released ones are that still await an answer.
+    /// A child of this object, like the released ones that still await an answer.
     SleepInhibition* current_ = nullptr;
 };

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// What the desktop tells the user while the user looks at something else: one notification at a time. Main thread.
+/// Notifies the user while another window is active; shows at most one notification at a time. Main thread.
 class OperationNotifier {
 public:
     OperationNotifier() = default;
@@ -12,10 +12,10 @@ public:
     OperationNotifier& operator=(const OperationNotifier&) = delete;
     virtual ~OperationNotifier() = default;
 
-    /// Shows `text`, plain text, in the place of an earlier notification, as far as the desktop shows any. `activated`
-    /// is called when the user picks it.
+    /// Shows `text` (plain text), replacing an earlier notification, if the desktop supports notifications. Calls
+    /// `activated` when the user clicks it.
     virtual void show(const QString& text, std::function<void()> activated) = 0;
 
-    /// Takes the notification away. Does nothing where there is none.
+    /// Removes the notification. Does nothing if there is none.
     virtual void withdraw() = 0;
 };

@@ -12,24 +12,24 @@
 class OperationNotifier;
 class RecoverySleepInhibitor;
 
-/// Watches the workflow for the desktop's sake: keeps the machine awake while a long operation runs, and tells of the
-/// end of one while the window is not the active one. It tells of no operation that the user cancelled. Main thread.
+/// Connects the workflow to the desktop: keeps the machine awake during a long operation, and notifies the user of its
+/// end if the window is not active. Operations that the user cancelled are not reported. Main thread.
 class OperationObserver final : public QObject {
     Q_OBJECT
 
 public:
-    /// All of them must outlive the guard, but for the window.
+    /// All of them must outlive the observer, except for the window.
     OperationObserver(const RecoveryViewModel& model, QWidget* window, RecoverySleepInhibitor& sleepInhibitor,
                       OperationNotifier& notifications);
 
-    /// Lets the machine sleep again and takes the notification away.
+    /// Lets the machine sleep again and removes the notification.
     ~OperationObserver() override;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    /// What of the workflow tells how an operation ended, as it was at one moment.
+    /// The state of the workflow at one moment, as far as it shows how an operation ended.
     struct Look {
         RecoveryViewModel::Phase phase;
         bool isBusy;
@@ -40,7 +40,8 @@ private:
     Look look() const;
     void scheduleLook();
     void lookAgain();
-    /// What came of the operation that ran at `before` and has ended since, or none where the user cancelled it.
+    /// The result of the operation that was running in `before` and has since ended, or std::nullopt if the user
+    /// cancelled it.
     static std::optional<QString> outcome(const Look& before, const Look& after);
     void bringWindowForward();
 

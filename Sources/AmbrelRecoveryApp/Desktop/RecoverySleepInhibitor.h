@@ -10,10 +10,10 @@ public:
     RecoverySleepInhibitor& operator=(const RecoverySleepInhibitor&) = delete;
     virtual ~RecoverySleepInhibitor() = default;
 
-    /// Keeps the machine from falling asleep until end(), as far as the desktop lets it. The desktop may show `reason`
-    /// to the user. Does nothing where it has begun already.
+    /// Keeps the machine from falling asleep until end(), if the desktop allows it. The desktop may show `reason` to
+    /// the user. Does nothing if already active.
     virtual void begin(const QString& reason) = 0;
 
-    /// Lets the machine sleep again. Does nothing where nothing has begun.
+    /// Lets the machine sleep again. Does nothing if not active.
     virtual void end() = 0;
 };

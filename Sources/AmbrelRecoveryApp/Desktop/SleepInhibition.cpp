@@ -12,7 +12,7 @@ namespace {
 const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 
 QDBusMessage portalCall(const QString& reason) {
-    // Not falling asleep by itself either, since on some desktops nothing but that can be inhibited.
+    // Inhibits idling as well: on some desktops, nothing else can be inhibited.
     constexpr uint suspend = 4;
     constexpr uint idle = 8;
     QDBusMessage call =
@@ -48,7 +48,7 @@ SleepInhibition::~SleepInhibition() = default;
 
 void SleepInhibition::release() {
     isReleased_ = true;
-    // An answer that finds nobody could leave the request granted, so it is awaited.
+    // Without a receiver for a pending answer, the request could stay granted, so the answer is awaited.
     if (!isAsking_) {
         giveBack();
     }

@@ -10,21 +10,21 @@
 
 class BusConnection;
 
-/// One request to keep the machine awake, from its beginning to its release: to the desktop's portal and, where that
-/// does not grant it, to the system's login manager. What they grant ends with something that belongs to this process,
-/// a connection or a descriptor, so that it never outlives the process. Main thread.
+/// One request to keep the machine awake, until it is released. The desktop's portal is asked first and, if it does not
+/// grant the request, the system's login manager. Each grant is tied to a connection or a descriptor of this process,
+/// so it never outlives the process. Main thread.
 class SleepInhibition final : public QObject {
     Q_OBJECT
 
 public:
-    /// `portal` is a connection that the desktop's portal knows, or null where there is none. `limit` is how long the
-    /// system's bus and each service has for its answer.
+    /// `portal` is a connection known to the desktop's portal, or null if there is none. `limit` applies to the
+    /// connection to the system bus and to each answer of a service.
     SleepInhibition(std::shared_ptr<BusConnection> portal, QString reason, std::chrono::milliseconds limit,
                     QObject* parent);
     ~SleepInhibition() override;
 
-    /// Lets the machine sleep again: at once, or, where an answer is still due, as soon as that has come. This object
-    /// deletes itself then.
+    /// Lets the machine sleep again: immediately, or when a pending answer has arrived. This object then deletes
+    /// itself.
     void release();
 
 signals:
@@ -41,7 +41,7 @@ private:
     const std::chrono::milliseconds limit_;
     bool isAsking_ = false;
     bool isReleased_ = false;
-    /// What the portal calls the request that it granted.
+    /// The portal's handle for the request that it granted.
     QDBusObjectPath request_;
     QDBusUnixFileDescriptor descriptor_;
 };

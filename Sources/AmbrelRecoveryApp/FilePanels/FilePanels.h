@@ -6,16 +6,16 @@
 #include <QPointer>
 #include <QString>
 
-/// The file panels of the desktop application, which are its own: the desktops' can neither offer files and folders
-/// together nor keep a package closed, and both theirs and the toolkit's let the user rename and delete. One panel is
-/// open at a time; a second one that is asked for meanwhile, as assistive technology can, brings the open one to the
-/// front and completes with none.
+/// The application's own file panels. The desktops' panels can neither offer files and folders together nor treat a
+/// package as a single item, and both theirs and Qt's let the user rename and delete files. Only one panel is open at a
+/// time. A request for a second one, which is possible through assistive technology, raises the open panel and
+/// completes with std::nullopt.
 class FilePanels final : public RecoveryPanels {
 public:
-    /// `window` is the window that the panels belong to. Once it is gone, every request completes with none.
+    /// `window` is the parent of the panels. After it has been destroyed, every request completes with std::nullopt.
     explicit FilePanels(QWidget* window);
 
-    /// Dismisses the panel that is open.
+    /// Dismisses the open panel, if any.
     ~FilePanels() override;
 
     void chooseBackup(const OpenPanel& panel, Completion completion) override;
@@ -26,6 +26,7 @@ private:
 
     QPointer<QWidget> window_;
     QPointer<ItemPanel> open_;
-    /// The folder of the last choice of this run, where the next panel begins; none before the first.
+    /// The folder of the last choice in this session, in which the next panel opens; std::nullopt before the first
+    /// choice.
     std::optional<std::filesystem::path> folder_;
 };

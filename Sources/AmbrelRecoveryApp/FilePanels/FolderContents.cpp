@@ -37,7 +37,7 @@ Item itemAt(const std::filesystem::path& path) {
     return item;
 }
 
-/// The keys by which a language sorts names: comparing two of them costs no more than comparing bytes.
+/// Collation keys of names: comparing two of them costs no more than comparing bytes.
 class NameOrder {
 public:
     explicit NameOrder(const icu::Locale& locale) {

@@ -2,13 +2,13 @@
 
 #include <QHeaderView>
 
-/// The headings of a folder's list, in the application's dress, with a mark on the one that the list is sorted by. A
-/// click sorts by a heading. Main thread.
+/// The headings of a folder's list, in the application's style. A mark shows the heading by which the list is sorted;
+/// clicking a heading sorts by it. Main thread.
 class FolderHeader final : public QHeaderView {
     Q_OBJECT
 
 public:
-    /// What a heading needs beside its text, in device-independent pixels.
+    /// The width that a heading needs in addition to its text, in device-independent pixels.
     static constexpr int padding = 28;
 
     explicit FolderHeader(QWidget* parent = nullptr);

@@ -59,7 +59,7 @@ void FolderModel::setShowsHidden(bool showsHidden) {
     endResetModel();
 }
 
-/// What changes while the folder is read is seen, since it is watched before.
+/// The watch starts before the folder is read, so that changes during reading are noticed.
 void FolderModel::read() {
     const bool isStarted = reading_.start(
         [folder = folder_, locale = locale_](const std::stop_token& stopToken) {
@@ -84,7 +84,7 @@ void FolderModel::apply(Reading reading) {
     if (reading.watch) {
         watch(std::move(reading.watch));
     } else if (changes_) {
-        // The folder may be readable again later, of which the last watch tells.
+        // The folder may become readable again; the last watch will report that.
         FolderWatch::clear(watch_.get());
         changes_->setEnabled(true);
     }
@@ -97,7 +97,7 @@ void FolderModel::watch(UniqueDescriptor watch) {
     if (watch_) {
         changes_ = std::make_unique<QSocketNotifier>(watch_.get(), QSocketNotifier::Read);
         connect(changes_.get(), &QSocketNotifier::activated, this, [this] {
-            // Until the folder has been read.
+            // Re-enabled after the folder has been read.
             changes_->setEnabled(false);
             change_.start();
         });
@@ -202,7 +202,7 @@ int FolderModel::widestText(Column column, const QFontMetrics& metrics) const {
     constexpr std::int64_t wideSize = 888'800'000;
     constexpr sys_time<milliseconds> wideDate = sys_days(year(2028) / 9 / 28) + hours(20) + minutes(48);
     int widest = 0;
-    // Nothing at all is written in words.
+    // A size of zero is written as a word.
     for (const std::int64_t byteCount : {std::int64_t(0), wideSize}) {
         const QString shown =
             text({.name = {}, .kind = Item::Kind::file, .size = byteCount, .modified = wideDate}, column);

@@ -13,8 +13,8 @@
 #include <memory>
 #include <vector>
 
-/// What one folder holds, with names, sizes and dates as the interface language writes them. The folder is read on a
-/// thread of its own, and again when it changes, so that one that does not answer delays nothing. Main thread.
+/// The contents of one folder, with names, sizes and dates in the interface language. The folder is read on a
+/// background thread, and again when it changes, so an unresponsive folder blocks nothing. Main thread.
 class FolderModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
 
     explicit FolderModel(QObject* parent = nullptr);
 
-    /// Shows another folder, given by its absolute path: nothing at first, and what it holds after `wasRead`.
+    /// Switches to another folder, given by its absolute path. The model is empty until `wasRead`.
     void setFolder(const std::filesystem::path& folder);
     const std::filesystem::path& folder() const { return folder_; }
     State state() const { return state_; }
@@ -37,10 +37,10 @@ public:
     void setShowsHidden(bool showsHidden);
     bool showsHidden() const { return showsHidden_; }
 
-    /// The item in the row of a valid index, and where it lies.
+    /// The item of a valid index, and its path.
     const FolderContents::Item& item(const QModelIndex& index) const;
     std::filesystem::path path(const QModelIndex& index) const { return folder_ / item(index).name; }
-    /// The index of the item of this name in the first column; invalid where none is shown.
+    /// The index of the item with this name in the first column; invalid if it is not shown.
     QModelIndex indexOf(const std::string& itemName) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -53,11 +53,11 @@ public:
     int widestText(Column column, const QFontMetrics& metrics) const;
 
 signals:
-    /// The folder was read; `state()` says with what result.
+    /// The folder has been read; `state()` gives the result.
     void wasRead();
 
 private:
-    /// What was read, and a watch that began before.
+    /// The result of reading, and a watch that was started before.
     struct Reading {
         UniqueDescriptor watch;
         std::optional<FolderContents> contents;
@@ -76,11 +76,11 @@ private:
     int sortColumn_ = name;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     FolderContents contents_;
-    /// The shown items in the order of the rows, as places in `contents_`.
+    /// The shown items in row order, as indexes into `contents_`.
     std::vector<std::size_t> rows_;
     LatestTask reading_;
     UniqueDescriptor watch_;
     std::unique_ptr<QSocketNotifier> changes_;
-    /// Gathers changes, so that a folder in which much happens is not read without pause.
+    /// Coalesces changes, so that a busy folder is not read continuously.
     QTimer change_;
 };

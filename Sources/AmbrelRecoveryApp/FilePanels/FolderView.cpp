@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int textSize = 13;
-/// A folder that answers sooner shows no message in between.
+/// If a folder answers sooner, no message is shown in between.
 constexpr std::chrono::milliseconds slownessDelay(300);
 
 } // namespace
@@ -29,7 +29,7 @@ FolderView::FolderView(FolderModel& model, QWidget* parent) : QTreeView(parent),
     setItemDelegate(new PanelRowDelegate(FolderModel::SymbolRole, this));
     setHeader(new FolderHeader(this));
     setModel(&model);
-    // After the selection's own reaction, which drops it.
+    // Connected after the selection's own handler, which clears the selection.
     connect(&model, &QAbstractItemModel::modelReset, this, &FolderView::handleReset);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -68,7 +68,7 @@ void FolderView::reset() {
     QTreeView::reset();
 }
 
-/// A folder that was read again keeps what was selected in it, and an item that went away is not replaced by the next.
+/// Rereading a folder keeps the selection; a selected item that has disappeared is not replaced by the next one.
 void FolderView::handleReset() {
     if (model_.state() == FolderModel::State::loading) {
         selectedName_.clear();

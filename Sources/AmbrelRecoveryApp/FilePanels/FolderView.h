@@ -4,8 +4,8 @@
 
 #include <QTreeView>
 
-/// The list of a folder's items, in which one is selected. Return and a double click activate an item; nothing in it
-/// can be moved, renamed or deleted. Where there is nothing to list, it says why.
+/// The list of a folder's items, with single selection. Return and a double click activate an item; nothing can be
+/// moved, renamed or deleted. An empty list shows a message with the reason.
 class FolderView final : public QTreeView {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
     /// `model` must outlive the view.
     explicit FolderView(FolderModel& model, QWidget* parent = nullptr);
 
-    /// The selected item's index in the first column; invalid where there is none.
+    /// The selected item's index in the first column; invalid if nothing is selected.
     QModelIndex selectedItem() const;
 
     void keyboardSearch(const QString& search) override;
@@ -23,7 +23,7 @@ signals:
     void itemActivated(const QModelIndex& index);
     void itemSelected();
     void upRequested();
-    /// A path, and no name in the list, is being typed; `beginning` is its first character.
+    /// The user has started to type a path, not the name of an item; `beginning` is its first character.
     void pathTyped(const QString& beginning);
 
 protected:
@@ -39,7 +39,7 @@ private:
     void restore();
 
     FolderModel& model_;
-    /// The names of the selected and of the current item, for the next time that the folder is read.
+    /// The names of the selected and the current item, to restore them after the folder is read again.
     std::string selectedName_;
     std::string currentName_;
     int scrollPlace_ = 0;

@@ -4,14 +4,14 @@
 
 #include <filesystem>
 
-/// Watching a folder.
+/// Watches a folder for changes.
 namespace FolderWatch {
 
-/// A descriptor that becomes readable once an item comes into `folder`, leaves it or gets another name or other
-/// permissions; none where that cannot be watched. Blocks for as long as the file system does; any thread.
+/// Returns a descriptor that becomes readable once an item in `folder` is added, removed or renamed or its permissions
+/// change. Returns an empty one if the folder cannot be watched. Blocks as long as the file system does; any thread.
 UniqueDescriptor begin(const std::filesystem::path& folder);
 
-/// Forgets what `watch`, a descriptor of begin(), has told, so that it is readable after the next change alone. Does
+/// Discards pending events of `watch`, a descriptor from begin(), so that only the next change makes it readable. Does
 /// not block; any thread.
 void clear(int watch);
 

@@ -36,7 +36,7 @@ constexpr int padding = 20;
 constexpr int sidebarPadding = 12;
 constexpr int spacing = 10;
 
-/// `size`, enlarged as the texts are where the screen has room for that.
+/// `size` enlarged by the text scale, as far as the screen has room.
 QSize scaledToScreen(const QSize& size, const QScreen& screen) {
     const QSize enlarged(TextScale::scaled(size.width()), TextScale::scaled(size.height()));
     return enlarged.boundedTo(screen.availableSize()).expandedTo(size);
@@ -92,7 +92,7 @@ void ItemPanel::done(int result) {
     complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
 }
 
-/// Takes what the user named or selected, whichever was last.
+/// Accepts the name or the selection, whichever the user changed last.
 void ItemPanel::accept() {
     const QModelIndex selected = list_->selectedItem();
     if (!selected.isValid()) {
@@ -198,7 +198,7 @@ void ItemPanel::activate(const QModelIndex& index) {
     }
 }
 
-/// Where a new item is named, a selected folder is a place to go to and leaves the name as it is.
+/// When a new item is named, selecting a folder does not change the name: it is only a place to go to.
 void ItemPanel::nameSelectedItem() {
     const QModelIndex selected = list_->selectedItem();
     if (!selected.isValid()) {
@@ -260,7 +260,7 @@ void ItemPanel::findTyped() {
                            }
                        });
     if (!isStarted) {
-        // No thread can be had: what the text stands for is found out by whoever gets the path.
+        // No thread is available: the receiver of the path has to resolve the text.
         choose(folder() / fileName_->text().toStdString());
     }
 }

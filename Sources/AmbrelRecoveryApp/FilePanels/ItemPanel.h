@@ -16,9 +16,9 @@ class SecondaryRecoveryButton;
 class SpaceView;
 struct TypedItem;
 
-/// A file panel in which the user names one item. A backup package is an item like a file: it is taken and never
-/// entered, not by a typed path or through a link either. Whether the item exists, and what it is, is for the caller to
-/// judge. Nothing that exists can be changed in it, and nothing is remembered on disk. Main thread; shown with open().
+/// A file panel in which the user names one item. A backup package is treated like a file: it can be chosen but never
+/// entered, not even by a typed path or through a link. The caller decides whether the item must exist and what it may
+/// be. Existing items cannot be changed, and nothing is stored on disk. Main thread; shown with open().
 class ItemPanel final : public QDialog {
     Q_OBJECT
 
@@ -29,20 +29,20 @@ public:
         QString title;
         /// The label of the button that confirms.
         QString prompt;
-        /// What follows is of use for a new item only.
+        /// The following members are used only for a new item.
         QString proposedName;
-        /// How many bytes will be written; none where it is not known.
+        /// The number of bytes that will be written, or std::nullopt if unknown.
         std::optional<std::uint64_t> requiredByteCount;
     };
 
-    /// A panel that begins in `folder`, or at home where that cannot be read, or not be written for a new item.
-    /// `completion` is called once, when the panel is no longer shown, with an absolute path, or with none where the
-    /// panel was dismissed or destroyed. The panel deletes itself then.
+    /// Opens in `folder`, or in the home folder if `folder` cannot be read or, for a new item, not be written.
+    /// `completion` is called once, after the panel is closed, with an absolute path, or with std::nullopt if the panel
+    /// was dismissed or destroyed. The panel then deletes itself.
     ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
               RecoveryPanels::Completion completion, QWidget* window);
     ~ItemPanel() override;
 
-    /// The folder that is shown.
+    /// The folder currently shown.
     const std::filesystem::path& folder() const;
 
     void accept() override;
@@ -78,7 +78,7 @@ private:
     std::optional<std::filesystem::path> choice_;
     bool isAtBeginning_ = true;
     bool isNamingSelection_ = false;
-    /// Finds out what the typed name stands for, until another is typed, selected or gone to.
+    /// Resolves the typed name, until another is typed or selected or the folder changes.
     LatestTask finding_;
 
     FolderModel* const files_;
@@ -87,7 +87,7 @@ private:
     PathBar* const path_;
     SecondaryRecoveryButton* const newFolder_;
     PanelNameField* const fileName_;
-    /// Null where no new item is named.
+    /// Null unless a new item is named.
     SpaceView* const space_;
     SecondaryRecoveryButton* const cancel_;
     PrimaryRecoveryButton* const accept_;

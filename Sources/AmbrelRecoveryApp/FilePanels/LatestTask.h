@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <utility>
 
-/// Blocking work whose latest outcome alone is wanted: what ran before counts for nothing once it is started again or
-/// dropped, or its owner is gone. The end of the process does not wait for it. Main thread.
+/// Runs blocking work of which only the latest result matters. Starting again, dropping or destroying this object
+/// discards the result of earlier work. The end of the process does not wait for it. Main thread.
 class LatestTask {
 public:
     LatestTask() = default;
@@ -17,8 +17,9 @@ public:
     LatestTask& operator=(const LatestTask&) = delete;
     ~LatestTask() { drop(); }
 
-    /// Calls `work`, with a token that says when its outcome is no longer wanted if it takes one, on a new thread, and
-    /// then `take` with the outcome on the main thread. False where no thread can be had: neither is called then.
+    /// Calls `work` on a new thread, then `take` with its result on the main thread. If `work` accepts a stop token, it
+    /// receives one that is stopped when the result is no longer needed. Returns false if no thread can be created;
+    /// neither is called then.
     template<typename Work, typename Take>
     bool start(Work work, Take take) {
         MainThread::require();
@@ -45,7 +46,7 @@ public:
         }
     }
 
-    /// The outcome of what runs is no longer wanted.
+    /// Discards the result of the running work.
     void drop() { wanted_.request_stop(); }
 
     bool isRunning() const { return wanted_.stop_possible() && !wanted_.stop_requested(); }

@@ -8,9 +8,9 @@
 
 namespace {
 
-/// What the system keeps for itself.
+/// Directories reserved for the system.
 constexpr std::array systemFolders{"/boot", "/dev", "/efi", "/etc", "/proc", "/run", "/snap", "/sys", "/usr", "/var"};
-/// Where removable and network volumes are mounted within those.
+/// The directories in them in which removable and network volumes are mounted.
 constexpr std::array mountFolders{"/run/media", "/var/media", "/var/mnt"};
 /// File systems in memory, of other programs, and of software packages.
 constexpr std::array<std::string_view, 9> typesWithoutFiles{
@@ -26,7 +26,7 @@ bool isOctal(char digit) {
     return digit >= '0' && digit <= '7';
 }
 
-/// The table writes a space, a tab, a line feed and a backslash as a backslash and three octal digits.
+/// The table encodes a space, a tab, a line feed and a backslash as a backslash and three octal digits.
 std::string unescaped(const QByteArray& field) {
     std::string result;
     for (qsizetype index = 0; index < field.size(); ++index) {
@@ -54,7 +54,7 @@ std::vector<std::filesystem::path> MountedVolumes::forFiles(const QByteArray& ta
     std::vector<std::filesystem::path> roots;
     for (const QByteArray& line : table.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
-        // Any number of optional fields stands before the separator.
+        // Any number of optional fields precedes the separator.
         const qsizetype separator = fields.indexOf("-");
         if (separator <= rootField || separator + 1 >= fields.size()) {
             continue;

@@ -28,7 +28,7 @@ constexpr int panelWidth = 380;
 constexpr int padding = 24;
 
 std::error_code makeFolder(const std::filesystem::path& folder) {
-    // Neither in a package nor one that would be taken for a package.
+    // The new folder must be neither inside a package nor look like one.
     if (FolderContents::isWithinPackage(folder)) {
         return std::make_error_code(std::errc::operation_not_permitted);
     }

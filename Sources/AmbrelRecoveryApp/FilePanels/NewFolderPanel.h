@@ -10,14 +10,14 @@ class PanelNameField;
 class PrimaryRecoveryButton;
 class TextLabel;
 
-/// Asks for the name of a new folder and makes it. Nothing that exists is touched: where the name is taken, it says so
-/// and asks on. Nothing is made in a backup package. The folder is made on a thread of its own. Main thread; shown with
-/// open(), and deletes itself.
+/// Asks for the name of a new folder and creates it on a background thread. Nothing that exists is changed: if the name
+/// is taken, the panel shows a message and stays open. Never creates a folder in a backup package. Main thread; shown
+/// with open(), and deletes itself.
 class NewFolderPanel final : public QDialog {
     Q_OBJECT
 
 public:
-    /// `folder` is where the new one is made.
+    /// `folder` is the parent of the new folder.
     NewFolderPanel(std::filesystem::path folder, QWidget* panel);
 
     void accept() override;

@@ -2,10 +2,11 @@
 
 class QAbstractItemView;
 
-/// What the lists of the file panels have in common. Main thread.
+/// Common settings of the lists in file panels. Main thread.
 namespace PanelItemView {
 
-/// One row can be selected and none changed, dragged or asked for a menu; scrolled by pixels, with a quiet scroll bar.
+/// Sets single row selection, without editing, dragging or a context menu; scrolls by pixels, with an unobtrusive
+/// scroll bar.
 void prepare(QAbstractItemView& view);
 
 } // namespace PanelItemView

@@ -27,9 +27,9 @@ PanelNameField::PanelNameField(const QString& label, QWidget* parent) : QLineEdi
     setFont(recoveryFont(fontSize, QFont::Normal));
     setFixedHeight(TextScale::scaled(fieldHeight));
     setFrame(false);
-    // The panel is painted here.
+    // paintEvent() draws the field's background and border.
     setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 12px; }"));
-    // What has a style sheet takes no colours from what it lies in.
+    // A widget with a style sheet does not inherit colors from its parent.
     setPalette(RecoveryPalette::ofToolkit());
 }
 

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-/// The field of a panel in which a name is typed, in the dress of the window. Its menu is in the interface language.
+/// A panel's input field for a name, in the application's style. Its context menu is in the interface language.
 class PanelNameField final : public QLineEdit {
     Q_OBJECT
 

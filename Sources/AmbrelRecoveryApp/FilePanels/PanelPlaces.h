@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <vector>
 
-/// The places that file panels offer beside their list.
+/// The places in the sidebar of file panels.
 namespace PanelPlaces {
 
 struct Place {
@@ -22,11 +22,11 @@ struct Place {
 /// The user's home folder. Any thread.
 Place home();
 
-/// Those of the desktop's usual folders of the user that exist, without those that are the home folder itself. Blocks
-/// for as long as the file system does; any thread.
+/// The user's standard folders of the desktop that exist, except those that are the home folder itself. Blocks as long
+/// as the file system does; any thread.
 std::vector<Place> usualFolders();
 
-/// Every mounted volume that a user may keep files on. No volume is touched. Any thread.
+/// Every mounted volume on which a user may keep files. No volume is accessed. Any thread.
 std::vector<Place> volumes();
 
 } // namespace PanelPlaces

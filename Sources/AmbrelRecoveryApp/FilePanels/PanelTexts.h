@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The words of the file panels that are not in the catalogue, in the fourteen languages of the interface.
+/// The texts of the file panels that are not in the catalogue, in the fourteen languages of the interface.
 namespace PanelTexts {
 
 enum class Text {
@@ -30,10 +30,11 @@ enum class Text {
 
 inline constexpr int textCount = static_cast<int>(Text::selectAll) + 1;
 
-/// The text in the language in which the catalogue's texts are shown. Any thread.
+/// Returns the text in the language of the catalogue's texts. Any thread.
 QString localized(Text text);
 
-/// The text in the language of this tag, one of the catalogue's; English where it is none of them. Any thread.
+/// Returns the text for the language tag `localeIdentifier`, or in English if the catalogue does not have that
+/// language. Any thread.
 QString resolved(Text text, const QString& localeIdentifier);
 
 } // namespace PanelTexts

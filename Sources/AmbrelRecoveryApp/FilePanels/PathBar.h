@@ -8,7 +8,7 @@
 class PathLabel;
 class SecondaryRecoveryButton;
 
-/// Where a panel is, and the ways back and up. Decides which folder is shown. Main thread.
+/// Shows a panel's current folder, with buttons to go back and up. Decides which folder is shown. Main thread.
 class PathBar final : public QWidget {
     Q_OBJECT
 
@@ -17,24 +17,24 @@ public:
 
     const std::filesystem::path& folder() const { return folder_; }
 
-    /// Shows `folder`, an absolute path, from which nothing leads back.
+    /// Shows `folder`, an absolute path, and clears the history.
     void begin(const std::filesystem::path& folder);
-    /// Shows `folder`, an absolute path; the folder that was shown can be gone back to.
+    /// Shows `folder`, an absolute path, and adds the previous folder to the history.
     void goTo(const std::filesystem::path& folder);
-    /// Does nothing where there is nothing to go back to.
+    /// Does nothing if the history is empty.
     void goBack();
     /// Does nothing at the root.
     void goUp();
 
 signals:
-    /// Emitted each time a folder is to be shown, also where it is shown already.
+    /// Emitted each time a folder is to be shown, even if it is already shown.
     void folderChanged(const std::filesystem::path& folder);
 
 private:
     void show(const std::filesystem::path& folder);
 
     std::filesystem::path folder_;
-    /// The folders that were shown before, the last one at the end.
+    /// The folders that were shown before, the most recent one last.
     std::vector<std::filesystem::path> history_;
     SecondaryRecoveryButton* const back_;
     SecondaryRecoveryButton* const up_;

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-/// Shows where a panel is: the path of a folder, its middle left out where there is no room. Assistive technology has
-/// all of it.
+/// Shows the path of a panel's folder, elided in the middle if there is not enough room. Assistive technology gets the
+/// full path.
 class PathLabel final : public QWidget {
     Q_OBJECT
 

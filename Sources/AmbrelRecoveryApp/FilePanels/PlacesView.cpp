@@ -20,7 +20,7 @@ constexpr int listWidth = 196;
 constexpr int textSize = 13;
 constexpr int symbolRole = Qt::UserRole;
 
-/// The rows of the places, with what lies behind them: in a plain list no one else draws it.
+/// Draws the rows with their background, which a plain list does not draw.
 class PlaceDelegate final : public QStyledItemDelegate {
 public:
     explicit PlaceDelegate(QAbstractItemView* view) : QStyledItemDelegate(view), view_(view) {}
@@ -56,7 +56,7 @@ PlacesView::PlacesView(QWidget* parent)
     watchVolumes();
 }
 
-/// Where no thread can be had, home and the volumes are enough to reach every folder.
+/// If no thread is available, home and the volumes are enough to reach every folder.
 void PlacesView::findUsualFolders() {
     finding_.start(PanelPlaces::usualFolders, [this](std::vector<PanelPlaces::Place> folders) {
         usualFolders_ = std::move(folders);
@@ -103,7 +103,7 @@ void PlacesView::showFolder(const std::filesystem::path& folder) {
 }
 
 void PlacesView::choose(int row) {
-    // A copy, since going there may change the list.
+    // A copy, since emitting the signal may change the list.
     const std::filesystem::path place = path(row);
     emit placeChosen(place);
 }

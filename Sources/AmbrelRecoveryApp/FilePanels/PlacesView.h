@@ -9,19 +9,19 @@
 #include <filesystem>
 #include <vector>
 
-/// The list of places beside the list of a panel: home, the usual folders that exist, and the mounted volumes as they
-/// come and go. A click or Return goes to a place. Home and the volumes are there at once; no place is asked on this
-/// thread, so that one that does not answer delays nothing. Main thread.
+/// The list of places in a panel: home, the standard folders that exist, and the mounted volumes, updated as they
+/// change. A click or Return opens a place. Home and the volumes are listed immediately. No place is accessed on this
+/// thread, so one that does not respond delays nothing. Main thread.
 class PlacesView final : public QListWidget {
     Q_OBJECT
 
 public:
     explicit PlacesView(QWidget* parent = nullptr);
 
-    /// The folder of the place in `row`, one of the list's.
+    /// The folder of the place in `row`, which must be valid.
     const std::filesystem::path& path(int row) const { return places_.at(static_cast<std::size_t>(row)).path; }
 
-    /// Marks the place that is shown; none where no place is at `folder`.
+    /// Marks the place at `folder`, if there is one.
     void showFolder(const std::filesystem::path& folder);
 
 signals:

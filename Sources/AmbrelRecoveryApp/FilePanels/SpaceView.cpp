@@ -18,7 +18,7 @@ namespace {
 constexpr int textSize = 13;
 constexpr int spacing = 2;
 
-/// None where the place does not exist, or does not know.
+/// Returns std::nullopt if the place does not exist or its free space is unknown.
 std::optional<std::uint64_t> availableByteCount(const std::filesystem::path& folder, const QString& way) {
     const std::optional<TypedItem> place = TypedItem::find(way + u'.', folder);
     if (!place) {
@@ -50,7 +50,7 @@ SpaceView::SpaceView(std::optional<std::uint64_t> requiredByteCount, QWidget* pa
     if (requiredByteCount_) {
         required_->setText(labelled(filesExportRequiredSpace(), *requiredByteCount_));
     }
-    // The line keeps its place while it is hidden, so that a size that comes a moment later moves nothing.
+    // The hidden line keeps its space, so that nothing moves when the size arrives.
     QSizePolicy policy = available_->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     available_->setSizePolicy(policy);

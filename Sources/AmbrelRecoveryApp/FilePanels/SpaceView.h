@@ -10,17 +10,17 @@
 
 class TextLabel;
 
-/// What an export needs and what the chosen place has free, each on a line of its own where it is known, and the latter
-/// in the colour of a warning where it is not enough. Nothing waits for a place that does not answer. Main thread.
+/// Shows the space that an export needs and the free space at the chosen place, each on its own line if known. The free
+/// space is in the warning color if it is not enough. A place that does not respond blocks nothing. Main thread.
 class SpaceView final : public QWidget {
     Q_OBJECT
 
 public:
     explicit SpaceView(std::optional<std::uint64_t> requiredByteCount, QWidget* parent = nullptr);
 
-    /// Shows another place: the folder in which the item lies that `typed`, as a name field has it, names in `folder`.
+    /// Sets the place: the folder of the item that `typed`, the text of a name field, names in `folder`.
     void setPlace(const std::filesystem::path& folder, const QString& typed);
-    /// Asks the place again.
+    /// Queries the free space again.
     void refresh();
 
 private:
@@ -29,7 +29,7 @@ private:
 
     const std::optional<std::uint64_t> requiredByteCount_;
     std::filesystem::path folder_;
-    /// What is typed before the item's own name.
+    /// The typed text without the item's own name.
     QString way_;
     LatestTask asking_;
     TextLabel* const required_;

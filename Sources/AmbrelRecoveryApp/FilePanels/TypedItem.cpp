@@ -21,7 +21,7 @@ bool isFolderToEnter(const std::filesystem::path& path) {
     return std::filesystem::is_directory(path, error) && !FolderContents::isWithinPackage(path);
 }
 
-/// The home sign is a name like any other where there is an item of that name.
+/// "~" is an ordinary name if an item of that name exists.
 std::filesystem::path pathOf(const QString& text, const std::filesystem::path& folder) {
     std::filesystem::path path = folder / text.toStdString();
     const bool isFromHome = text == u"~" || text.startsWith(u"~/");

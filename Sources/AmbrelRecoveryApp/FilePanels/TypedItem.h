@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <optional>
 
-/// What a text in the name field of a file panel stands for.
+/// The item that the text in a panel's name field refers to.
 struct TypedItem {
     std::filesystem::path path;
-    /// Whether it is a folder to go to, because it is written as one. Anything else is an item to take, whether it
-    /// exists or not; so is a backup package and what lies in one.
+    /// Whether this is a folder to enter: it exists, and the text ends with "/", "/." or "/..". Anything else is an
+    /// item to choose, whether or not it exists, including a backup package and anything inside one.
     bool isFolderToEnter = false;
 
-    /// What `text` names in `folder` or, where it begins with "~", at home; none where it names nothing. Blocks for as
-    /// long as the file system does; any thread.
+    /// Resolves `text` relative to `folder` or, if it starts with "~", to the home folder. Returns std::nullopt if it
+    /// names nothing. Blocks as long as the file system does; any thread.
     static std::optional<TypedItem> find(const QString& text, const std::filesystem::path& folder);
 };

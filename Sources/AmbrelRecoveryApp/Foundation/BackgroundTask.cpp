@@ -19,15 +19,15 @@ struct Count {
     int& of(BackgroundTask::AtEnd atEnd) { return atEnd == BackgroundTask::AtEnd::awaited ? awaited : abandoned; }
 };
 
-/// Never destroyed: work that outlives the wait at the end of the process still counts itself down.
+/// Never destroyed: work that outlives the wait at the end of the process still decrements its counter.
 Count& count() {
     static auto* const count = new Count;
     return *count;
 }
 
-/// The functions on their way to the main thread. They travel in a queue of our own, and the toolkit's event only says
-/// that there is one more, because the thread sanitizer sees this lock and not those inside the toolkit. An event that
-/// carried them would look like a race, and what hides that from the sanitizer hides true ones, too.
+/// The functions waiting to be called on the main thread. They are kept in our own queue, and the Qt event only signals
+/// that there is one more, because the thread sanitizer sees this lock but not those inside Qt. Events that carried the
+/// functions would look like data races, and suppressing those reports would also hide real races.
 struct Posted {
     std::mutex mutex;
     std::deque<std::function<void()>> functions;
@@ -48,13 +48,14 @@ void callNextPosted() {
     function();
 }
 
-/// Never looks into the event: who made it is known to the toolkit alone.
+/// Never reads the event: its hand-over between threads is synchronized inside Qt, where the thread sanitizer does not
+/// see it.
 class Caller final : public QObject {
 protected:
     void customEvent(QEvent*) override { callNextPosted(); }
 };
 
-/// Lives on the main thread, whoever asks first. Never destroyed, since threads may post to the last.
+/// Lives on the main thread, whichever thread asks first. Never destroyed, because threads may post until the very end.
 Caller& caller() {
     static auto* const caller = [] {
         auto* const made = new Caller;

@@ -11,27 +11,27 @@
 #include <type_traits>
 #include <utility>
 
-/// Runs blocking work on a thread of its own and brings the outcome back to the main thread.
-/// Cancelling is the work's own affair: hand it a std::stop_token, and look at that token again in the completion.
+/// Runs blocking work on a separate thread and delivers the result on the main thread. Cancellation is up to the work:
+/// pass it a std::stop_token, and check that token again in the completion.
 namespace BackgroundTask {
 
-/// Calls `function` on the main thread in a later turn of its event loop; calls from one thread keep their order.
-/// Any thread. Needs the application object.
+/// Calls `function` on the main thread in a later iteration of its event loop. Calls from one thread keep their order.
+/// Any thread; requires the application object.
 void postToMainThread(std::function<void()> function);
 
-/// What the end of the process does about work that still runs.
+/// Whether the end of the process waits for work that is still running.
 enum class AtEnd {
-    /// It waits, since the work leaves something behind otherwise.
+    /// Waited for, because aborted work would leave something behind.
     awaited,
-    /// It does not wait: the work only asks another program or a file system for something, and neither may ever
-    /// answer.
+    /// Not waited for: the work only queries another program or a file system, which may never answer.
     abandoned
 };
 
-/// Waits until no awaited work runs any more, at most `limit`. True where no work of either kind runs then. Any thread.
+/// Waits until no awaited work is running, but at most `limit`. Returns true if no work of either kind is running then.
+/// Any thread.
 bool waitForAll(std::chrono::milliseconds limit);
 
-/// Counts one running piece of work for waitForAll() while it lives.
+/// Counts as one running piece of work for waitForAll() during its lifetime.
 class Running {
 public:
     explicit Running(AtEnd atEnd);
@@ -43,7 +43,7 @@ private:
     const AtEnd atEnd_;
 };
 
-/// The outcome of `work()`, which is destroyed with everything it captured once it has returned or thrown.
+/// Returns the outcome of `work()`. Destroys `work`, with everything it captured, once it has returned or thrown.
 template<typename Work>
 std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
     std::promise<std::invoke_result_t<Work>> promise;
@@ -60,14 +60,14 @@ std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
     return promise.get_future();
 }
 
-/// Calls `work()` on a new thread and then `completion(std::future<Outcome>&)` on the main thread; the future is ready
-/// and holds what the work returned or threw. Main thread. Throws std::system_error where no thread can be had.
+/// Calls `work()` on a new thread, then `completion(std::future<Outcome>&)` on the main thread. The future is ready and
+/// holds what the work returned or threw. Main thread. Throws std::system_error if no thread can be created.
 template<typename Work, typename Completion>
 void run(Work work, Completion completion, AtEnd atEnd = AtEnd::awaited) {
     MainThread::require();
     auto running = std::make_unique<Running>(atEnd);
     std::thread([work = std::move(work), completion = std::move(completion), running = std::move(running)]() mutable {
-        // Shared, because what is posted must be copyable.
+        // Shared because std::function requires a copyable callable.
         const auto outcome = std::make_shared<std::future<std::invoke_result_t<Work>>>(outcomeOf(std::move(work)));
         postToMainThread([outcome, completion = std::move(completion)] { completion(*outcome); });
     }).detach();

@@ -11,7 +11,7 @@ constexpr char32_t deleteCharacter = 0x7F;
 constexpr char32_t firstPrintable = 0x20;
 
 bool joinsLetters(char32_t character) {
-    // Persian, Hindi and joined pictographs are spelled with these two.
+    // Persian, Hindi and composed emoji are spelled with these two.
     return character == 0x200C || character == 0x200D;
 }
 
@@ -41,7 +41,7 @@ QString shown(char32_t character) {
 } // namespace
 
 QString FileNameText::readable(std::string_view name) {
-    // Unlike QString::fromUtf8 this keeps a byte order mark at the start: the name has it, too.
+    // Unlike QString::fromUtf8(), this keeps a leading byte order mark, which is part of the name.
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QString text = decoder(QByteArrayView(name.data(), static_cast<qsizetype>(name.size())));

@@ -8,7 +8,7 @@ QByteArray FileURL::encoded(const std::filesystem::path& path) {
 
 std::optional<std::filesystem::path> FileURL::path(const QUrl& url) {
     const QString host = url.host();
-    // A host that makes no sense is empty, too, and the URL then invalid.
+    // An invalid host is empty as well, but then the URL is invalid.
     const bool isOfThisMachine = (host.isEmpty() && url.isValid()) || host == QLatin1String("localhost");
     if (url.scheme() != QLatin1String("file") || !isOfThisMachine || url.hasQuery() || url.hasFragment()) {
         return std::nullopt;

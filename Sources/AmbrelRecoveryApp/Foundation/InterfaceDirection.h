@@ -2,5 +2,5 @@
 
 #include <QtCore/qnamespace.h>
 
-/// The direction in which the screens are laid out: that of the language in which their texts are shown. Any thread.
+/// The layout direction of the screens, which is that of the language of their texts. Any thread.
 Qt::LayoutDirection interfaceDirection();

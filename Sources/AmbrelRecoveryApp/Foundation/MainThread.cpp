@@ -6,7 +6,7 @@
 
 namespace {
 
-// Initialised before main(), on its thread.
+// Initialized before main(), on the same thread.
 const std::thread::id mainThread = std::this_thread::get_id();
 
 } // namespace

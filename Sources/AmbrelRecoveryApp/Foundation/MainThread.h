@@ -1,10 +1,10 @@
 #pragma once
 
-/// The thread that main() runs on, which everything that the user sees is confined to. Any thread.
+/// The thread that main() runs on. The user interface is confined to it. Any thread.
 namespace MainThread {
 
-/// Stops the program, in every build, where it is not called on the main thread. Stands at the beginning of what may be
-/// called there alone, unless the toolkit confines it already, as it does every widget.
+/// Aborts the program, in every build, if not called on the main thread. Call it first in every function that is
+/// confined to the main thread, unless Qt already confines it, as it does every widget.
 void require();
 
 } // namespace MainThread

@@ -2,6 +2,7 @@
 
 #include <QString>
 
-/// The direction of a paragraph of the interface. A text without any letter from right to left is not in the language
-/// of an interface that runs so: it stands in for one that is missing.
+/// Returns the direction of a paragraph of the interface: `interfaceDirection`, or left-to-right if `text` has no
+/// right-to-left letter. In a right-to-left interface, such a text is the fallback for a missing translation. Any
+/// thread.
 Qt::LayoutDirection paragraphDirection(const QString& text, Qt::LayoutDirection interfaceDirection);

@@ -11,7 +11,7 @@ struct Row {
     QStringView text;
 };
 
-/// One text in every language: the English one, and the rows in the order in which they are compared.
+/// One text in every language: the English fallback and the translations.
 struct Table {
     QStringView english;
     std::span<const Row> rows;

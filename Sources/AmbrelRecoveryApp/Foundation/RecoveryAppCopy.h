@@ -3,13 +3,13 @@
 #include <QString>
 #include <unicode/locid.h>
 
-/// The few texts that only this application has, in every language of the interface; English where a language has no
-/// row. Callers pass the locale of the interface language, so that the texts follow what the user picked. Any thread;
-/// nothing throws.
+/// The few texts that only this application uses, in every language of the interface; English if a language has no row.
+/// Callers pass the locale of the interface language, so that the texts follow the user's choice. Any thread; nothing
+/// throws.
 namespace RecoveryAppCopy {
 
-/// The row that a locale takes: "zh-Hant" or "zh-Hans" wherever its identifier names such a script, else its language
-/// code, "en" where it has none.
+/// The row for a locale: "zh-Hant" or "zh-Hans" if its identifier contains such a script, otherwise its language code,
+/// or "en" if it has none.
 QString languageIdentifier(const icu::Locale& locale);
 
 /// A badge: no account is needed to open a backup.
@@ -30,16 +30,16 @@ QString providerPreparation(const icu::Locale& locale);
 /// The button that reveals the recovered folder.
 QString showInFinder(const icu::Locale& locale);
 
-/// Stands in the field for the secret while Caps Lock is on.
+/// Shown in the field for the secret while Caps Lock is on.
 QString capsLock(const icu::Locale& locale);
 
-/// What screen readers say of a step that lies behind the user.
+/// Read out by screen readers for a completed step.
 QString stepCompleted(const icu::Locale& locale);
 
-/// Stands on the card of the package before there is one.
+/// Shown on the package card before a package is chosen.
 QString chooseOrDrop(const icu::Locale& locale);
 
-/// Stands in the place of the snapshots where a backup holds none.
+/// Shown instead of the snapshots if a backup contains none.
 QString noSnapshots(const icu::Locale& locale);
 
 } // namespace RecoveryAppCopy

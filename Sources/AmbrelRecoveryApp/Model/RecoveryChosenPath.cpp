@@ -18,16 +18,16 @@ Path standardized(const Path& path) {
     return normal.has_filename() ? normal : normal.parent_path();
 }
 
-/// Whether anything has this name, a symbolic link that leads nowhere included.
+/// Whether anything has this name, including a dangling symbolic link.
 bool isTaken(const Path& path) {
     std::error_code error;
     return std::filesystem::exists(std::filesystem::symlink_status(path, error));
 }
 
-/// Whether `folder`, which exists, is `package` or somewhere in it; so it is, too, where that cannot be found out.
+/// Whether the existing `folder` is `package` or inside it. Returns true if that cannot be determined.
 bool isInside(const Path& folder, const Path& package) {
     std::error_code error;
-    // Libraries differ in whether a comparison with a missing file is an error.
+    // Standard libraries differ in whether a comparison with a missing file is an error.
     if (std::filesystem::status(package, error).type() == std::filesystem::file_type::not_found) {
         return false;
     }
@@ -47,8 +47,8 @@ bool isInside(const Path& folder, const Path& package) {
     return true;
 }
 
-/// Whether a new folder at `path`, which is absolute, may come to be inside `package`. Folders that are missing on the
-/// way may be made by the engine.
+/// Whether a new folder at the absolute `path` may be created inside `package`. The engine may create missing parent
+/// folders.
 bool mayLeadInto(const Path& package, const Path& path) {
     std::error_code error;
     Path folder = path.parent_path();
@@ -85,7 +85,7 @@ RecoveryChosenPath::Outcome RecoveryChosenPath::destination(const Path& chosen, 
     if (isTaken(chosen) || isTaken(path)) {
         return AmbrelRecoveryFailureKind::destinationExists;
     }
-    // The engine gets the path as it was chosen, and the system and a program may understand ".." in it differently.
+    // The engine gets the path as it was chosen, and the kernel and a program may resolve ".." in it differently.
     if (mayLeadInto(package, absolutePath(chosen)) || mayLeadInto(package, path)) {
         return AmbrelRecoveryFailureKind::destinationUnavailable;
     }

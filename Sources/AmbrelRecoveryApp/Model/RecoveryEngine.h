@@ -9,7 +9,7 @@
 
 class AmbrelRecoveryCredentialSession;
 
-/// The recovery engine as the workflow drives it. Any thread.
+/// The interface between the workflow and the recovery engine. Any thread.
 class RecoveryEngine {
 public:
     RecoveryEngine() = default;
@@ -17,14 +17,14 @@ public:
     RecoveryEngine& operator=(const RecoveryEngine&) = delete;
     virtual ~RecoveryEngine() = default;
 
-    /// Runs the engine with the session's credential and returns what it left. Blocks for the engine's whole life:
-    /// never on the main thread. Throws CancellationError where the token is stopped before the engine starts,
-    /// AmbrelRecoveryProcessError::operationAlreadyRunning where an earlier run did not come to its end, and other
-    /// errors of that type.
+    /// Runs the engine with the session's credential and returns its result. Blocks until the engine has ended: never
+    /// call it on the main thread. Throws CancellationError if the token is stopped before the engine starts,
+    /// AmbrelRecoveryProcessError::operationAlreadyRunning if an earlier run has not ended, and other errors of that
+    /// type.
     virtual AmbrelRecoveryProcessResult run(const std::vector<std::string>& arguments,
                                             const AmbrelRecoveryCredentialSession& session,
                                             AmbrelRecoveryAppFactor factor, const std::stop_token& stopToken) = 0;
 
-    /// Asks the running engine, if there is one, to end.
+    /// Asks the running engine, if any, to end.
     virtual void cancelCurrentOperation() = 0;
 };

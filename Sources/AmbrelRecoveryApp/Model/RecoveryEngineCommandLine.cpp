@@ -2,7 +2,7 @@
 
 namespace {
 
-/// Tells the engine to read the credential from its standard input.
+/// Makes the engine read the credential from its standard input.
 constexpr const char* credentialFlag = "--credential-stdin";
 
 } // namespace

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// The arguments that the engine is given, without the program's name. The credential is never among them.
+/// The engine's arguments, without the program's name. They never contain the credential.
 namespace RecoveryEngineCommandLine {
 
 std::vector<std::string> inspectArguments(const std::filesystem::path& package, AmbrelRecoveryAppFactor factor);

@@ -4,8 +4,8 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
 
-/// The right to run the engine. Held from before the runner is asked, since a run that was cancelled early registers
-/// its process late.
+/// The right to run the engine. Held before the runner is called, since a run that was cancelled early may register its
+/// process late.
 class RecoveryEngineProgram::Turn {
 public:
     Turn(RecoveryEngineProgram& program, const std::stop_token& stopToken) : program_(program) {

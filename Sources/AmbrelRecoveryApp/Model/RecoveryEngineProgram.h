@@ -8,15 +8,15 @@
 #include <filesystem>
 #include <mutex>
 
-/// The engine as a program. An engine that was asked to end may take its time for that, so a run waits for the end of
-/// the one before it.
+/// Runs the engine as a program. An engine that was asked to end may take time to do so, so a run waits for the
+/// previous one to end.
 class RecoveryEngineProgram final : public RecoveryEngine {
 public:
-    /// How long a run of the application waits for the one before it. An engine that was cancelled has until then to
-    /// remove what it had exported; one that is not gone by then is taken for one that never ends.
+    /// How long a run waits for the previous one. A cancelled engine has this long to remove what it has exported;
+    /// after that, it is assumed never to end.
     static constexpr std::chrono::minutes defaultWait{5};
 
-    /// The program at `executableURL`, a file path.
+    /// `executableURL` is the file path of the program.
     explicit RecoveryEngineProgram(const std::filesystem::path& executableURL,
                                    std::chrono::milliseconds longestWait = defaultWait);
 

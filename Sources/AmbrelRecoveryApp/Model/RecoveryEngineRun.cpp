@@ -17,7 +17,7 @@ RecoveryEngineRun::Outcome<Document> documentOrFailure(const AmbrelRecoveryProce
                                                        AmbrelRecoveryAppFactor factor) {
     if (result.exitCode == 0) {
         try {
-            // Decoded into its place: std::make_shared would have to copy what never changes.
+            // Constructed in place: std::make_shared would have to copy the const members.
             std::shared_ptr<const Document> document(new Document(Document::decode(result.standardOutput)));
             if (document->hasExpectedIdentifiers()) {
                 return document;
@@ -35,7 +35,7 @@ AmbrelRecoveryProcessResult RecoveryEngineRun::run(AmbrelRecoveryProcessRunner& 
                                                    const std::vector<std::string>& arguments,
                                                    const AmbrelRecoveryCredentialSession& session,
                                                    AmbrelRecoveryAppFactor factor, const std::stop_token& stopToken) {
-    // The stack of a thread that ends is kept for the next one.
+    // The stack of a thread that has ended is reused for the next one.
     const SecretStackWiper wiper;
     if (stopToken.stop_requested()) {
         throw CancellationError();
@@ -65,7 +65,7 @@ AmbrelRecoveryFailureKind RecoveryEngineRun::failureKind(const std::exception_pt
     } catch (AmbrelRecoveryPackagePreparationError) {
         return AmbrelRecoveryFailureKind::packageUnavailable;
     } catch (AmbrelRecoveryProcessError processError) {
-        // A run that took too long is told as a package that could not be read.
+        // A timeout is presented as a package that could not be read.
         return processError == AmbrelRecoveryProcessError::timedOut ? AmbrelRecoveryFailureKind::packageUnavailable
                                                                     : AmbrelRecoveryFailureKind::generic;
     } catch (...) {

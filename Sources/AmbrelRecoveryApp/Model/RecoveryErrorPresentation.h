@@ -6,7 +6,7 @@
 /// Turns failures into texts for the user, in the current interface language. Any thread.
 namespace RecoveryErrorPresentation {
 
-/// A new error, with an identity of its own, for a failure kind.
+/// Returns a new error with its own identity for a failure kind.
 RecoveryViewModel::PresentedError errorPresentation(AmbrelRecoveryFailureKind kind);
 
 } // namespace RecoveryErrorPresentation

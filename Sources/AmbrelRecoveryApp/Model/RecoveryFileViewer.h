@@ -10,6 +10,6 @@ public:
     RecoveryFileViewer& operator=(const RecoveryFileViewer&) = delete;
     virtual ~RecoveryFileViewer() = default;
 
-    /// Shows `folder` selected in the folder that holds it; it is not opened itself.
+    /// Shows `folder` as selected in its parent folder, without opening it.
     virtual void reveal(const std::filesystem::path& folder) = 0;
 };

@@ -7,10 +7,11 @@
 #include <functional>
 #include <optional>
 
-/// The dialogs in which the user names files. Main thread.
+/// The dialogs in which the user chooses files. Main thread.
 class RecoveryPanels {
 public:
-    /// Takes the chosen path, or none where the dialog was dismissed. Called once, at once or later.
+    /// Receives the chosen path, or std::nullopt if the dialog was dismissed. Called exactly once, immediately or
+    /// later.
     using Completion = std::function<void(std::optional<std::filesystem::path>)>;
 
     struct OpenPanel {
@@ -24,7 +25,7 @@ public:
         /// The label of the button that confirms.
         QString prompt;
         QString proposedName;
-        /// How many bytes will be written there; none where it is not known.
+        /// The number of bytes that will be written, or std::nullopt if unknown.
         std::optional<std::uint64_t> requiredByteCount;
     };
 
@@ -36,6 +37,6 @@ public:
     /// Lets the user choose one existing file or folder; a backup package is chosen as one item and not entered.
     virtual void chooseBackup(const OpenPanel& panel, Completion completion) = 0;
 
-    /// Lets the user name a new item, in a folder that may be made on the way.
+    /// Lets the user name a new item; its folder may be created in the dialog.
     virtual void chooseDestination(const SavePanel& panel, Completion completion) = 0;
 };

@@ -139,7 +139,7 @@ void RecoveryViewModel::chooseDestinationAndExport() {
                                       });
 }
 
-/// The size of the selected snapshot; none where the inspection holds none of that code.
+/// The size of the selected snapshot; std::nullopt if the inspection has no snapshot with that code.
 std::optional<std::uint64_t> RecoveryViewModel::selectedByteCount() const {
     using Snapshot = AmbrelRecoveryInspectionDocument::Snapshot;
     const auto selected = std::ranges::find(inspection_->snapshots, *selectedSnapshotCode_, &Snapshot::selectionCode);
@@ -147,7 +147,7 @@ std::optional<std::uint64_t> RecoveryViewModel::selectedByteCount() const {
 }
 
 void RecoveryViewModel::exportTo(const Path& chosen) {
-    // The panel may have stood open while assistive technology pressed something behind it.
+    // Assistive technology can activate controls behind the open panel.
     if (!packageURL_ || !canExport()) {
         return;
     }
@@ -161,7 +161,7 @@ void RecoveryViewModel::exportTo(const Path& chosen) {
 }
 
 void RecoveryViewModel::applyDestination(const Path& destination, const Path& chosen) {
-    // The check may have taken its time.
+    // The state may have changed during the check.
     if (!packageURL_ || !canExport()) {
         return;
     }
@@ -217,7 +217,7 @@ void RecoveryViewModel::forgetPackageContents() {
     dropCredentialSession();
 }
 
-/// Stops the operation first and the engine then, so that an engine that is being launched meanwhile sees the stop.
+/// Stops the operation before the engine, so that an engine that is just being launched sees the stop.
 void RecoveryViewModel::cancelRunningOperation() {
     operationTask_.request_stop();
     if (engine_) {

@@ -29,20 +29,20 @@ class RecoveryEngine;
 class RecoveryFileViewer;
 class RecoveryPanels;
 
-/// The one object that sequences a recovery: choose a package, type the credential, inspect, pick a snapshot, choose a
-/// destination, export, show the result. It owns all workflow state; the screens read it and call its operations.
-/// Lives on the main thread, and every member is called there but the static ones. A call on another thread that would
-/// change or start something stops the program.
+/// Controls the workflow of a recovery: choose a package, type the credential, inspect, pick a snapshot, choose a
+/// destination, export, show the result. Owns all workflow state; the screens read it and call its operations. Lives on
+/// the main thread; all members except the static ones are called there. A call on another thread that would change or
+/// start something aborts the program.
 class RecoveryViewModel final : public QObject {
     Q_OBJECT
 
 public:
-    /// The step of the workflow that is shown.
+    /// The current step of the workflow.
     enum class Phase { chooseBackup, preparingPackage, inspecting, snapshots, exporting, complete };
 
-    /// An error as the user sees it, in the interface language of the moment when it was made.
+    /// An error as shown to the user, in the interface language at the time it was created.
     struct PresentedError {
-        /// Fresh for every presentation: the same failure shown twice is two errors.
+        /// Unique for every presentation: the same failure shown twice is two errors.
         QUuid id;
         QString title;
         QString body;
@@ -50,7 +50,7 @@ public:
         bool operator==(const PresentedError&) const = default;
     };
 
-    /// What the workflow needs of the desktop. The panels and the viewer must outlive the model.
+    /// The parts of the desktop that the workflow uses. The panels and the viewer must outlive the model.
     struct Desktop {
         RecoveryPanels& panels;
         RecoveryFileViewer& fileViewer;
@@ -58,29 +58,29 @@ public:
         std::shared_ptr<CloudItems> cloudItems;
     };
 
-    /// A model for the engine at `executableURL`, a file path. Without one the generic error is presented at once, and
-    /// inspecting and exporting do nothing.
+    /// A model for the engine at `executableURL`, a file path. Without one, the generic error is presented immediately,
+    /// and inspecting and exporting do nothing.
     RecoveryViewModel(const std::optional<std::filesystem::path>& executableURL, Desktop desktop);
 
-    /// A model that drives `engine`; null stands for none.
+    /// A model that uses `engine`; null means that there is no engine.
     RecoveryViewModel(std::shared_ptr<RecoveryEngine> engine, Desktop desktop);
 
-    /// Cancels what is running and wipes the credential.
+    /// Cancels the running operation and wipes the credential.
     ~RecoveryViewModel() override;
 
     Phase phase() const { return phase_; }
-    /// The chosen package, absolute, without "." and ".." in it.
+    /// The chosen package: an absolute path without "." and "..".
     const std::optional<std::filesystem::path>& packageURL() const { return packageURL_; }
     AmbrelRecoveryAppFactor factor() const { return factor_; }
-    /// The text in the entry field; emptied as soon as an inspection starts.
+    /// The text in the entry field; cleared as soon as an inspection starts.
     const SecretText& credential() const { return credential_; }
     /// The accepted inspection, or null.
     const std::shared_ptr<const AmbrelRecoveryInspectionDocument>& inspection() const { return inspection_; }
     const std::optional<std::string>& selectedSnapshotCode() const { return selectedSnapshotCode_; }
-    /// The export's destination folder, absolute, without "." and ".." in it.
+    /// The destination folder of the export: an absolute path without "." and "..".
     const std::optional<std::filesystem::path>& destinationURL() const { return destinationURL_; }
     const std::shared_ptr<const AmbrelRecoveryExportDocument>& exportResult() const { return exportResult_; }
-    /// How much of the package is downloaded, 0 to 1; none where it is not known or nothing is prepared.
+    /// The downloaded fraction of the package, 0 to 1; std::nullopt if unknown or if nothing is being prepared.
     const std::optional<double>& packagePreparationProgress() const { return packagePreparationProgress_; }
     const std::optional<PresentedError>& presentedError() const { return presentedError_; }
 
@@ -92,38 +92,39 @@ public:
     void setSelectedSnapshotCode(std::optional<std::string> code);
     void dismissPresentedError();
 
-    /// Whether a long operation runs: a package is being prepared or inspected, or a snapshot exported.
+    /// Whether a long operation is running: a package is being prepared or inspected, or a snapshot exported.
     bool isBusy() const { return isBusy(phase_); }
-    /// Whether a long operation runs in `phase`. Any thread.
+    /// Whether a long operation is running in `phase`. Any thread.
     static bool isBusy(Phase phase);
     bool canInspect() const;
     bool canExport() const;
 
     /// Lets the user choose a package. Ignored while busy.
     void chooseBackup();
-    /// Takes `chosen` as the package where it is a directory with the extension "ambrel", and presents an error
-    /// otherwise; once the disk has told, and unless the user has gone on meanwhile: another choice, a step that was
-    /// begun, a cancellation. Ignored while busy.
+    /// Accepts `chosen` as the package if it is a directory with the extension "ambrel"; otherwise presents an error.
+    /// The check is asynchronous, and its result is dropped if the user moves on first: with another choice, another
+    /// step or a cancellation. Ignored while busy.
     void acceptPackage(const std::filesystem::path& chosen);
     /// Prepares and inspects the package with the typed credential. Ignored unless canInspect().
     void inspectBackup();
-    /// Lets the user name a new folder and exports the selected snapshot into it, once the disk has told that it is
-    /// new and not inside the package, and unless the user has gone on meanwhile. Ignored unless canExport().
+    /// Lets the user name a new folder and exports the selected snapshot into it. First checks asynchronously that the
+    /// folder does not exist and is not inside the package; the result is dropped if the user moves on first. Ignored
+    /// unless canExport().
     void chooseDestinationAndExport();
     /// Shows the exported folder in the file viewer.
     void openRecoveredFolder();
-    /// Cancels what is running and begins anew; only the factor stays.
+    /// Cancels the running operation and starts over; only the factor is kept.
     void startAgain();
-    /// Cancels what is running. An accepted inspection and its credential stay.
+    /// Cancels the running operation. An accepted inspection and its credential are kept.
     void cancelOperation();
 
-    /// A fraction as a whole percentage in the interface language, not clamped. Any thread.
+    /// Formats a fraction as a whole percentage in the interface language, not clamped. Any thread.
     static QString formattedPercent(double fraction);
-    /// A time, in milliseconds since the Unix epoch, as date and time in the interface language. Any thread.
+    /// Formats a time, in milliseconds since the Unix epoch, as date and time in the interface language. Any thread.
     static QString formattedDate(std::int64_t milliseconds);
 
 signals:
-    /// A published property is about to change. Its new value can be read in a later turn of the event loop.
+    /// A published property is about to change. Read its new value in a later iteration of the event loop.
     void aboutToChange();
 
 private:
@@ -141,15 +142,16 @@ private:
     std::optional<std::uint64_t> selectedByteCount() const;
     void exportTo(const std::filesystem::path& chosen);
     void applyDestination(const std::filesystem::path& destination, const std::filesystem::path& chosen);
-    /// Begins a new operation in the place of the last one and gives the token that tells of its cancellation.
+    /// Starts a new operation in place of the last one and returns its stop token.
     std::stop_token beginOperation();
-    /// Runs `work` in the background and then `succeed` with its outcome on the main thread, or `fail` with what either
-    /// of them threw; neither where the model is gone or the operation cancelled by then.
+    /// Runs `work` in the background, then calls `succeed` with its result on the main thread, or `fail` with the
+    /// exception that either of them threw. Calls neither if the model has been destroyed or the operation cancelled by
+    /// then.
     template<typename Work, typename Succeeding>
     void runStep(const std::stop_token& stopToken, Work work, Succeeding succeed, Failing fail,
                  BackgroundTask::AtEnd atEnd = BackgroundTask::AtEnd::awaited);
-    /// Runs `check` in the background, in the place of the last operation, and presents its failure or lets `accept`
-    /// have the path. A disk that never answers keeps nothing from going on.
+    /// Runs `check` in the background, in place of the last operation. Presents its failure, or calls `accept` with the
+    /// path. A file system that never answers blocks nothing.
     void checkChoice(std::function<RecoveryChosenPath::Outcome()> check, Accepting accept);
     void startPreparation();
     void startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor);
@@ -178,10 +180,9 @@ private:
     std::optional<PresentedError> presentedError_;
 
     const Desktop desktop_;
-    /// Null where there is no engine. Shared with the thread of a running operation.
+    /// Null if there is no engine. Shared with the thread of a running operation.
     const std::shared_ptr<RecoveryEngine> engine_;
-    /// Stops the operation in flight or the last one. At most one operation is current: the check of a choice, or a
-    /// long one.
+    /// Stops the running or last operation. At most one is current: the check of a choice, or a long operation.
     std::stop_source operationTask_{std::nostopstate};
     /// Holds the credential between inspection and export.
     std::shared_ptr<AmbrelRecoveryCredentialSession> credentialSession_;

@@ -1,5 +1,4 @@
-// The long operations of the model. Each step runs on a thread of its own; what it leaves is applied on the main
-// thread.
+// The long operations of the model. Each step runs on a background thread; its result is applied on the main thread.
 
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngine.h"
@@ -40,7 +39,7 @@ void RecoveryViewModel::runStep(const std::stop_token& stopToken, Work work, Suc
     try {
         BackgroundTask::run(std::move(work), complete, atEnd);
     } catch (const std::system_error&) {
-        // No thread can be had.
+        // No thread is available.
         (this->*fail)(std::current_exception());
     }
 }
@@ -147,7 +146,8 @@ void RecoveryViewModel::failPreparationOrInspection(const std::exception_ptr& er
     presentInspectionFailure(RecoveryEngineRun::failureKind(error));
 }
 
-/// From the session into the field: the engine never saw it, and nobody shall type it twice for that.
+/// Moves the credential from the session back into the field: the engine never received it, and the user should not
+/// have to type it again.
 void RecoveryViewModel::giveCredentialBack() {
     const SecretStackWiper wiper;
     if (const std::optional<SecretBytes> credential = credentialSession_->credential(factor_)) {
@@ -165,7 +165,7 @@ void RecoveryViewModel::presentInspectionFailure(AmbrelRecoveryFailureKind kind)
     publish(presentedError_, errorPresentation(kind));
 }
 
-/// Keeps the credential session, so that the user can try again without typing.
+/// Keeps the credential session, so that the user can retry without typing.
 void RecoveryViewModel::presentExportFailure(AmbrelRecoveryFailureKind kind) {
     publish(phase_, Phase::snapshots);
     publish(presentedError_, errorPresentation(kind));

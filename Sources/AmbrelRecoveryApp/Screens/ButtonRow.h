@@ -6,12 +6,12 @@
 
 class QPushButton;
 
-/// Buttons side by side, or one below the other where they do not fit.
+/// Buttons side by side, or one below the other if they do not fit.
 class ButtonRow final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes the buttons as its own, in reading order.
+    /// Takes ownership of the buttons, which are in reading order.
     explicit ButtonRow(std::vector<QPushButton*> buttons, QWidget* parent = nullptr);
 
     bool hasHeightForWidth() const override { return true; }

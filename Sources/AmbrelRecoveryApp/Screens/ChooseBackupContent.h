@@ -8,14 +8,14 @@
 
 #include <optional>
 
-/// What the screen shows on which a package is chosen, unlocked and inspected.
+/// The content of the screen on which a package is chosen, unlocked and inspected.
 struct ChooseBackupContent {
     struct Package {
-        /// The file name of the chosen package, or none.
+        /// The file name of the chosen package, or std::nullopt.
         std::optional<QString> name;
-        /// What kind of file it is.
+        /// The kind of file.
         QString kind;
-        /// What to do as long as there is none.
+        /// What to do while no package is chosen.
         QString hint;
         QString chooseLabel;
         bool canChoose = false;
@@ -50,7 +50,7 @@ struct ChooseBackupContent {
     Package package;
     std::optional<Preparation> preparation;
     Credential credential;
-    /// Shown in the place of the inspect button while the engine inspects.
+    /// Shown instead of the inspect button while the engine inspects.
     std::optional<ProgressRowContent> inspecting;
     QString inspectLabel;
     bool canInspect = false;
@@ -59,5 +59,5 @@ struct ChooseBackupContent {
     bool operator==(const ChooseBackupContent&) const = default;
 };
 
-/// The screen in the current interface language. Any thread.
+/// Returns the content in the current interface language. Any thread.
 ChooseBackupContent chooseBackupContent(const RecoveryScreenState& state);

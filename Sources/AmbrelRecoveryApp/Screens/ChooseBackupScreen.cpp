@@ -18,7 +18,7 @@ ChooseBackupScreen::ChooseBackupScreen(QWidget* parent)
       credential_(new CredentialCard(this)), inspect_(new PrimaryRecoveryButton(RecoverySymbol::checkmarkShield, this)),
       inspecting_(new ProgressRow(this)),
       footnote_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this, 16)) {
-    // As high as the button whose place it takes.
+    // As high as the button that it replaces.
     inspecting_->setMinimumHeight(inspect_->sizeHint().height());
 
     auto* const layout = new QVBoxLayout(this);

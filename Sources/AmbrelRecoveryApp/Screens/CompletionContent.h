@@ -6,12 +6,12 @@
 
 #include <optional>
 
-/// What the screen shows after an export.
+/// The content of the screen after an export.
 struct CompletionContent {
     QString title;
-    /// How many items were recovered; none without an export report.
+    /// How many items were recovered; std::nullopt without an export report.
     std::optional<QString> exported;
-    /// What the path of the exported folder is called where that path is shown.
+    /// The label of the exported folder's path, if that path is shown.
     QString pathLabel;
     QString revealLabel;
     QString startAgainLabel;
@@ -19,5 +19,5 @@ struct CompletionContent {
     bool operator==(const CompletionContent&) const = default;
 };
 
-/// The screen in the current interface language. Any thread.
+/// Returns the content in the current interface language. Any thread.
 CompletionContent completionContent(const RecoveryScreenState& state);

@@ -20,9 +20,9 @@ public:
     explicit CompletionScreen(QWidget* parent = nullptr);
 
     void apply(const CompletionContent& content);
-    /// Shows the path of the exported folder, or hides it where there is none to show.
+    /// Shows the path of the exported folder, or hides it if there is none to show.
     void applyPath(const std::optional<std::filesystem::path>& folder);
-    /// Selects the path that is shown, and gives it the focus.
+    /// Selects the shown path and gives it the focus.
     void selectPath();
     PrimaryRecoveryButton* revealButton() const { return reveal_; }
 

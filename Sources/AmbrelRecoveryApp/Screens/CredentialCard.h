@@ -7,7 +7,7 @@ class SecureField;
 class SegmentedPicker;
 class TextLabel;
 
-/// Which secret the user types, and the field to type it in.
+/// The choice of the kind of secret, and the field to type it in.
 class CredentialCard final : public Card {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ std::optional<std::filesystem::path> onlyLocalItem(const QMimeData& dragged) {
     return urls.size() == 1 ? FileURL::path(urls.first()) : std::nullopt;
 }
 
-/// The action that leaves the dragged item as it is, or none where it could only be moved.
+/// Returns an action that leaves the dragged item in place, or std::nullopt if it could only be moved.
 std::optional<Qt::DropAction> harmlessAction(Qt::DropActions possible) {
     for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction}) {
         if (possible.testFlag(action)) {
@@ -79,7 +79,7 @@ bool DropArea::eventFilter(QObject* object, QEvent* event) {
 
 void DropArea::answer(QDropEvent& drag) {
     const std::optional<Qt::DropAction> action = harmlessAction(drag.possibleActions());
-    // An open panel is answered first.
+    // An open panel has to be answered first.
     const bool isTaken = isAccepting_ && dragged_ && action && QApplication::activeModalWidget() == nullptr;
     if (isTaken) {
         drag.setDropAction(*action);

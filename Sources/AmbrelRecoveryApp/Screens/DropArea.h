@@ -7,16 +7,16 @@
 
 class QDropEvent;
 
-/// Takes one local file or folder that is dragged onto a widget, and shows a quiet frame over it while it would be
-/// taken. What is dropped is only named: it is never moved.
+/// Accepts one local file or folder that is dropped onto a widget, and shows a subtle frame over the widget while a
+/// dragged item would be accepted. Only the path of the item is reported; the item is never moved.
 class DropArea final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Covers `parent`, which becomes the target of drops anywhere on it.
+    /// Covers `parent`, which accepts drops anywhere on it.
     explicit DropArea(QWidget* parent);
 
-    /// Whether anything is taken now; at first nothing is.
+    /// Sets whether drops are accepted; initially they are not.
     void setAccepting(bool isAccepting);
 
 signals:
@@ -28,11 +28,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// Answers a drag over the widget: with a copy of what is dragged, or not at all.
+    /// Accepts a drag with an action that leaves the item in place, or ignores it.
     void answer(QDropEvent& drag);
     void showHint(bool isShown);
 
     bool isAccepting_ = false;
-    /// What is dragged over the widget and would be taken.
+    /// The local item that is dragged over the widget, if it is the only one.
     std::optional<std::filesystem::path> dragged_;
 };

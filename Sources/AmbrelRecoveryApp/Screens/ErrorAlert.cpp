@@ -47,8 +47,8 @@ void ErrorAlert::apply(const std::optional<ErrorAlertContent>& content) {
     }
 }
 
-/// Where the window is not the active one, a dialog that opens tells what would have the focus in it that it has been
-/// focused: a caret would blink behind the alert.
+/// If the window is not active, a dialog that opens sends a focus event to the widget that would have the focus, and a
+/// caret would blink behind the alert.
 void ErrorAlert::leaveFocus() {
     QWidget* const focused = window()->focusWidget();
     if (focused != nullptr && !focused->hasFocus()) {
@@ -75,7 +75,7 @@ void ErrorAlert::cover() {
     update();
 }
 
-/// Assistive technology and the desktop may hand the focus to anything.
+/// Assistive technology and the desktop may give the focus to any widget.
 void ErrorAlert::keepFocus(QWidget* focused) {
     if (isVisible() && focused != nullptr && focused->window() == window() && !isAncestorOf(focused)) {
         dialog_->takeFocus();

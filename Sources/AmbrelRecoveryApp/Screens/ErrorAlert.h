@@ -8,21 +8,21 @@
 
 class ErrorAlertDialog;
 
-/// Dims the window and shows an error in its middle until the user has taken note. While it is shown nothing else in
-/// the window can be clicked or takes the focus.
+/// Dims the window and shows an error in its middle until the user dismisses it. While it is shown, nothing else in the
+/// window can be clicked or get the focus.
 class ErrorAlert final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Covers `parent`, and stays above what else is in it.
+    /// Covers `parent` and stays above everything else in it.
     explicit ErrorAlert(QWidget* parent);
 
-    /// Shows the error, or hides where there is none. An error with another identity is shown anew.
+    /// Shows the error, or hides the alert if there is none. An error with another id is presented as a new one.
     void apply(const std::optional<ErrorAlertContent>& content);
     void takeFocus();
 
 signals:
-    /// The user has taken note.
+    /// The user dismissed the alert.
     void dismissed();
 
 protected:

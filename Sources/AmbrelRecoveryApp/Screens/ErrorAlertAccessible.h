@@ -4,7 +4,7 @@
 
 class ErrorAlertDialog;
 
-/// The error alert as assistive technology meets it: an alert, named by its title, that keeps everything else from use.
+/// The accessible interface of the error alert: a modal alert, named by its title.
 class ErrorAlertAccessible final : public QAccessibleWidget {
 public:
     explicit ErrorAlertAccessible(ErrorAlertDialog* dialog);

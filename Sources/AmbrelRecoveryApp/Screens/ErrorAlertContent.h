@@ -9,7 +9,7 @@
 
 /// What the error alert shows.
 struct ErrorAlertContent {
-    /// Two alerts with different identities are two alerts, even where their texts are the same.
+    /// Alerts with different ids are different, even if their texts are the same.
     QUuid id;
     QString title;
     QString body;
@@ -18,5 +18,5 @@ struct ErrorAlertContent {
     bool operator==(const ErrorAlertContent&) const = default;
 };
 
-/// The alert, or none where no error is presented. Any thread.
+/// Returns the alert, or std::nullopt if no error is presented. Any thread.
 std::optional<ErrorAlertContent> errorAlertContent(const RecoveryScreenState& state);

@@ -51,7 +51,7 @@ void ErrorAlertDialog::takeFocus() {
 }
 
 bool ErrorAlertDialog::focusNextPrevChild(bool /*next*/) {
-    // There is only the button, and what lies behind must not be reached.
+    // There is only the button, and nothing behind the dialog may get the focus.
     return true;
 }
 

@@ -7,8 +7,8 @@
 class PrimaryRecoveryButton;
 class TextLabel;
 
-/// The panel of an error: title, body and one button, which Return and Escape press too. It lies in the window, so that
-/// it looks the same on every desktop.
+/// The panel of an error: title, body and one button. Return and Escape dismiss it as the button does. It is part of
+/// the window, so that it looks the same on every desktop.
 class ErrorAlertDialog final : public QDialog {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// Where the keyboard should act after the workflow has gone on.
+/// Where the focus belongs after the workflow has advanced.
 namespace FocusPlan {
 
 enum class Target {
@@ -17,10 +17,10 @@ enum class Target {
     revealButton
 };
 
-/// Where the focus is when the view is made. Any thread.
+/// Returns where the focus is when the view is created. Any thread.
 Target first(const RecoveryScreenState& state);
 
-/// Where the focus goes when `before` has become `after`, or none where it stays. Any thread.
+/// Returns where the focus goes when `before` has become `after`, or std::nullopt if it stays. Any thread.
 std::optional<Target> target(const RecoveryScreenState& before, const RecoveryScreenState& after);
 
 } // namespace FocusPlan

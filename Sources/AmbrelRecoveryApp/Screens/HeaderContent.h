@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What stands above every screen.
+/// The content above every screen.
 struct HeaderContent {
     QString badge;
     QString title;
@@ -11,5 +11,5 @@ struct HeaderContent {
     bool operator==(const HeaderContent&) const = default;
 };
 
-/// The header in the current interface language. Any thread.
+/// Returns the header in the current interface language. Any thread.
 HeaderContent headerContent();

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int bodySize = 16;
-/// One and a half times the size.
+/// One and a half times the body size.
 constexpr int bodyLinePitch = 24;
 constexpr int bodyWidth = 600;
 

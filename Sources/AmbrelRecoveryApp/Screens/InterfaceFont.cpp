@@ -14,12 +14,12 @@ namespace {
 struct Companion {
     AmbrelInterfaceLanguage language;
     QLatin1String family;
-    /// Without effect on fonts with outlines. Qt keeps fonts by what was asked for, families but the first not counted:
-    /// without it a font that was loaded for one language would be taken for another.
+    /// Has no effect on outline fonts. Qt caches fonts by the request, but of its families only by the first: without
+    /// this mark, a font that was loaded for one language would be reused for another.
     QFont::StyleStrategy mark;
 };
 
-/// The families that are drawn to stand beside one another in many scripts.
+/// Families that are designed to match one another across scripts.
 const std::array companions{
     Companion{AmbrelInterfaceLanguage::arabic, QLatin1String("Noto Sans Arabic"), QFont::PreferDefault},
     Companion{AmbrelInterfaceLanguage::japanese, QLatin1String("Noto Sans CJK JP"), QFont::PreferDevice},
@@ -38,7 +38,7 @@ const Companion* companionOf(AmbrelInterfaceLanguage language) {
 QStringList interfaceFontFamilies(const QString& familyOfTheDesktop, AmbrelInterfaceLanguage language) {
     QStringList families = {familyOfTheDesktop};
     if (const Companion* const companion = companionOf(language)) {
-        // A desktop in another of these languages may have the companion of that language for all of its texts.
+        // A desktop in another of these languages may use that language's companion for all of its texts.
         const bool isForeign =
             std::ranges::find(companions, familyOfTheDesktop, &Companion::family) != companions.end();
         families.insert(isForeign ? 0 : 1, companion->family);
@@ -51,8 +51,8 @@ void applyInterfaceFont() {
     QFont font = ofTheDesktop;
     const AmbrelInterfaceLanguage language = AmbrelStrings::currentInterfaceLanguage().shown();
     if (const Companion* const companion = companionOf(language)) {
-        // By its real name: before a name that only stands for others, such as Sans Serif, the companion would be
-        // taken. Asked for only here, because the answer takes half a millisecond of the start.
+        // The real name of the family: the companion would take precedence over a mere alias, such as Sans Serif.
+        // Queried only here, because that takes half a millisecond at startup.
         static const QString family = QFontInfo(ofTheDesktop).family();
         font.setFamilies(interfaceFontFamilies(family, language));
         font.setStyleStrategy(companion->mark);

@@ -4,12 +4,12 @@
 
 #include <QStringList>
 
-/// The families from which the interface is drawn in a language, the first one that has a character first. `language`
-/// is not `system`. Any thread.
+/// Returns the font families for the interface in `language`, in order of preference. `language` is not `system`. Any
+/// thread.
 QStringList interfaceFontFamilies(const QString& familyOfTheDesktop, AmbrelInterfaceLanguage language);
 
-/// Gives the application's font the family that stands in for it where it lacks the script of the interface's language:
-/// of one Han character, Chinese, Japanese and Korean readers expect different forms. A font of the desktop that has
-/// the script keeps it, and a family that is not installed changes nothing. Widgets follow with the next events. Main
-/// thread, with an application object.
+/// Adds to the application's font the fallback family for the interface language: Chinese, Japanese and Korean readers
+/// expect different forms of the same Han character. If the desktop's own font has the script, that font is used for
+/// it; a family that is not installed has no effect. Widgets are updated with the next events. Main thread; requires
+/// the application object.
 void applyInterfaceFont();

@@ -9,7 +9,7 @@ class RailBadge;
 class RailStepList;
 class TextLabel;
 
-/// The side rail: the brand, the three steps of the way, and two promises.
+/// The side rail: the brand, the three steps, and two badges.
 class JourneyRail final : public QWidget {
     Q_OBJECT
 

@@ -13,9 +13,9 @@ struct JourneyRailContent {
         QString number;
         QString title;
         bool isActive = false;
-        /// Shown as a checkmark in the place of the number.
+        /// Shown as a checkmark instead of the number.
         bool isCompleted = false;
-        /// What screen readers say for the checkmark.
+        /// Read out by screen readers for the checkmark.
         QString spokenCheckmark;
 
         bool operator==(const Step&) const = default;
@@ -30,5 +30,5 @@ struct JourneyRailContent {
     bool operator==(const JourneyRailContent&) const = default;
 };
 
-/// The rail in the current interface language. Any thread.
+/// Returns the content in the current interface language. Any thread.
 JourneyRailContent journeyRailContent(const RecoveryScreenState& state);

@@ -24,14 +24,14 @@ MainContent::MainContent(QWidget* parent)
     : QScrollArea(parent), column_(new QWidget), header_(new HeaderView(column_)),
       chooseBackup_(new ChooseBackupScreen(column_)), snapshots_(new SnapshotsScreen(column_)),
       completion_(new CompletionScreen(column_)) {
-    // Before it has a layout: the scroll area asks a widget that it is given for its size, and no text is there yet.
+    // Before the column has a layout: the scroll area queries the size of its widget, and there is no text yet.
     setWidget(column_);
 
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(23);
     lines->addLayout(withTrailingInset(header_));
     for (QWidget* const screen : std::initializer_list<QWidget*>{chooseBackup_, snapshots_, completion_}) {
-        // Before it is in the layout, which shows what nobody has hidden.
+        // Before it is added to the layout, which shows every widget that is not explicitly hidden.
         ShownPart::setShown(screen, screen == chooseBackup_);
         lines->addWidget(screen, 1);
     }
@@ -41,7 +41,7 @@ MainContent::MainContent(QWidget* parent)
     row->setSpacing(0);
     row->addSpacing(sidePadding);
     row->addLayout(lines, 1);
-    // The two scroll bars stand in the padding.
+    // The two scroll bars are inside the padding.
     row->addSpacing(sidePadding - 2 * QuietScrollBar::thickness);
 
     column_->setAutoFillBackground(false);

@@ -7,8 +7,8 @@ class CompletionScreen;
 class HeaderView;
 class SnapshotsScreen;
 
-/// The header and one of the three screens below it. What is too high for the window is scrolled; the snapshot list is
-/// scrolled by itself first, so that the export button stays in sight.
+/// The header and one of the three screens below it. Content that is too high for the window can be scrolled. The
+/// snapshot list scrolls first, so that the export button stays visible.
 class MainContent final : public QScrollArea {
     Q_OBJECT
 

@@ -6,6 +6,6 @@
 
 #include <optional>
 
-/// The row of a running operation in the current interface language. `fraction` is 0 to 1, or none where it is not
-/// known. Any thread.
+/// Returns the row for a running operation in the current interface language. `fraction` is 0 to 1, or std::nullopt if
+/// unknown. Any thread.
 ProgressRowContent operationProgress(const QString& title, const std::optional<double>& fraction);

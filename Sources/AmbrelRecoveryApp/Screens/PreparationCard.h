@@ -6,7 +6,7 @@
 class ProgressRow;
 class TextLabel;
 
-/// What happens while the package is made readable.
+/// Shows the progress while the package is made readable.
 class PreparationCard final : public Card {
     Q_OBJECT
 

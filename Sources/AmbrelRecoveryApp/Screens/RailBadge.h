@@ -6,7 +6,7 @@
 
 class TextLabel;
 
-/// A small promise at the foot of the rail: a symbol and a text.
+/// A badge at the bottom of the rail: a symbol and a text.
 class RailBadge final : public QWidget {
     Q_OBJECT
 

@@ -42,8 +42,8 @@ void RailStep::apply(const JourneyRailContent::Step& content) {
     tellChange(before);
 }
 
-/// Apart from each other, since of an event with two changes Qt passes one on; that of a selection has a kind of its
-/// own.
+/// Sent separately, because Qt forwards only one change of an event that has two, and a selection has its own kind of
+/// event.
 void RailStep::tellChange(const JourneyRailContent::Step& before) {
     if (before.isCompleted != content_.isCompleted) {
         QAccessible::State changed;

@@ -4,8 +4,8 @@
 
 class RailStep;
 
-/// A step of the rail as assistive technology meets it: an item of a list, selected while it is the step that is shown,
-/// and checked and described so once it is completed.
+/// The accessible interface of a step in the rail: a list item that is selected while it is the current step. Once the
+/// step is completed, it is checked and described as completed.
 class RailStepAccessible final : public QAccessibleWidget {
 public:
     explicit RailStepAccessible(RailStep* step);

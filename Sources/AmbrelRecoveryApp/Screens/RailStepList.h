@@ -8,7 +8,7 @@
 
 class RailStep;
 
-/// The steps of the way in the rail, one below the other.
+/// The steps in the rail, one below the other.
 class RailStepList final : public QWidget {
     Q_OBJECT
 

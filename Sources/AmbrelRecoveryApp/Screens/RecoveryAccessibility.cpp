@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Qt takes ownership of what is made here.
+/// Qt takes ownership of the interface.
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     if (auto* const field = qobject_cast<SecureField*>(object)) {
         return new SecureFieldAccessible(field);
@@ -54,6 +54,6 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
 
 void RecoveryAccessibility::install() {
     MainThread::require();
-    // Qt itself keeps a factory only once.
+    // Qt ignores a factory that is already installed.
     QAccessible::installFactory(make);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-/// Tells Qt how the application's own controls look to assistive technology.
+/// The accessible interfaces of the application's own controls.
 namespace RecoveryAccessibility {
 
-/// To be called before the first control is made; calling it again does nothing. Main thread.
+/// Registers the interfaces with Qt. Call before the first control is created; further calls do nothing. Main thread.
 void install();
 
 } // namespace RecoveryAccessibility

@@ -2,10 +2,10 @@
 
 #include <QIcon>
 
-/// The picture that task bars and switchers show for the application: its symbol on its accent. Main thread.
+/// The icon that task bars and window switchers show for the application: its symbol on its accent color. Main thread.
 namespace RecoveryIcon {
 
-/// The picture in every size that desktops usually ask for.
+/// Returns the icon in every size that desktops usually request.
 QIcon icon();
 
 } // namespace RecoveryIcon

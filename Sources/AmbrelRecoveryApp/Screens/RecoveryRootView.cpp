@@ -33,7 +33,7 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     : QWidget(parent), model_(model), state_(RecoveryScreenState::of(model, nullptr)) {
     RecoveryAccessibility::install();
     new HeldKeys(this);
-    // Before the widgets are made, which would otherwise take a new font later.
+    // Before the widgets are created, which would otherwise have to change their font later.
     applyInterfaceFont();
     setPalette(RecoveryPalette::ofToolkit());
     rail_ = new JourneyRail(this);
@@ -98,7 +98,7 @@ QWidget* RecoveryRootView::screenOfThePhase() const {
 
 void RecoveryRootView::inspect() {
     model_.inspectBackup();
-    // At once: what is typed before the next turn must find no field to go into.
+    // At once: what is typed before the next iteration of the event loop must not go into the field.
     redraw();
 }
 
@@ -114,7 +114,7 @@ void RecoveryRootView::scheduleRedraw() {
         QMetaObject::invokeMethod(
             this,
             [this] {
-                // Unless it has been drawn again meanwhile.
+                // Unless redraw() was called in between.
                 if (isRedrawScheduled_) {
                     redraw();
                 }
@@ -141,7 +141,7 @@ void RecoveryRootView::redraw() {
     announceStep(before);
 }
 
-/// After the focus has moved, which would interrupt the announcement.
+/// Called after the focus has moved, because that would interrupt the announcement.
 void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
     if (const std::optional<QString> announcement = stepAnnouncement(before, state_)) {
         announcer_->announce(*announcement);
@@ -150,7 +150,7 @@ void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
     }
 }
 
-/// What was there before the window has had no redraw to tell of it.
+/// No redraw has announced an error from before the window was shown.
 void RecoveryRootView::announceErrorOfTheStart() {
     RecoveryScreenState before = state_;
     before.presentedError.reset();
@@ -173,7 +173,7 @@ void RecoveryRootView::applyContents() {
     dropArea_->setAccepting(!state_.isBusy() && !state_.presentedError);
 }
 
-/// Those out of sight, too: they let go of what is no longer the model's.
+/// Includes hidden screens, so that they release what the model no longer holds.
 void RecoveryRootView::applyScreens() {
     content_->chooseBackup()->apply(chooseBackupContent(state_));
     content_->snapshots()->apply(snapshotsContent(state_));
@@ -265,7 +265,7 @@ void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// A button that cannot be used is not pressed.
+/// click() does nothing if the button is disabled.
 void RecoveryRootView::pressMainButton() {
     using Phase = RecoveryScreenState::Phase;
     switch (state_.phase) {

@@ -18,8 +18,8 @@ class MainContent;
 class RecoveryViewModel;
 class ScreenTransition;
 
-/// The whole content of the window: a side rail, the screen of the current step, and the error alert. It shows what the
-/// model publishes and turns what the user does into calls of the model. Main thread.
+/// The whole content of the window: a side rail, the screen of the current step, and the error alert. It shows the
+/// state of the model and turns user input into calls to the model. Main thread.
 class RecoveryRootView final : public QWidget {
     Q_OBJECT
 
@@ -27,11 +27,11 @@ public:
     /// `model` must outlive the view.
     explicit RecoveryRootView(RecoveryViewModel& model, QWidget* parent = nullptr);
 
-    /// Shows the path of the exported folder on the last screen, for the user to find it by; nothing where `folder` is
-    /// not that folder.
+    /// Shows the path of the exported folder on the last screen, so that the user can find it. Does nothing on another
+    /// screen or if `folder` is not that folder.
     void showPath(const std::filesystem::path& folder);
 
-    /// The path that showPath() shows; none where it shows none.
+    /// The path that showPath() shows, or std::nullopt if none is shown.
     const std::optional<std::filesystem::path>& shownPath() const { return shownPath_; }
 
 protected:
@@ -59,7 +59,7 @@ private:
     void inspect();
 
     RecoveryViewModel& model_;
-    /// What is shown.
+    /// The state that is shown.
     RecoveryScreenState state_;
     bool isRedrawScheduled_ = false;
     CopperGlow glow_;
@@ -70,8 +70,8 @@ private:
     ErrorAlert* alert_ = nullptr;
     Announcer* announcer_ = nullptr;
     DropArea* dropArea_ = nullptr;
-    /// The exported folder where its path is shown.
+    /// The exported folder while its path is shown.
     std::optional<std::filesystem::path> shownPath_;
-    /// Where the focus goes once the alert is gone or the window is there.
+    /// Gets the focus once the alert is dismissed or the window is shown.
     QPointer<QWidget> nextFocus_;
 };

@@ -8,15 +8,15 @@
 #include <optional>
 #include <string>
 
-/// Everything that the screens show of the workflow, taken from the model at one moment. A plain value; the credential
-/// is not in it, since a secret is not copied about.
+/// Everything that the screens show of the workflow, taken from the model at one moment. A plain value. It does not
+/// contain the credential, because copies of a secret are avoided.
 struct RecoveryScreenState {
     using Phase = RecoveryViewModel::Phase;
 
     Phase phase = Phase::chooseBackup;
     std::optional<std::filesystem::path> packageURL;
     AmbrelRecoveryAppFactor factor = AmbrelRecoveryAppFactor::backupPassphrase;
-    /// The accepted inspection's, or null.
+    /// Those of the accepted inspection, or null.
     std::shared_ptr<const SortedSnapshots> snapshots;
     std::optional<std::string> selectedSnapshotCode;
     std::shared_ptr<const AmbrelRecoveryExportDocument> exportResult;
@@ -25,10 +25,10 @@ struct RecoveryScreenState {
     bool canInspect = false;
     bool canExport = false;
 
-    /// Whether a long operation runs.
+    /// Whether a long operation is running.
     bool isBusy() const { return RecoveryViewModel::isBusy(phase); }
 
-    /// The state of `model`. Snapshots that are in `known` already, which may be null, are not sorted again. Main
-    /// thread.
+    /// Returns the state of `model`. If `known`, which may be null, holds the same snapshots, it is reused instead of
+    /// sorting them again. Main thread.
     static RecoveryScreenState of(const RecoveryViewModel& model, const std::shared_ptr<const SortedSnapshots>& known);
 };

@@ -18,15 +18,15 @@ constexpr QSize smallestSize(880, 660);
 } // namespace
 
 RecoveryWindow::RecoveryWindow() {
-    // Some versions of the toolkit decide at the title what the window is to assistive technology.
+    // Some versions of Qt choose the accessible interface of the window when the title is set.
     RecoveryAccessibility::install();
     setWindowTitle(QStringLiteral("Ambrel Recovery"));
     setMinimumSize(smallestSize);
     resize(initialSize);
     setWindowIcon(RecoveryIcon::icon());
-    // By this name some desktops find the entry of a window, where one is installed, and with it the icon.
+    // Some desktops use this name to find the desktop entry of a window, if one is installed, and with it the icon.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ambrel.recovery"));
-    // Spelled out: the toolkit's own names for them stand for no keys at all on some desktops.
+    // Spelled out, because Qt's standard shortcuts for them have no keys on some desktops.
     for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
         new QShortcut(Qt::CTRL | key, this, this, &QWidget::close);
     }

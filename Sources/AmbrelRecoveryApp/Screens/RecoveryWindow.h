@@ -2,18 +2,18 @@
 
 #include <QWidget>
 
-/// The application's main window, of its title, icon and sizes; what it holds fills it. Ctrl+Q and Ctrl+W close it.
-/// Assistive technology is told when it becomes the active one, as the toolkit does only for objects in the role of a
-/// window. Main thread.
+/// The application's main window with its title, icon and sizes, filled by its content. Ctrl+Q and Ctrl+W close it.
+/// Assistive technology is notified when it becomes active, which Qt does only for objects with the role of a window.
+/// Main thread.
 class RecoveryWindow final : public QWidget {
     Q_OBJECT
 
 public:
     RecoveryWindow();
 
-    /// Shows `content`, which the window owns from then on, and deletes what it showed before.
+    /// Shows `content`, taking ownership of it, and deletes the previous content.
     void setContent(QWidget* content);
 
-    /// Moves the window into the middle of its screen.
+    /// Moves the window to the center of its screen.
     void center();
 };

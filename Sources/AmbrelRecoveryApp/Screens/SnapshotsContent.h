@@ -9,15 +9,15 @@
 
 #include <optional>
 
-/// What the screen shows on which a snapshot is picked and exported.
+/// The content of the screen on which a snapshot is picked and exported.
 struct SnapshotsContent {
-    /// Shown where the backup's history has forked.
+    /// Shown if the backup's history has forked.
     std::optional<NoticeContent> forkNotice;
     QString title;
     SnapshotRows rows;
-    /// Shown in the place of the rows where the backup holds no snapshots.
+    /// Shown instead of the rows if the backup contains no snapshots.
     std::optional<QString> emptyText;
-    /// Shown in the place of the buttons while the engine exports.
+    /// Shown instead of the buttons while the engine exports.
     std::optional<ProgressRowContent> exporting;
     QString exportLabel;
     bool canExport = false;
@@ -26,5 +26,5 @@ struct SnapshotsContent {
     bool operator==(const SnapshotsContent&) const = default;
 };
 
-/// The screen in the current interface language. Any thread.
+/// Returns the content in the current interface language. Any thread.
 SnapshotsContent snapshotsContent(const RecoveryScreenState& state);

@@ -24,7 +24,7 @@ SnapshotsScreen::SnapshotsScreen(QWidget* parent)
       chooseAnother_(new SecondaryRecoveryButton(std::nullopt, this)),
       buttons_(new ButtonRow({export_, chooseAnother_}, this)), exporting_(new ProgressRow(this)) {
     chooseAnother_->setButtonHeight(export_->sizeHint().height());
-    // As high as the buttons whose place it takes.
+    // As high as the buttons that it replaces.
     exporting_->setMinimumHeight(export_->sizeHint().height());
     auto* const emptyLayout = new QVBoxLayout(empty_);
     emptyLayout->setContentsMargins(19, 19, 19, 19);

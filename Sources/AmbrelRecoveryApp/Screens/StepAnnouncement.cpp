@@ -12,7 +12,7 @@ namespace {
 using AmbrelStrings::localized;
 using Phase = RecoveryScreenState::Phase;
 
-/// Each on a line of its own, which is read with a pause.
+/// One per line, because line breaks are read as pauses.
 QString sentences(const QStringList& texts) {
     return texts.join(u'\n');
 }

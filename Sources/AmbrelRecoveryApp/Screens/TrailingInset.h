@@ -3,6 +3,6 @@
 class QHBoxLayout;
 class QWidget;
 
-/// The place of the snapshot list's scroll bar: the list reaches into it, everything above and below stops before it,
-/// so that cards and rows end on one line.
+/// Returns a row with `widget` and space for the snapshot list's scroll bar. The list extends into that space, but
+/// everything above and below ends before it, so that cards and rows end on one line.
 QHBoxLayout* withTrailingInset(QWidget* widget);

@@ -2,8 +2,9 @@
 
 #include <dlfcn.h>
 
-/// The definition behind one of the executable's own, as its libraries would find it without that: of a preloaded
-/// library, else of the library that the function belongs to. Null where there is none. For code of the executable.
+/// Returns the definition that a function of the executable overrides, as the libraries would find it otherwise: that
+/// of a preloaded library, or else of the library that the function belongs to. Null if there is none. For code in the
+/// executable only.
 template<typename Function>
 Function* nextDefinition(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

@@ -1,10 +1,10 @@
 #pragma once
 
-/// Where the toolkit looks for plug-ins, which run with all that the process has.
+/// Where Qt looks for plug-ins, which run with all rights of the process.
 namespace PlugInFolders {
 
-/// Leaves the toolkit's own folder alone: none that the environment names, and not the executable's. What a `qt.conf`
-/// beside the executable says is shut out by the one among the resources. Before there is an application object.
+/// Restricts Qt to its own plug-in directory: ignores those that the environment names, and that of the executable. The
+/// `qt.conf` among the resources overrides one beside the executable. Call before the application object is created.
 void useSystemsAlone();
 
 } // namespace PlugInFolders

@@ -1,16 +1,16 @@
 #pragma once
 
-/// What the process sets up for itself.
+/// Setup of the process itself.
 namespace ProcessSetup {
 
-/// Makes the process independent of what its parent left it: the three standard streams are open, ended children are
-/// kept until they are waited for, and neither it nor its engine leaves a core dump that could hold a secret. To be
-/// called first of all, in both modes, before any thread starts.
+/// Makes the process independent of what it inherited from its parent: the three standard streams are open, terminated
+/// children are kept until they are waited for, and neither the process nor its engine leaves a core dump that could
+/// contain a secret. Call first of all, in both modes, before any thread starts.
 void prepare();
 
-/// Keeps other programs of the same user from looking into the process, for good. The desktop's portal is one of them:
-/// it grants nothing any more to connections that it has not come to know by then. To be called before there is a
-/// secret. Any thread.
+/// Permanently keeps other programs of the same user from inspecting the process. The desktop portal is one of them:
+/// from then on, it denies everything to connections that it does not already know. Call before there is a secret. Any
+/// thread.
 void keepOthersOut();
 
 } // namespace ProcessSetup

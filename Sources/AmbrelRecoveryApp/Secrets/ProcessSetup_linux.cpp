@@ -14,14 +14,14 @@ namespace {
 void openClosedStandardStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) < 0 && errno == EBADF) {
-            // The lowest free number is this stream's.
+            // The lowest free descriptor is this stream's.
             static_cast<void>(open("/dev/null", stream == STDIN_FILENO ? O_RDONLY : O_WRONLY));
         }
     }
 }
 
 void forbidCoreDumps() {
-    // 1 and not 0, which the kernel passes over where it pipes dumps to a collector. No file is as short.
+    // Not 0, which the kernel ignores if it pipes dumps to a collector. No dump file is this short.
     const rlimit shortest{1, 1};
     setrlimit(RLIMIT_CORE, &shortest);
 }
@@ -30,7 +30,7 @@ void forbidCoreDumps() {
 
 void ProcessSetup::prepare() {
     openClosedStandardStreams();
-    // A parent that ignores SIGCHLD hands this on, and the engine's exit status would be lost.
+    // If the parent ignores SIGCHLD, so does this process, and the engine's exit status would be lost.
     static_cast<void>(std::signal(SIGCHLD, SIG_DFL));
     forbidCoreDumps();
 }

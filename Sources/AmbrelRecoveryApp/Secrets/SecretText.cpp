@@ -35,7 +35,7 @@ SecretText::SecretText(QStringView text) : units_(static_cast<std::size_t>(text.
 }
 
 SecretText SecretText::ofUtf8(const SecretBytes& bytes) {
-    // A mark at the start is a character of the secret like any other.
+    // A leading byte order mark is part of the secret.
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QByteArrayView encoded(bytes.bytes().data(), static_cast<qsizetype>(bytes.size()));

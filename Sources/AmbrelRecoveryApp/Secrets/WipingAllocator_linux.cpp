@@ -1,15 +1,14 @@
-// Every heap block of the process is wiped when it is given back, whoever gives it back.
+// Wipes every heap block of the process when it is freed, no matter by whom.
 //
-// A pasted or otherwise delivered text passes through buffers of the toolkit and of the libraries under it (the X
-// connection, the D-Bus connection, byte arrays and strings of Qt) before the secure field gets it. Those are freed as
-// they are, and a freed block keeps what it held until somebody happens to be given it. The C library lets a program
-// put functions of its own in the place of these, for itself and for every library that it loads; the blocks still
-// come from the allocator behind them and go back to it: the C library's, or one that was preloaded in its place. This
-// file belongs to the executable alone: a library would not be asked first, and the sanitizers bring an allocator of
-// their own.
+// Text that is pasted or delivered in another way passes through buffers of Qt and of the libraries below it (the X
+// connection, the D-Bus connection, Qt's byte arrays and strings) before it reaches the secure field. Those are freed
+// without being wiped, and a freed block keeps its contents until it is allocated again. The C library lets a program
+// replace the functions below, for itself and for every library that it loads. The blocks still come from the
+// underlying allocator and return to it: the C library's, or one that was preloaded in its place. This file belongs in
+// the executable alone: definitions in a library would not be found first, and sanitizers bring their own allocator.
 //
-// Not taken: the C library's own setting for this, mallopt(M_PERTURB). It passes over the blocks that a thread keeps
-// for itself, which are most, and spares the last eight bytes of the others.
+// Not used: the C library's own setting for this, mallopt(M_PERTURB). It skips the blocks in a thread's cache, which
+// are most, and the last eight bytes of the others.
 
 #include "AmbrelRecoveryApp/Secrets/NextDefinition.h"
 
@@ -31,13 +30,13 @@ namespace {
 
 using GiveBack = void(void* block);
 
-/// Where the blocks come from and go back to.
+/// The underlying allocator.
 struct Allocator {
     GiveBack* free = nullptr;
     GiveBack* deleteObject = nullptr;
     GiveBack* deleteArray = nullptr;
     decltype(::realloc)* resize = nullptr;
-    /// Null where the allocator does not tell the size of its blocks.
+    /// Null if the allocator does not report the size of its blocks.
     decltype(::malloc_usable_size)* usableSize = nullptr;
 };
 
@@ -48,12 +47,12 @@ bool isInLibraryOfMalloc(void* function) {
            here.dli_fbase == there.dli_fbase;
 }
 
-/// A function of the allocator in use, or null where it has no such function: another one's would know nothing of its
-/// blocks. That of the C library for debugging is found by the version of its names alone.
+/// Returns a function of the allocator in use, or null if it has no such function: another allocator's would not know
+/// its blocks. The C library's debugging allocator is found only with the version of the symbol.
 template<typename Function>
 Function* nextOfAllocator(const char* name) {
     void* const found = reinterpret_cast<void*>(nextDefinition<Function>(name));
-    // As the C library for x86-64 has it, and for arm64.
+    // The versions in the C library for x86-64 and for arm64.
     for (void* const function :
          {found, dlvsym(RTLD_NEXT, name, "GLIBC_2.2.5"), dlvsym(RTLD_NEXT, name, "GLIBC_2.17")}) {
         if (isInLibraryOfMalloc(function)) {
@@ -63,7 +62,8 @@ Function* nextOfAllocator(const char* name) {
     return nullptr;
 }
 
-/// The allocator's, or the next one where what was preloaded has only the function that hands blocks out: it passes on.
+/// Returns the allocator's function or, if a preloaded library replaces only the allocating function, the next
+/// definition, to which that library forwards.
 template<typename Function>
 Function* nextFor(const char* name) {
     auto* const function = nextOfAllocator<Function>(name);
@@ -72,7 +72,7 @@ Function* nextFor(const char* name) {
 
 Allocator findAllocator() {
     auto* const free = nextFor<GiveBack>("free");
-    // The operators of the C++ library end in free(), but an allocator may have its own.
+    // The C++ library's operators call free(), but an allocator may bring its own.
     auto* const deleteObject = nextOfAllocator<GiveBack>("_ZdlPv");
     auto* const deleteArray = nextOfAllocator<GiveBack>("_ZdaPv");
     return {.free = free,
@@ -82,8 +82,8 @@ Allocator findAllocator() {
             .usableSize = nextOfAllocator<decltype(::malloc_usable_size)>("malloc_usable_size")};
 }
 
-/// Found when the first block is given back, which happens while libraries are set up, before there are threads. Null
-/// during the search, which may itself give back the text of an error of an earlier one.
+/// Looked up when the first block is freed, which happens while libraries are initialized, before there are threads.
+/// Null during the lookup, which may itself free the message of an earlier lookup error.
 const Allocator* allocator() {
     static constinit Allocator found;
     static constinit bool isSearched = false;
@@ -93,19 +93,19 @@ const Allocator* allocator() {
     return found.free == nullptr ? nullptr : &found;
 }
 
-/// With what the allocator rounded up: the block of whoever had it before may have reached that far. 0 where the
-/// allocator does not tell, as some do until they have set themselves up.
+/// Includes what the allocator rounded up, since an earlier use of the block may have reached that far. 0 if the
+/// allocator does not report the size, as with some until they are initialized.
 std::size_t sizeOf(void* block, const Allocator& allocator) {
     return allocator.usableSize == nullptr ? 0 : allocator.usableSize(block);
 }
 
-/// From this size on, whole pages go back to the system, which hands them out again filled with zeros. Overwriting them
-/// would make resident what was never used, and some blocks are reserved many times larger than what is put into them:
-/// the parser of the documents takes eight bytes for each byte of text. In a smaller block that is no matter, and
-/// overwriting it costs less than having its pages brought back one by one.
+/// From this size on, whole pages are returned to the system, which provides them again filled with zeros. Overwriting
+/// them would make resident what was never used, and some blocks are reserved many times larger than their contents:
+/// the document parser reserves eight bytes for each byte of text. In a smaller block this does not matter, and
+/// overwriting it costs less than faulting its pages in again one by one.
 constexpr std::size_t leastReturned = std::size_t{1} << 20;
 
-/// Gives the whole pages of the block back. False where the system refuses, as it does for locked pages.
+/// Returns whole pages to the system. False if the system refuses, as it does for locked pages.
 bool returnPages(std::byte* first, std::size_t size) {
     const int error = errno;
     const bool returned = madvise(first, size, MADV_DONTNEED) == 0;
@@ -154,8 +154,8 @@ extern "C" void* realloc(void* block, std::size_t size) noexcept {
     if (held == 0) {
         return next->resize(block, size);
     }
-    // The allocator is not asked to shrink a block, since it may move it and leave behind what was in it. The end of a
-    // large one costs nothing once its pages are given back.
+    // Blocks are never shrunk by the allocator, which may move them and leave their contents behind. The end of a large
+    // block costs nothing once its pages are returned.
     if (size <= held && (size >= held / 2 || held >= leastReturned)) {
         wipe(static_cast<std::byte*>(block) + size, held - size);
         return block;
@@ -168,7 +168,7 @@ extern "C" void* realloc(void* block, std::size_t size) noexcept {
     return moved;
 }
 
-/// Some allocators have one that does not come by realloc().
+/// Some allocators have one that does not call realloc().
 extern "C" void* reallocarray(void* block, std::size_t count, std::size_t size) noexcept {
     std::size_t whole = 0;
     if (__builtin_mul_overflow(count, size, &whole)) {

@@ -1,10 +1,10 @@
-// Every buffer is wiped before a message is received into it.
+// Wipes every buffer before a message is received into it.
 //
-// The connections to the display and to the message buses read into buffers that they keep for as long as the process
-// lives, and take what came out of them without wiping it. A pasted text would stay there until something as long came
-// along; in this way it stays until the next event. All of the buffer that is offered is wiped, so a caller must not
-// expect to find in it what was there: none of the libraries does, and the system promises it to nobody. In the
-// executable alone, for the reasons in WipingAllocator_linux.cpp.
+// The connections to the display and to the message buses read into buffers that live as long as the process, and do
+// not wipe what they have read out of them. Pasted text would stay there until an equally long message arrived; this
+// way, it stays only until the next event. The whole buffer is wiped, so a caller must not expect to find its previous
+// contents there: no library does, and the system does not guarantee it. In the executable alone, for the reasons given
+// in WipingAllocator_linux.cpp.
 
 #include "AmbrelRecoveryApp/Secrets/NextDefinition.h"
 

@@ -40,7 +40,7 @@ void SnapshotList::apply(const SnapshotRows& rows) {
     viewport()->update();
 }
 
-/// Where two snapshots have the same code, the row that the user is on stays.
+/// If two snapshots have the same code, the user's current row is kept.
 void SnapshotList::followSelection() {
     const SnapshotRows& rows = model_->rows();
     const QModelIndex current = currentIndex();
@@ -51,7 +51,7 @@ void SnapshotList::followSelection() {
         setCurrentIndex(model_->index(static_cast<int>(*row)));
     } else {
         clearSelection();
-        // The toolkit makes a row current by itself only for the first snapshots that it is shown.
+        // Qt sets a current row only for the first snapshots that the list is given.
         if (!current.isValid()) {
             selectionModel()->setCurrentIndex(model_->index(0), QItemSelectionModel::NoUpdate);
         }
@@ -77,7 +77,7 @@ QSize SnapshotList::sizeHint() const {
 }
 
 QSize SnapshotList::minimumSizeHint() const {
-    // Two rows, so that it can be seen that there is more than one.
+    // Two rows, so that the user sees that there is more than one.
     constexpr int leastHeight = 158;
     return {0, TextScale::scaled(leastHeight)};
 }
@@ -91,7 +91,7 @@ void SnapshotList::changeEvent(QEvent* event) {
 
 void SnapshotList::focusInEvent(QFocusEvent* event) {
     QListView::focusInEvent(event);
-    // After the toolkit's event for the list as a whole: the row is what the user wants to hear.
+    // After Qt's event for the list as a whole, because the row is what the user wants to hear.
     QMetaObject::invokeMethod(
         this, [this] { announceCurrentRow(); }, Qt::QueuedConnection);
 }

@@ -6,24 +6,25 @@
 
 class SnapshotListModel;
 
-/// The list of snapshots. A row is chosen by click, arrow keys, Space or assistive technology; there is always at most
-/// one, and a second click does not take it back. A row that is out of sight costs nothing.
+/// The list of snapshots. A row is selected by click, arrow keys, Space or assistive technology. At most one is
+/// selected, and a second click does not deselect it. Rows that are out of sight cost nothing.
 class SnapshotList final : public QListView {
     Q_OBJECT
 
 public:
     explicit SnapshotList(QWidget* parent = nullptr);
 
-    /// Shows `rows` and marks the selected one. Emits nothing; the scroll position stays where the snapshots do.
+    /// Shows `rows` and marks the selected one. Emits nothing. The scroll position is kept if the snapshots are the
+    /// same.
     void apply(const SnapshotRows& rows);
     const SnapshotListModel& snapshotModel() const { return *model_; }
 
-    /// Chooses a row as if the user had clicked it.
+    /// Selects a row as if the user had clicked it.
     void choose(int row);
 
-    /// Only the rounded rows count, not the gaps between them.
+    /// Ignores the gaps between the rows.
     QModelIndex indexAt(const QPoint& point) const override;
-    /// Searches nothing: typed letters would format every row.
+    /// Disabled: a search would format every row.
     void keyboardSearch(const QString& /*search*/) override {}
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

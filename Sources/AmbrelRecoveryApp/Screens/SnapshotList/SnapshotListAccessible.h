@@ -6,7 +6,7 @@
 
 class SnapshotList;
 
-/// The snapshot list as assistive technology meets it. Its rows are made when they are asked for.
+/// The accessible interface of the snapshot list. Its rows are created on demand.
 class SnapshotListAccessible final : public QAccessibleWidget {
 public:
     explicit SnapshotListAccessible(SnapshotList* list);

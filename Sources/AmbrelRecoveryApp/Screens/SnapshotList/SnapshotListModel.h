@@ -5,17 +5,17 @@
 #include <QAbstractListModel>
 #include <QCache>
 
-/// The rows of the snapshot list for Qt's views. Nothing is copied or put into words beforehand.
+/// The rows of the snapshot list for Qt's views. Nothing is copied or formatted in advance.
 class SnapshotListModel final : public QAbstractListModel {
     Q_OBJECT
 
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Shows `rows`. Resets the model only where the snapshots are others than before.
+    /// Sets the rows. Resets the model only if the snapshots are different ones.
     void setRows(const SnapshotRows& rows);
     const SnapshotRows& rows() const { return rows_; }
-    /// The words of a row. Those of the last rows that were asked for are kept.
+    /// The formatted content of a row. The most recently requested rows are cached.
     SnapshotRowContent content(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -4,11 +4,11 @@
 
 class SnapshotList;
 
-/// A row of the snapshot list as assistive technology meets it: a list item named by one sentence, which can be pressed
-/// and is checked while its snapshot is the selected one.
+/// The accessible interface of a row of the snapshot list: a list item, named by one sentence, that can be pressed and
+/// is checked while its snapshot is selected.
 class SnapshotRowAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
-    /// `list` outlives its rows: they go with its own accessible object.
+    /// `list` must outlive the row, which is deleted with the list's accessible interface.
     SnapshotRowAccessible(SnapshotList& list, int row);
 
     int row() const { return row_; }

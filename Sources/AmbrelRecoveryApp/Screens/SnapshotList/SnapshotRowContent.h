@@ -8,7 +8,7 @@ struct SnapshotRowContent {
     QString date;
     /// How many items and files there are, and how large they are.
     QStringList facts;
-    /// Whether the engine found every payload file, as a word.
+    /// Whether the engine found every payload file, as text.
     QString payload;
     bool isComplete = false;
     bool isSelected = false;

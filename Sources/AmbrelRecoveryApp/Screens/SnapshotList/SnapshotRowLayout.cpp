@@ -28,8 +28,8 @@ QFont factsFont() {
     return recoveryFont(factsSize, QFont::Normal);
 }
 
-/// The facts as they are drawn. From right to left each keeps its own direction, so that a size in Latin letters is not
-/// torn apart.
+/// Returns the facts as they are drawn. In a right-to-left interface, each keeps its own direction, so that a size in
+/// Latin letters is not torn apart.
 QString drawnFacts(const SnapshotRowContent& content, Qt::LayoutDirection direction) {
     if (direction == Qt::LeftToRight) {
         return content.factsLine();

@@ -5,8 +5,8 @@
 #include <QFont>
 #include <QRect>
 
-/// Where the parts of a row of the snapshot list stand, and in which font its texts are set. A text that is wider than
-/// its place is set smaller, so that it is never cut off; enlarged texts stand one below the other.
+/// The places of the parts of a row of the snapshot list, and the fonts of its texts. A text that is too wide for its
+/// place is shown smaller, so that it is never cut off. Enlarged texts are stacked.
 struct SnapshotRowLayout {
     struct Text {
         QString text;
@@ -21,8 +21,8 @@ struct SnapshotRowLayout {
     QRect payloadSymbol;
     Text payload;
 
-    /// The layout in `row`, in device-independent pixels, mirrored where the interface runs from right to left.
+    /// Returns the layout in `row`, in device-independent pixels, mirrored for a right-to-left interface.
     static SnapshotRowLayout of(const SnapshotRowContent& content, const QRect& row, Qt::LayoutDirection direction);
-    /// How high a row with this content has to be.
+    /// Returns the height of a row with this content, in device-independent pixels.
     static int heightOf(const SnapshotRowContent& content, Qt::LayoutDirection direction);
 };

@@ -11,8 +11,8 @@
 #include <optional>
 #include <string>
 
-/// The rows of the snapshot list. A row is put into words only when it is asked for, so that a hundred thousand of them
-/// cost no more than ten; two values are equal where they show the same snapshots in the same language.
+/// The rows of the snapshot list. A row is formatted only on request, so that a hundred thousand rows cost no more than
+/// ten. Two values are equal if they show the same snapshots and selection in the same language.
 struct SnapshotRows {
     /// Null for an empty list.
     std::shared_ptr<const SortedSnapshots> snapshots;
@@ -24,9 +24,9 @@ struct SnapshotRows {
     QString incompleteLabel;
 
     std::size_t count() const { return snapshots ? snapshots->count() : 0; }
-    /// `row` is less than count().
+    /// `row` must be less than count().
     SnapshotRowContent row(std::size_t row) const;
-    /// The row that is selected, or none.
+    /// The selected row, or std::nullopt.
     std::optional<std::size_t> selectedRow() const;
 
     bool operator==(const SnapshotRows&) const = default;

@@ -9,24 +9,24 @@
 #include <string_view>
 #include <vector>
 
-/// The snapshots of an inspection in the order in which they are shown: the newest first, and those of the same time in
-/// the engine's order. Sorted once, when it is made; never changes. Any thread.
+/// The snapshots of an inspection in display order: the newest first, and those of the same time in the engine's order.
+/// Sorted once, on construction; immutable. Any thread.
 class SortedSnapshots {
 public:
     using Snapshot = AmbrelRecoveryInspectionDocument::Snapshot;
 
-    /// `inspection` is not null.
+    /// `inspection` must not be null.
     explicit SortedSnapshots(std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection);
 
     const std::shared_ptr<const AmbrelRecoveryInspectionDocument>& inspection() const { return inspection_; }
     std::size_t count() const { return order_.size(); }
-    /// `row` is less than count().
+    /// `row` must be less than count().
     const Snapshot& at(std::size_t row) const { return inspection_->snapshots[order_[row]]; }
-    /// The first row whose snapshot has this code, or none.
+    /// The first row whose snapshot has this code, or std::nullopt.
     std::optional<std::size_t> rowOf(std::string_view selectionCode) const;
 
 private:
     std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection_;
-    /// The place in the document of each row.
+    /// For each row, the index of its snapshot in the document.
     std::vector<std::size_t> order_;
 };

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <new>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 
@@ -174,6 +175,8 @@ std::string PrivateOutputDirectory::contentsOf(const UniqueDescriptor& file) {
         }
     } catch (const std::bad_alloc&) {
         // Too long for the available memory: reported like any other output that cannot be read.
+    } catch (const std::length_error&) {
+        // Too long for any string, which some libraries report in this way.
     }
     failUnavailable();
 }

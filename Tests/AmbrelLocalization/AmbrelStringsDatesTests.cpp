@@ -2,6 +2,7 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "TestSupport.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -150,8 +151,9 @@ TEST_F(FormattedDateTest, hasTheDatePartOfItsStyle) {
 TEST_F(FormattedDateTest, hasTheTimePartOfItsStyle) {
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::shortened}), QStringLiteral("9:41\u202FAM"));
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::standard}), QStringLiteral("9:41:05\u202FAM"));
-    EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::complete}),
-              QStringLiteral("9:41:05\u202FAM GMT"));
+    // ICU 78 writes the offset even if it is zero.
+    EXPECT_THAT(formatted({.date = Style::Date::none, .time = Style::Time::complete}),
+                testing::AnyOf(QStringLiteral("9:41:05\u202FAM GMT"), QStringLiteral("9:41:05\u202FAM GMT+0")));
 }
 
 TEST_F(FormattedDateTest, hasBothPartsWhereItsStyleHasNeither) {

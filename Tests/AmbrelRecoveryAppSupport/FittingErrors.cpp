@@ -52,6 +52,7 @@ const std::set<std::string, std::less<>>& FittingErrors::unfailing() {
         "memcpy",
         "memmove",
         "memset",
+        "snprintf",
         "strcmp",
         "strlen",
         "sigaddset",

@@ -71,11 +71,7 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
     path_->begin(folder);
     setMinimumSize(scaledToScreen(leastSize, *screen()));
     resize(scaledToScreen(initialSize, *screen()));
-    if (purpose == Purpose::newItem) {
-        fileName_->setFocus();
-    } else {
-        list_->setFocus();
-    }
+    (purpose == Purpose::newItem ? static_cast<QWidget*>(fileName_) : list_)->setFocus();
 }
 
 ItemPanel::~ItemPanel() {
@@ -112,7 +108,14 @@ void ItemPanel::layOut() {
     auto* const content = new QVBoxLayout;
     content->setContentsMargins(padding, padding, padding, padding);
     content->setSpacing(spacing);
-    content->addLayout(pathRow());
+    auto* const pathRow = new QHBoxLayout;
+    pathRow->setSpacing(spacing);
+    pathRow->addWidget(path_, 1);
+    newFolder_->setButtonHeight(SecondaryRecoveryButton::lowHeight);
+    newFolder_->setFont(recoveryFont(13, QFont::Medium));
+    newFolder_->setVisible(purpose_ == Purpose::newItem);
+    pathRow->addWidget(newFolder_);
+    content->addLayout(pathRow);
     content->addWidget(list_, 1);
     content->addLayout(nameRow());
     if (space_) {
@@ -134,17 +137,6 @@ QWidget* ItemPanel::sidebar() {
     layout->setContentsMargins(sidebarPadding, padding, sidebarPadding, padding);
     layout->addWidget(places_);
     return sidebar;
-}
-
-QBoxLayout* ItemPanel::pathRow() {
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(spacing);
-    row->addWidget(path_, 1);
-    newFolder_->setButtonHeight(SecondaryRecoveryButton::lowHeight);
-    newFolder_->setFont(recoveryFont(13, QFont::Medium));
-    newFolder_->setVisible(purpose_ == Purpose::newItem);
-    row->addWidget(newFolder_);
-    return row;
 }
 
 QBoxLayout* ItemPanel::nameRow() {
@@ -204,8 +196,8 @@ void ItemPanel::nameSelectedItem() {
     if (!selected.isValid()) {
         return;
     }
-    finding_.drop();
     const FolderContents::Item& item = files_->item(selected);
+    finding_.drop();
     if (purpose_ == Purpose::existingItem || item.kind != FolderContents::Item::Kind::folder) {
         const QScopedValueRollback naming(isNamingSelection_, true);
         fileName_->setText(FileNameText::readable(item.name));

@@ -50,7 +50,6 @@ public:
 
 private:
     void layOut();
-    QBoxLayout* pathRow();
     QBoxLayout* nameRow();
     QBoxLayout* buttonRow();
     QWidget* sidebar();

@@ -72,3 +72,15 @@ function(ambrel_add_test name)
     TIMEOUT 900
     ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;${AMBREL_TSAN_OPTIONS}")
 endfunction()
+
+# ambrel_add_python_test(NAME FILE [VARIABLE=VALUE...]): a file of Python's unittest, which is one test of CTest and leaves
+# the result of each of its cases in TestResults/NAME.json. Debian's own Python runs it.
+function(ambrel_add_python_test name file)
+  find_program(AMBREL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
+  add_test(NAME ${name}
+    COMMAND ${AMBREL_PYTHON} -B ${CMAKE_SOURCE_DIR}/Tests/EndToEnd/case_results.py
+            ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+  set_tests_properties(${name} PROPERTIES
+    LABELS lint
+    ENVIRONMENT "AMBREL_TEST_RESULTS=${CMAKE_BINARY_DIR}/TestResults/${name}.json;${ARGN}")
+endfunction()

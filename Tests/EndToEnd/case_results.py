@@ -1,5 +1,9 @@
-"""Runs the cases of a file, and notes what became of each where somebody counts them."""
+"""Runs the cases of a file and records the result of each, so that they can be counted.
 
+A file calls main(), or is run by this one: case_results.py FILE [option...]
+"""
+
+import importlib.util
 import json
 import os
 import pathlib
@@ -69,24 +73,33 @@ def _name_of(test):
     return getattr(test, "test_case", test).id().removeprefix("__main__.")
 
 
-def _suite_of(file):
-    return "EndToEnd." + pathlib.Path(file).stem.removeprefix("test").title().replace("_", "")
+def main(module="__main__"):
+    """Runs the cases of `module` that the command line names, and exits with the status.
 
-
-def main():
-    """Runs what the command line names of the file that was started, and ends with its status.
-
-    What became of each case is written into the folder that AMBREL_TEST_RESULTS names, if it names one.
+    The results are written into the file that AMBREL_TEST_RESULTS names, if it is set.
     """
-    suite = _suite_of(sys.argv[0])
-    folder = os.environ.get("AMBREL_TEST_RESULTS")
-    file = pathlib.Path(folder, f"{suite}.json") if folder else None
+    file = pathlib.Path(os.environ["AMBREL_TEST_RESULTS"]) if "AMBREL_TEST_RESULTS" in os.environ else None
     if file:
         file.parent.mkdir(parents=True, exist_ok=True)
         # What an earlier run left says nothing of one that does not come to its end.
         file.unlink(missing_ok=True)
-    result = unittest.main(testRunner=NotingRunner, exit=False).result
+    result = unittest.main(module=module, testRunner=NotingRunner, exit=False).result
     if file:
-        file.write_text(json.dumps({"suite": suite, "tests": list(result.cases.values())}, indent=1) + "\n",
+        file.write_text(json.dumps({"tests": list(result.cases.values())}, indent=1) + "\n",
                         encoding="utf-8")
     sys.exit(0 if result.wasSuccessful() and result.cases else 1)
+
+
+def _load(file):
+    """The module in `file`, which finds the modules beside itself."""
+    sys.path.insert(0, str(pathlib.Path(file).resolve().parent))
+    spec = importlib.util.spec_from_file_location(pathlib.Path(file).stem, file)
+    module = importlib.util.module_from_spec(spec)
+    sys.modules[spec.name] = module
+    spec.loader.exec_module(module)
+    return module
+
+
+if __name__ == "__main__":
+    del sys.argv[0]
+    main(_load(sys.argv[0]))

@@ -27,7 +27,7 @@ class Box(unittest.TestCase):
         except NoBox:
             is_granted = False
         if not is_granted:
-            self.skipTest("This system grants no namespaces.")
+            self.skipTest("this system grants no namespaces")
 
     def run_in_box(self, script, limit=SOON, processor_limit=SOON):
         return run_boxed(["sh", "-c", script, "sh", str(self.folder)], self.log, limit, processor_limit)

@@ -100,11 +100,11 @@ void SecureField::setPrompt(const QString& prompt) {
 
 void SecureField::setCapsLockHint(const QString& hint) {
     capsLockHint_->setText(hint);
-    tellCapsLock(!capsLockHint_->isHidden());
+    showCapsLock(!capsLockHint_->isHidden());
 }
 
 /// Shown beside the mask, and set as the accessible description, which screen readers read out when it changes.
-void SecureField::tellCapsLock(bool isOn) {
+void SecureField::showCapsLock(bool isOn) {
     capsLockHint_->setVisible(isOn);
     const int space = isOn ? capsLockHint_->sizeHint().width() + horizontalPadding : 0;
     const bool isMirrored = isRightToLeft();
@@ -115,7 +115,7 @@ void SecureField::tellCapsLock(bool isOn) {
 void SecureField::followCapsLock(const QKeyEvent& event) {
     const std::optional<bool> isOn = CapsLock::stateAfter(event);
     if (isOn && *isOn == capsLockHint_->isHidden()) {
-        tellCapsLock(*isOn);
+        showCapsLock(*isOn);
     }
 }
 
@@ -191,7 +191,7 @@ void SecureField::focusInEvent(QFocusEvent* event) {
 
 void SecureField::focusOutEvent(QFocusEvent* event) {
     // Without the focus, the state of the key is unknown.
-    tellCapsLock(false);
+    showCapsLock(false);
     QLineEdit::focusOutEvent(event);
 }
 
@@ -241,7 +241,7 @@ void SecureField::changeEvent(QEvent* event) {
 void SecureField::followLayoutDirection() {
     QKeyEvent direction(QEvent::KeyPress, isRightToLeft() ? Qt::Key_Direction_R : Qt::Key_Direction_L, Qt::NoModifier);
     QLineEdit::keyPressEvent(&direction);
-    tellCapsLock(!capsLockHint_->isHidden());
+    showCapsLock(!capsLockHint_->isHidden());
 }
 
 /// Removes from the secret what the line edit deleted from the mask. The line edit handles deletions itself, and the

@@ -55,7 +55,7 @@ private:
     using QLineEdit::setText;
 
     void followLayoutDirection();
-    void tellCapsLock(bool isOn);
+    void showCapsLock(bool isOn);
     void followCapsLock(const QKeyEvent& event);
     void type(QStringView text);
     void pasteFrom(QClipboard::Mode mode);

@@ -39,12 +39,12 @@ void RailStep::apply(const JourneyRailContent::Step& content) {
     title_->setText(content.title);
     setAccessibleName(content.title);
     setAccessibleDescription(content.spokenCheckmark);
-    tellChange(before);
+    announceChange(before);
 }
 
 /// Sent separately, because Qt forwards only one change of an event that has two, and a selection has its own kind of
 /// event.
-void RailStep::tellChange(const JourneyRailContent::Step& before) {
+void RailStep::announceChange(const JourneyRailContent::Step& before) {
     if (before.isCompleted != content_.isCompleted) {
         QAccessible::State changed;
         changed.checked = true;

@@ -18,7 +18,7 @@ public:
     const JourneyRailContent::Step& content() const { return content_; }
 
 private:
-    void tellChange(const JourneyRailContent::Step& before);
+    void announceChange(const JourneyRailContent::Step& before);
 
     JourneyRailContent::Step content_;
     StepMark* const mark_;

@@ -4,134 +4,21 @@
 #include "../Support/TestBus.h"
 #include "AmbrelRecoveryApp/Desktop/SleepInhibition.h"
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
+#include "DesktopSleepInhibitorTestCase.h"
 #include "FakeService.h"
 
 #include <QDBusArgument>
-#include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusUnixFileDescriptor>
-#include <QDir>
-#include <QTest>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <chrono>
 #include <memory>
 #include <utility>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
 
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int generousMilliseconds = 60'000;
-const QString request = "/org/freedesktop/portal/desktop/request/1_1/t";
-
-/// The end of a pipe that a login manager keeps: it sees when the last copy of the other end is closed.
-class LoginManagerLock {
-public:
-    std::optional<QDBusMessage> grant(const QDBusMessage& call) {
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-        ::close(std::exchange(kept_, ends[0]));
-        const QDBusUnixFileDescriptor given(ends[1]);
-        ::close(ends[1]);
-        return call.createReply(QVariant::fromValue(given));
-    }
-    ~LoginManagerLock() { ::close(kept_); }
-
-    bool isReleased() const {
-        pollfd state{.fd = kept_, .events = POLLIN, .revents = 0};
-        return kept_ >= 0 && ::poll(&state, 1, 0) == 1 && (state.revents & POLLHUP) != 0;
-    }
-
-private:
-    int kept_ = -1;
-};
-
-class DesktopSleepInhibitorTest : public testing::Test {
-protected:
-    ~DesktopSleepInhibitorTest() override {
-        waitUntil([] { return BackgroundTask::waitForAll(0ms); });
-    }
-
-    static std::optional<QDBusMessage> portalGrants(const QDBusMessage& call) {
-        return call.member() == "Inhibit" ? call.createReply(QVariant::fromValue(QDBusObjectPath(request)))
-                                          : call.createReply();
-    }
-
-    std::unique_ptr<FakeService> portal(FakeService::Answer answer) {
-        return std::make_unique<FakeService>(session.address(), "org.freedesktop.portal.Desktop",
-                                             "/org/freedesktop/portal/desktop", std::move(answer));
-    }
-
-    std::unique_ptr<FakeService> loginManager(FakeService::Answer answer) {
-        return std::make_unique<FakeService>(system.address(), "org.freedesktop.login1", "/org/freedesktop/login1",
-                                             std::move(answer));
-    }
-
-    /// Knows the portal, but grants nothing.
-    static FakeService::Answer portalThatOnlyKnows(const FakeService::Answer& answer) {
-        return [answer](const QDBusMessage& call) {
-            return call.member() == "ReadAll" ? portalGrants(call) : answer(call);
-        };
-    }
-
-    static QStringList members(const FakeService& service) {
-        QStringList members;
-        for (const QDBusMessage& call : service.calls) {
-            members << call.member();
-        }
-        return members;
-    }
-
-    /// One that the portal has got to know.
-    static std::unique_ptr<DesktopSleepInhibitor> introduced(const FakeService& portal,
-                                                             std::chrono::milliseconds limit = 1min) {
-        auto inhibitor = std::make_unique<DesktopSleepInhibitor>(limit);
-        waitUntil(
-            [&] { return !portal.calls.isEmpty() && inhibitor->findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
-        return inhibitor;
-    }
-
-    FakeService::Answer grants() {
-        return [this](const QDBusMessage& call) { return lock.grant(call); };
-    }
-
-    /// The login manager is asked once, grants, and is released at the end.
-    void expectTheLoginManagerIsUsed(DesktopSleepInhibitor& used, const FakeService& manager) {
-        used.begin("Exporting…");
-        waitUntil([&] { return !manager.calls.isEmpty(); });
-        // Held: what comes after the answer does not give it back.
-        waitUntil([&] { return manager.isCallerGone(); });
-        EXPECT_FALSE(lock.isReleased());
-        used.end();
-        waitUntil([&] { return lock.isReleased(); });
-        EXPECT_EQ(manager.calls.size(), 1);
-    }
-
-    template<typename Condition>
-    static void waitUntil(Condition condition) {
-        EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
-    }
-
-    static SleepInhibition& inhibition(const DesktopSleepInhibitor& asking) {
-        return *asking.findChildren<SleepInhibition*>().last();
-    }
-
-    static qsizetype unansweredCalls(const QObject& asking) {
-        return asking.findChildren<QDBusPendingCallWatcher*>(Qt::FindDirectChildrenOnly).size();
-    }
-
-    static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }
-
-    TestBus session{"DBUS_SESSION_BUS_ADDRESS"};
-    TestBus system{"DBUS_SYSTEM_BUS_ADDRESS"};
-    LoginManagerLock lock;
-};
+using DesktopSleepInhibitorTest = DesktopSleepInhibitorTestCase;
 
 TEST_F(DesktopSleepInhibitorTest, asksThePortalForAsLongAsItLasts) {
     session.start();

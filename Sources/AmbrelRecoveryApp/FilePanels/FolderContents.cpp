@@ -91,16 +91,17 @@ std::optional<FolderContents> FolderContents::read(const std::filesystem::path& 
         return std::nullopt;
     }
     std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    if (error) {
+        return std::nullopt;
+    }
     FolderContents contents;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
+    // An error on the way ends the iteration; what was read until then is shown.
+    for (; entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         if (stopToken.stop_requested()) {
             return std::nullopt;
         }
         contents.items.push_back(itemAt(entry->path()));
-    }
-    if (error) {
-        return std::nullopt;
     }
     contents.isWritable = faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
     sort(contents.items, locale);

@@ -1,17 +1,12 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
-#include "AmbrelRecoveryApp/Screens/SnapshotsScreen.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {

@@ -5,7 +5,9 @@
 
 #include <QCoreApplication>
 
+#include <atomic>
 #include <cstdlib>
+#include <thread>
 
 namespace {
 
@@ -31,13 +33,19 @@ int main(int argumentCount, char** arguments) {
     const auto work = [&taken, result, isPlanted] {
         changeResult(*result);
         const auto isTaken = std::make_shared<std::promise<void>>();
-        BackgroundTask::postToMainThread([&taken, isTaken, result] {
+        const auto isChanged = std::make_shared<std::atomic<bool>>(false);
+        BackgroundTask::postToMainThread([&taken, isTaken, isChanged, result] {
+            // The sanitizer may miss accesses at the very same moment. A relaxed load does not synchronize.
+            while (!isChanged->load(std::memory_order_relaxed)) {
+                std::this_thread::yield();
+            }
             taken = takeResult(*result);
             isTaken->set_value();
         });
         if (isPlanted) {
             changeResult(*result);
         }
+        isChanged->store(true, std::memory_order_relaxed);
         // Whatever both threads lock between the two accesses would put them in an order.
         isTaken->get_future().wait();
     };

@@ -1,5 +1,6 @@
 // What a run takes and gives when nothing goes wrong.
 
+#include "MisbehavingEngine/Text.h"
 #include "ProcessRunnerTest.h"
 #include "Support/MisbehavingEngine.h"
 #include "Support/TestFiles.h"
@@ -143,7 +144,7 @@ TEST_F(ProcessRunnerContractTest, passesManyAndLongArguments) {
 }
 
 TEST_F(ProcessRunnerContractTest, startsTheEngineUnderItsPath) {
-    EXPECT_EQ(run({"print-program-name"}).standardOutput, "program " + misbehavingEngine().string() + "\n");
+    EXPECT_EQ(run({"print-program-name"}).standardOutput, "program " + escaped(misbehavingEngine().string()) + "\n");
 }
 
 TEST_F(ProcessRunnerContractTest, handsOnTheEnvironmentAsItIs) {
@@ -151,14 +152,15 @@ TEST_F(ProcessRunnerContractTest, handsOnTheEnvironmentAsItIs) {
     const ScopedEnvironment empty("AMBREL_TEST_EMPTY", "");
     std::vector<std::string> expected;
     for (char** entry = environ; *entry != nullptr; ++entry) {
-        expected.emplace_back(*entry);
+        expected.push_back(escaped(*entry));
     }
     EXPECT_EQ(valuesOf(run({"print-environment"}).standardOutput, "environment"), expected);
 }
 
 TEST_F(ProcessRunnerContractTest, handsOnTheWorkingDirectory) {
     const ScopedWorkingDirectory elsewhere(directory_.path());
-    EXPECT_EQ(run({"print-working-directory"}).standardOutput, "directory " + directory_.path().string() + "\n");
+    EXPECT_EQ(run({"print-working-directory"}).standardOutput,
+              "directory " + escaped(directory_.path().string()) + "\n");
 }
 
 TEST_F(ProcessRunnerContractTest, findsAnEngineGivenByARelativePathFromAnywhere) {

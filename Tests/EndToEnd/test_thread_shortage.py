@@ -20,7 +20,9 @@ class ThreadShortage(RecoveryTestCase):
         left.mkdir(parents=True)
         left.chmod(0o700)
 
-        application = self.start(LD_PRELOAD=str(LIBRARY), AMBREL_NO_THREADS=str(sign))
+        # The library is named without its folder, since a space would end its name.
+        application = self.start(LD_PRELOAD=LIBRARY.name, LD_LIBRARY_PATH=str(LIBRARY.parent),
+                                 AMBREL_NO_THREADS=str(sign))
         application.choose_package(package)
         self.assert_alert(application, "generic")
         self.assertNotIn(package.name, application.texts())

@@ -20,6 +20,8 @@ target_compile_options(AmbrelOptions INTERFACE
 if(AMBREL_SANITIZER)
   target_compile_options(AmbrelOptions INTERFACE
     -fsanitize=${AMBREL_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # Reports show lines but no values.
+  set(CMAKE_CXX_FLAGS_DEBUG "-g1")
   target_link_options(AmbrelOptions INTERFACE -fsanitize=${AMBREL_SANITIZER})
 endif()
 

@@ -56,7 +56,7 @@ int copiesBetween(std::uintptr_t start, std::uintptr_t end) {
         copies += copiesIn(buffer, static_cast<std::size_t>(length));
         start += static_cast<std::size_t>(length) - secretSize + 1;
     }
-    std::ranges::fill(buffer, static_cast<unsigned char>(0));
+    std::memset(buffer.data(), 0, buffer.size());
     return copies;
 }
 

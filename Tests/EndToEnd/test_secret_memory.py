@@ -224,7 +224,7 @@ class SecretMemory(RecoveryTestCase):
         self.assert_gone(application, again)
         self.assert_nowhere_outside(application, again)
 
-    def test_a_secret_of_which_another_package_needs_nothing(self):
+    def test_a_secret_when_another_package_is_chosen(self):
         application = self.start()
         application.choose_package(self.empty_package())
         secret = random_secret()
@@ -289,7 +289,7 @@ class Search(unittest.TestCase):
                 contents = b"\1" * 5 + part.encode(encoding) + b"\1"
                 self.assertEqual([(encoding, 5, part)], fragments(contents, secret))
 
-    def test_less_than_a_fragment_is_none(self):
+    def test_less_than_a_fragment_is_not_found(self):
         secret = random_secret()
         for first in range(_LENGTH - FRAGMENT_LENGTH + 1):
             self.assertEqual([], fragments(secret[first:first + FRAGMENT_LENGTH - 1].encode() + b"\1", secret))

@@ -18,12 +18,12 @@ protected:
                                                   AmbrelInterfaceLanguagePreferenceStore::defaultStorageKey()};
 };
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, keepsItsDefaultsAndItsKey) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, hasTheGivenDefaultsAndTheStandardKey) {
     EXPECT_EQ(store_.userDefaults(), defaults_);
     EXPECT_EQ(store_.storageKey(), QStringLiteral("ambrel.interface-language.v1"));
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemsWhereNothingIsStored) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemLanguageIfNothingIsStored) {
     EXPECT_EQ(store_.load(), Language::system);
     EXPECT_FALSE(std::filesystem::exists(defaults_->path())) << "loading must not write";
 }
@@ -36,14 +36,14 @@ TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsWhatItSaved) {
     }
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, storesTheSystemsChoiceAsAText) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, storesTheSystemLanguageAsText) {
     store_.save(Language::german);
     store_.save(Language::system);
     EXPECT_EQ(defaults_->string(store_.storageKey()), QStringLiteral("system"));
     EXPECT_EQ(store_.load(), Language::system);
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemsForTextsThatAreNoLanguage) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemLanguageForUnknownTexts) {
     for (const char* text : {"EN", "zh_Hant", "", "klingon", "de ", "pt-br"}) {
         defaults_->setString(store_.storageKey(), QString::fromUtf8(text));
         EXPECT_EQ(store_.load(), Language::system) << text;

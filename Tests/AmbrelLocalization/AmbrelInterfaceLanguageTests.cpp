@@ -39,7 +39,7 @@ const std::vector<Row>& rows() {
     return table;
 }
 
-TEST(AmbrelInterfaceLanguageTest, hasItsTextsInDeclarationOrder) {
+TEST(AmbrelInterfaceLanguageTest, listsItsCasesInOrderWithTheirTexts) {
     const auto cases = Language::allCases();
     ASSERT_EQ(cases.size(), rows().size());
     for (std::size_t index = 0; index < cases.size(); ++index) {
@@ -51,7 +51,7 @@ TEST(AmbrelInterfaceLanguageTest, hasItsTextsInDeclarationOrder) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystemLanguage) {
     EXPECT_EQ(Language::system.localeIdentifier(), std::nullopt);
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.localeIdentifier(), language.rawValue());
@@ -66,7 +66,7 @@ TEST(AmbrelInterfaceLanguageTest, offersFourteenLanguagesStartingWithEnglish) {
     EXPECT_EQ(selectable.data(), Language::selectableLanguages().data()) << "made once and shared";
 }
 
-TEST(AmbrelInterfaceLanguageTest, isRightToLeftInArabicOnly) {
+TEST(AmbrelInterfaceLanguageTest, isRightToLeftOnlyForArabic) {
     for (const Language language : Language::allCases()) {
         EXPECT_EQ(language.isRightToLeft(), language == Language::arabic) << language.id().toStdString();
     }
@@ -81,7 +81,7 @@ TEST(AmbrelInterfaceLanguageTest, isFoundByItsExactRawValue) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, isTheSystemsWhereNothingValidIsStored) {
+TEST(AmbrelInterfaceLanguageTest, isTheSystemLanguageIfNothingValidIsStored) {
     EXPECT_EQ(Language::fromStoredValue(std::nullopt), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QString()), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QStringLiteral("EN")), Language::system);
@@ -96,7 +96,7 @@ TEST(AmbrelInterfaceLanguageTest, hasTheLocaleOfItsIdentifier) {
     EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
 }
 
-TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystemLanguage) {
     ScopedLocaleVariables variables;
     variables.set("LANG", "fr_CA.UTF-8");
     for (const Language language : Language::selectableLanguages()) {
@@ -119,7 +119,7 @@ struct SystemSetting {
     const char* expected;
 };
 
-TEST(AmbrelInterfaceLanguageTest, hasTheLanguageShownInTheSystemsRegionWhileItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasTheSystemsRegionInItsLocaleIfItIsTheSystemLanguage) {
     const SystemSetting settings[] = {
         {"", "fr_CA.UTF-8", "fr_CA.UTF-8", "fr_CA"},
         {"", "de_DE.UTF-8", "en_GB.UTF-8", "de_GB"},

@@ -32,7 +32,7 @@ TEST(PseudoLocalizationTest, mapsEveryBasicLetter) {
     EXPECT_EQ(expanded(letters), QStringLiteral("⟦") + result + QStringLiteral("⟧"));
 }
 
-TEST(PseudoLocalizationTest, mapsTheLettersWithoutAPatternAsItsTableSays) {
+TEST(PseudoLocalizationTest, mapsIrregularLettersByItsTable) {
     EXPECT_EQ(expanded(QStringLiteral("P")), QStringLiteral("⟦\u00DE⟧"));
     EXPECT_EQ(expanded(QStringLiteral("B")), QStringLiteral("⟦\u0181⟧"));
     EXPECT_EQ(expanded(QStringLiteral("b")), QStringLiteral("⟦\u0180⟧"));
@@ -57,7 +57,7 @@ TEST(PseudoLocalizationTest, marksEverySecondLetter) {
     EXPECT_EQ(expanded(QStringLiteral("a b c")), QStringLiteral("⟦å ƀː ç⟧"));
 }
 
-TEST(PseudoLocalizationTest, marksNothingWithoutLetters) {
+TEST(PseudoLocalizationTest, addsNoMarksWithoutLetters) {
     EXPECT_EQ(expanded(QStringLiteral("12 34!?")), QStringLiteral("⟦12 34!?⟧"));
     EXPECT_EQ(expanded(QStringLiteral(" ")), QStringLiteral("⟦ ⟧"));
     EXPECT_EQ(expanded(QStringLiteral("😀👍")), QStringLiteral("⟦😀👍⟧"));
@@ -70,12 +70,12 @@ TEST(PseudoLocalizationTest, countsLettersOfEveryScript) {
     EXPECT_EQ(expanded(QStringLiteral("𐐀𐐀")), QStringLiteral("⟦𐐀𐐀ː⟧")) << "outside the basic plane";
 }
 
-TEST(PseudoLocalizationTest, takesALetterWithItsMarksForOne) {
+TEST(PseudoLocalizationTest, countsALetterWithCombiningMarksAsOne) {
     EXPECT_EQ(expanded(QStringLiteral("éé")), QStringLiteral("⟦ééː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("e\u0301e\u0301")), QStringLiteral("⟦e\u0301e\u0301ː⟧"));
 }
 
-TEST(PseudoLocalizationTest, doesNotSparePlaceholders) {
+TEST(PseudoLocalizationTest, expandsPlaceholdersToo) {
     EXPECT_EQ(expanded(QStringLiteral("%lld")), QStringLiteral("⟦%ŀŀːð⟧"));
 }
 

@@ -36,7 +36,7 @@ protected:
     ScopedEnvironment zone_{"TZ", "UTC"};
 };
 
-TEST_F(FormattedDateTest, andTimeHaveTheOrderAndTheDigitsOfTheLanguage) {
+TEST_F(FormattedDateTest, hasTheOrderAndTheDigitsOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
     EXPECT_EQ(dateTime(evening, Language::english), QStringLiteral("Jun 14, 2026, 8:02\u202FPM"));
     EXPECT_EQ(dateTime(morning, Language::spanish), QStringLiteral("14 jun 2026, 9:41"));
@@ -90,7 +90,7 @@ std::string differencesFromTheCommand(const std::vector<std::int64_t>& times) {
     return differences;
 }
 
-TEST_F(FormattedDateTest, isInEveryZoneWhatTheCommandSays) {
+TEST_F(FormattedDateTest, agreesWithTheDateCommandInEveryTimeZone) {
     std::vector<std::string> settings = {"",
                                          "UTC0",
                                          "CET-1CEST,M3.5.0,M10.5.0/3",
@@ -116,14 +116,14 @@ TEST_F(FormattedDateTest, isInEveryZoneWhatTheCommandSays) {
     }
 }
 
-TEST_F(FormattedDateTest, followsTheSystemsCalendarWithTheNamesOfTheLanguage) {
+TEST_F(FormattedDateTest, hasTheSystemsCalendarAndTheNamesOfTheLanguage) {
     variables_.set("LC_TIME", "th_TH.UTF-8");
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2569 BE, 9:41\u202FAM"));
     variables_.set("LC_TIME", "de_DE.UTF-8");
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
 }
 
-TEST_F(FormattedDateTest, isInTheLanguageShownAndInTheWayOfTheSystemsRegion) {
+TEST_F(FormattedDateTest, isInTheShownLanguageAndTheFormatOfTheSystemsRegion) {
     variables_.set("LANG", "de_DE.UTF-8");
     EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14. Juni 2026, 20:02"));
     variables_.set("LC_TIME", "en_US.UTF-8");
@@ -156,13 +156,13 @@ TEST_F(FormattedDateTest, hasTheTimePartOfItsStyle) {
                 testing::AnyOf(QStringLiteral("9:41:05\u202FAM GMT"), QStringLiteral("9:41:05\u202FAM GMT+0")));
 }
 
-TEST_F(FormattedDateTest, hasBothPartsWhereItsStyleHasNeither) {
+TEST_F(FormattedDateTest, hasBothPartsIfItsStyleHasNeither) {
     EXPECT_EQ(formatted({.date = Style::Date::none, .time = Style::Time::none}),
               QStringLiteral("6/14/2026, 9:41\u202FAM"));
     EXPECT_EQ(formatted({}), QStringLiteral("6/14/2026, 9:41\u202FAM"));
 }
 
-TEST_F(FormattedDateTest, keepsTheTimeZoneOfItsStyle) {
+TEST_F(FormattedDateTest, hasTheTimeZoneOfItsStyle) {
     Style style{.date = Style::Date::none, .time = Style::Time::shortened, .timeZone = QStringLiteral("Asia/Tokyo")};
     EXPECT_EQ(formatted(style), QStringLiteral("6:41\u202FPM"));
     style.timeZone = QStringLiteral("no/such place");
@@ -171,7 +171,7 @@ TEST_F(FormattedDateTest, keepsTheTimeZoneOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("9:41\u202FAM"));
 }
 
-TEST_F(FormattedDateTest, tellsNamesFromEachOtherWhateverTheyHold) {
+TEST_F(FormattedDateTest, doesNotConfuseNamesThatConcatenateToTheSameText) {
     Style style{.date = Style::Date::longForm, .time = Style::Time::none, .calendar = QStringLiteral("buddhist")};
     EXPECT_EQ(AmbrelStrings::formattedDate(morning, style, icu::Locale("en")), QStringLiteral("June 14, 2569 BE"));
     // The same letters, were both names only written one after the other.
@@ -179,7 +179,7 @@ TEST_F(FormattedDateTest, tellsNamesFromEachOtherWhateverTheyHold) {
     EXPECT_FALSE(AmbrelStrings::formattedDate(morning, style, icu::Locale("ten")).contains(QStringLiteral("2569")));
 }
 
-TEST_F(FormattedDateTest, keepsTheCalendarOfItsStyle) {
+TEST_F(FormattedDateTest, hasTheCalendarOfItsStyle) {
     Style style{.date = Style::Date::longForm, .time = Style::Time::none, .calendar = QStringLiteral("japanese")};
     EXPECT_EQ(formatted(style, Language::japanese), QStringLiteral("令和8年6月14日"));
     style.calendar = QStringLiteral("no calendar");
@@ -188,7 +188,7 @@ TEST_F(FormattedDateTest, keepsTheCalendarOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("June 14, 2026"));
 }
 
-TEST_F(FormattedDateTest, keepsTheCapitalizationContextOfItsStyle) {
+TEST_F(FormattedDateTest, isCapitalizedForTheContextOfItsStyle) {
     Style style{.date = Style::Date::complete, .time = Style::Time::none};
     EXPECT_EQ(formatted(style, Language::french), QStringLiteral("dimanche 14 juin 2026"));
     style.capitalizationContext = Style::CapitalizationContext::beginningOfSentence;

@@ -35,7 +35,7 @@ void PrintTo(const Case& example, std::ostream* stream) {
 
 class PreferredLanguagesTest : public testing::TestWithParam<Case> {};
 
-TEST_P(PreferredLanguagesTest, giveOneLanguageOfTheCatalogue) {
+TEST_P(PreferredLanguagesTest, resolveToOneLanguageOfTheCatalogue) {
     const QStringList preferred = QString::fromUtf8(GetParam().preferred).split(u',', Qt::SkipEmptyParts);
     EXPECT_EQ(resolved(preferred), QString::fromUtf8(GetParam().expected)) << GetParam().preferred;
 }
@@ -84,7 +84,7 @@ TEST(PreferredLanguageTagsTest, mayBeEmptyOrVeryLong) {
     EXPECT_EQ(resolved(QStringList(100'000, QStringLiteral("nl"))), QStringLiteral("en"));
 }
 
-TEST(PreferredLanguageTagsTest, alwaysGiveALanguageOfTheCatalogue) {
+TEST(PreferredLanguageTagsTest, alwaysResolveToALanguageOfTheCatalogue) {
     for (const char* tag : {"zh-Hant-HK-u-ca-roc", "pt-Latn-PT-x-a", "EN", "Fr-fr", "de-1996", "sr-Latn"}) {
         EXPECT_THAT(AmbrelStrings::launchLocaleIdentifiers(), testing::Contains(resolved({QString::fromUtf8(tag)})));
     }

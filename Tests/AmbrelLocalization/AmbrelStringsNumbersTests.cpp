@@ -17,7 +17,7 @@ icu::Locale locale(const char* identifier) {
     return icu::Locale::forLanguageTag(identifier, status);
 }
 
-TEST(FormattedNumberTest, isGroupedAsTheLanguageGroups) {
+TEST(FormattedNumberTest, isGroupedByTheRulesOfTheLanguage) {
     EXPECT_EQ(formattedNumber(1'200'000, locale("en")), QStringLiteral("1,200,000"));
     EXPECT_EQ(formattedNumber(1'200'000, locale("de")), QStringLiteral("1.200.000"));
     EXPECT_EQ(formattedNumber(1'200'000, locale("fr")), QStringLiteral("1\u202F200\u202F000"));

@@ -55,7 +55,7 @@ TEST(CatalogueEntryTest, hasItsKeyAsItsDefaultValue) {
     EXPECT_NE(entry, AmbrelStrings::recoveryChoosePackageBody());
 }
 
-TEST(CatalogueEntryTest, hasTheMemberNameOfItsKey) {
+TEST(CatalogueEntryTest, hasTheKeyOfItsMember) {
     EXPECT_EQ(AmbrelStrings::filesExportStart().key(), "ambrel.files-export.start");
     EXPECT_EQ(AmbrelStrings::brandDisplayName().key(), "ambrel.brand.display-name");
     EXPECT_EQ(AmbrelStrings::lockedActionFaceID().key(), "ambrel.locked.action.face-id");
@@ -83,7 +83,7 @@ TEST(InterfaceResourcesTest, haveEveryKeyOnceAndTheRecoveryGroupFirst) {
     EXPECT_EQ(std::ranges::count_if(resources, isRecovery), 97);
 }
 
-TEST_F(AmbrelStringsTest, areInTheSystemsLanguageWhereNothingIsStored) {
+TEST_F(AmbrelStringsTest, areInTheSystemsLanguageIfNothingIsStored) {
     EXPECT_EQ(AmbrelStrings::currentInterfaceLanguage(), Language::system);
     EXPECT_EQ(localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in fr"));
 }
@@ -107,7 +107,7 @@ TEST_F(AmbrelStringsTest, areInTheLanguageThatAnotherProcessSavedLast) {
     EXPECT_EQ(localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in fr"));
 }
 
-TEST_F(AmbrelStringsTest, areStoredInTheHomeFolderWhereNoConfigurationFolderIsSet) {
+TEST_F(AmbrelStringsTest, storeTheLanguageInTheHomeFolderIfNoConfigurationFolderIsSet) {
     const TemporaryDirectory home;
     const ScopedEnvironment homeVariable("HOME", home.path());
     const ScopedEnvironment configuration("XDG_CONFIG_HOME", std::nullopt);
@@ -174,7 +174,7 @@ TEST_F(AmbrelStringsTest, haveDigitsOfOneKindOnAnArabicScreenInEveryRegion) {
     EXPECT_THAT(kinds["MA"], testing::ElementsAre(U'0'));
 }
 
-TEST_F(AmbrelStringsTest, formatByOneSettingOfTheSystem) {
+TEST_F(AmbrelStringsTest, formatByTheSystemsTimeLocaleAlone) {
     const ScopedEnvironment numeric("LC_NUMERIC", "de_DE.UTF-8");
     variables_.set("LANG", "en_US.UTF-8");
     EXPECT_STREQ(AmbrelStrings::currentFormattingLocale().getName(), "en_US");

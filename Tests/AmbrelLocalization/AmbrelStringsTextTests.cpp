@@ -38,7 +38,7 @@ TEST(SentenceInitialTest, ofAnEmptyTextIsEmpty) {
     EXPECT_EQ(capitalized(QString(), "tr"), QString());
 }
 
-TEST(SentenceInitialTest, mayBeHalfACharacter) {
+TEST(SentenceInitialTest, mayBeALoneSurrogate) {
     const QString lone(QChar(u'\xD800'));
     EXPECT_EQ(capitalized(lone + u'a'), lone + u'a');
 }

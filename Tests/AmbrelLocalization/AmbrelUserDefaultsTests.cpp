@@ -26,7 +26,7 @@ protected:
     AmbrelUserDefaults defaults_{folder_.path() / "Recovery.conf"};
 };
 
-TEST_F(AmbrelUserDefaultsTest, haveNothingWithoutAFile) {
+TEST_F(AmbrelUserDefaultsTest, areEmptyWithoutAFile) {
     EXPECT_EQ(defaults_.string(key), std::nullopt);
 }
 
@@ -75,7 +75,7 @@ TEST_F(AmbrelUserDefaultsTest, keepAnyText) {
     }
 }
 
-TEST_F(AmbrelUserDefaultsTest, readValuesThatAreNoTextAsAbsent) {
+TEST_F(AmbrelUserDefaultsTest, treatValuesThatAreNotTextsAsAbsent) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de, fr\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@ByteArray(de)\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@Invalid()\n"), std::nullopt);
@@ -83,7 +83,7 @@ TEST_F(AmbrelUserDefaultsTest, readValuesThatAreNoTextAsAbsent) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@Size(1 2)\n"), std::nullopt);
 }
 
-TEST_F(AmbrelUserDefaultsTest, readBrokenFilesAsFarAsTheyAreWhole) {
+TEST_F(AmbrelUserDefaultsTest, readTheIntactLinesOfBrokenFiles) {
     EXPECT_EQ(readFrom("[General\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\n\"ambrel.interface-language.v1=de\n"), std::nullopt);
@@ -91,13 +91,13 @@ TEST_F(AmbrelUserDefaultsTest, readBrokenFilesAsFarAsTheyAreWhole) {
     EXPECT_EQ(readFrom("[General]\nnonsense\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, repairABrokenFileWhenTheyWriteIt) {
+TEST_F(AmbrelUserDefaultsTest, repairABrokenFileByWritingIt) {
     writeInPlace(folder_ / "Recovery.conf", "[General\nnonsense\n");
     EXPECT_TRUE(defaults_.setString(key, QStringLiteral("it")));
     EXPECT_EQ(defaults_.string(key), QStringLiteral("it"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, readAFileWithoutPermissionAsAbsentUntilThereIsOne) {
+TEST_F(AmbrelUserDefaultsTest, treatAFileAsAbsentUntilItMayBeRead) {
     writeInPlace(folder_ / "Recovery.conf", "[General]\nambrel.interface-language.v1=de\n");
     ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
     ASSERT_EQ(::chmod(defaults_.path().c_str(), 0), 0);
@@ -110,7 +110,7 @@ TEST_F(AmbrelUserDefaultsTest, readAFileWithoutPermissionAsAbsentUntilThereIsOne
     EXPECT_EQ(defaults_.string(key), QStringLiteral("de"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, readAFolderOrAPipeInTheFilesPlaceAsAbsent) {
+TEST_F(AmbrelUserDefaultsTest, treatAFolderOrAPipeInPlaceOfTheFileAsAbsent) {
     std::filesystem::create_directory(defaults_.path());
     EXPECT_EQ(defaults_.string(key), std::nullopt);
     EXPECT_FALSE(defaults_.setString(key, QStringLiteral("de")));
@@ -121,18 +121,18 @@ TEST_F(AmbrelUserDefaultsTest, readAFolderOrAPipeInTheFilesPlaceAsAbsent) {
     EXPECT_EQ(onPipe.string(key), std::nullopt) << "and without waiting for somebody to write";
 }
 
-TEST_F(AmbrelUserDefaultsTest, readAnEndlessFileAsAbsent) {
+TEST_F(AmbrelUserDefaultsTest, treatAnOversizedFileAsAbsent) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de\n" + std::string(2 * 1024 * 1024, ';')),
               std::nullopt);
 }
 
-TEST_F(AmbrelUserDefaultsTest, followALinkInTheFilesPlace) {
+TEST_F(AmbrelUserDefaultsTest, followALinkInPlaceOfTheFile) {
     writeInPlace(folder_ / "elsewhere.conf", "[General]\nambrel.interface-language.v1=tr\n");
     std::filesystem::create_symlink("elsewhere.conf", defaults_.path());
     EXPECT_EQ(defaults_.string(key), QStringLiteral("tr"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, seeAChangeOfTheSameLength) {
+TEST_F(AmbrelUserDefaultsTest, noticeAChangeThatKeepsTheLength) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     writeInPlace(defaults_.path(), "[General]\nambrel.interface-language.v1=fr\n");
     const auto written = std::filesystem::last_write_time(defaults_.path());
@@ -140,20 +140,20 @@ TEST_F(AmbrelUserDefaultsTest, seeAChangeOfTheSameLength) {
     EXPECT_EQ(defaults_.string(key), QStringLiteral("fr"));
 }
 
-TEST_F(AmbrelUserDefaultsTest, seeEveryChangeOfTheLengthAtTheSameTime) {
+TEST_F(AmbrelUserDefaultsTest, noticeEveryChangeOfLengthInQuickSuccession) {
     for (const char* const language : {"de", "pt-BR", "it", "zh-Hans"}) {
         EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=" + std::string(language) + "\n"), language);
     }
 }
 
-TEST_F(AmbrelUserDefaultsTest, seeTheFileGoAndComeBack) {
+TEST_F(AmbrelUserDefaultsTest, noticeTheFileDisappearAndReappear) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     std::filesystem::remove(defaults_.path());
     EXPECT_EQ(defaults_.string(key), std::nullopt);
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=pt-BR\n"), QStringLiteral("pt-BR"));
 }
 
-TEST(StandardUserDefaultsTest, lieInTheUsersConfigurationFolder) {
+TEST(StandardUserDefaultsTest, areInTheUsersConfigurationFolder) {
     // The program's main function has set the variable before anything asked for the defaults.
     EXPECT_EQ(AmbrelUserDefaults::standard()->path(),
               std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Ambrel" / "Recovery.conf");

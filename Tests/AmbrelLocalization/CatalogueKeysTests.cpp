@@ -35,7 +35,7 @@ std::string nameThatFollowsFrom(const std::string& key) {
     return name;
 }
 
-TEST(CatalogueKeysTest, haveMembersOfTheirNamesOrOfThoseListed) {
+TEST(CatalogueKeysTest, haveMembersNamedByTheRuleOrListedAsExceptions) {
     for (const auto& [key, member] : memberOfKey) {
         const auto listed = memberNamedOtherwise.find(key);
         EXPECT_EQ(member, listed == memberNamedOtherwise.end() ? nameThatFollowsFrom(key) : listed->second) << key;
@@ -46,7 +46,7 @@ TEST(CatalogueKeysTest, haveMembersOfTheirNamesOrOfThoseListed) {
     }
 }
 
-TEST(CatalogueKeysTest, areInGroupsOfTheseSizes) {
+TEST(CatalogueKeysTest, areInGroupsOfTheExpectedSizes) {
     const std::map<std::string_view, int> expected = {
         {"recovery", 97},
         {"brand", 1},

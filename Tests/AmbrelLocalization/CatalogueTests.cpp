@@ -226,7 +226,7 @@ TEST_P(TableTest, isTranslatedOrListedWithAReason) {
     }
 }
 
-TEST_P(TableTest, isSetByTheRulesOfItsLanguage) {
+TEST_P(TableTest, isTypesetByTheRulesOfItsLanguage) {
     for (const auto& [key, text] : texts()) {
         EXPECT_THAT(textFaults(locale(), text), testing::IsEmpty()) << key << ": " << text.toStdString();
     }
@@ -246,7 +246,7 @@ TEST_P(TableTest, endsEveryTextAsEnglishDoes) {
     }
 }
 
-TEST_P(TableTest, quotesNamesAsTheyAre) {
+TEST_P(TableTest, quotesNamesExactly) {
     const auto named = [this](const char* key) { return texts().at(std::string("ambrel.") + key); };
     const auto quotes = [&](const char* key) { return quotedTexts(named(key)); };
     EXPECT_TRUE(quotes("help.set-up-backup.body").contains(named("backup.setup.create.action")));

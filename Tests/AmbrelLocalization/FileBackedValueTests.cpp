@@ -82,7 +82,7 @@ TEST_F(FileBackedValueTest, isDecodedAgainWhenTheFileIsReplaced) {
     }
 }
 
-TEST_F(FileBackedValueTest, leavesAValueInUseAsItIs) {
+TEST_F(FileBackedValueTest, doesNotChangeAValueInUse) {
     writeInPlace(folder_ / "file", "one");
     const auto first = value_.current();
     ASSERT_NE(first, nullptr);
@@ -91,7 +91,7 @@ TEST_F(FileBackedValueTest, leavesAValueInUseAsItIs) {
     EXPECT_EQ(first->text, "one");
 }
 
-TEST_F(FileBackedValueTest, isReadAgainAfterAFailureThatHadNothingToDoWithTheFile) {
+TEST_F(FileBackedValueTest, isReadAgainAfterAFailureUnrelatedToTheFile) {
     waitUntilSettled(writeInPlace(folder_ / "file", "one"));
     {
         const NoFreeDescriptors descriptors;
@@ -109,7 +109,7 @@ TEST_F(FileBackedValueTest, isNullForAFileThatIsTooLarge) {
     EXPECT_NE(value_.current(), nullptr);
 }
 
-TEST_F(FileBackedValueTest, canOutliveItsFile) {
+TEST_F(FileBackedValueTest, outlivesItsFile) {
     writeInPlace(folder_ / "file", "one");
     EXPECT_EQ(text(), "one");
     std::filesystem::remove(folder_ / "file");
@@ -122,7 +122,7 @@ TEST_F(FileBackedValueTest, canOutliveItsFile) {
     EXPECT_EQ(text(), "other");
 }
 
-TEST_F(FileBackedValueTest, isEmptyForAnEmptyFileThatNeverHeldMore) {
+TEST_F(FileBackedValueTest, isEmptyIfItsFileWasAlwaysEmpty) {
     writeInPlace(folder_ / "file", "");
     EXPECT_EQ(text(), "");
 }

@@ -15,7 +15,7 @@ TEST(FormatterCacheTest, makesEachFormatterOnce) {
     EXPECT_EQ(made, 2);
 }
 
-TEST(FormatterCacheTest, triesAgainWhereNoneCouldBeMade) {
+TEST(FormatterCacheTest, triesAgainIfNoFormatterCouldBeMade) {
     FormatterCache<int> cache;
     EXPECT_EQ(cache.formatter("first", [] { return std::unique_ptr<int>(); }), nullptr);
     EXPECT_EQ(*cache.formatter("first", [] { return std::make_unique<int>(1); }), 1);

@@ -19,7 +19,7 @@ QString filled(const QString& format, std::initializer_list<Value> values, const
     return PrintfStyleFormat::filled(format, std::vector<Value>(values), icu::Locale(locale));
 }
 
-TEST(PrintfStyleFormatTest, fillsIntegersOneAfterTheOther) {
+TEST(PrintfStyleFormatTest, fillsIntegersInOrder) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3, 10}), QStringLiteral("3 of 10"));
     EXPECT_EQ(filled(QStringLiteral("%d %i %u %ld %li %hd %hhd %zd %jd %td %qd %llu"),
                      {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}),
@@ -51,19 +51,19 @@ TEST(PrintfStyleFormatTest, writesOnePercentSignForTwo) {
     EXPECT_EQ(filled(QStringLiteral("%%%lld%%"), {5}), QStringLiteral("%5%"));
 }
 
-TEST(PrintfStyleFormatTest, leavesWhatNoValueFitsAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesPlaceholdersThatNoValueFits) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3}), QStringLiteral("3 of %lld"));
     EXPECT_EQ(filled(QStringLiteral("%3$lld"), {1, 2}), QStringLiteral("%3$lld"));
     EXPECT_EQ(filled(QStringLiteral("%lld"), {QStringLiteral("text")}), QStringLiteral("%lld"));
     EXPECT_EQ(filled(QStringLiteral("%@"), {}), QStringLiteral("%@"));
 }
 
-TEST(PrintfStyleFormatTest, leavesOutSurplusValues) {
+TEST(PrintfStyleFormatTest, ignoresSurplusValues) {
     EXPECT_EQ(filled(QStringLiteral("none"), {1, 2}), QStringLiteral("none"));
     EXPECT_EQ(filled(QString(), {1}), QString());
 }
 
-TEST(PrintfStyleFormatTest, leavesWhatItDoesNotUnderstandAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesUnknownPlaceholders) {
     for (const char* format :
          {"%",        "100 %",  "%s",     "%n",       "%f",    "%p",   "%x",  "%c",
           "%5d",      "%05lld", "%-d",    "%+d",      "% d",   "%.3d", "%*d", "%1$",
@@ -75,14 +75,14 @@ TEST(PrintfStyleFormatTest, leavesWhatItDoesNotUnderstandAsItIsWritten) {
     EXPECT_EQ(filled(QStringLiteral("%s %lld"), {1}), QStringLiteral("%s 1")) << "it takes no value either";
 }
 
-TEST(PrintfStyleFormatTest, knowsItsPlaceholders) {
+TEST(PrintfStyleFormatTest, findsItsPlaceholders) {
     const std::vector<Placeholder> expected = {
         {0, 4, Kind::integer, 0}, {5, 2, Kind::percentSign, 0}, {8, 4, Kind::text, 2}, {13, 2, Kind::text, 1}};
     EXPECT_EQ(placeholders(u"%lld %% %3$@ %@ %s"), expected);
     EXPECT_TRUE(placeholders(u"").empty());
 }
 
-TEST(PrintfStyleFormatTest, isHarmlessWhateverItsText) {
+TEST(PrintfStyleFormatTest, isHarmlessForAnyText) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp): the same formats at every run
     constexpr std::u16string_view signs = u"%%%%$$@dlhs0123456789n*.- \u00E9\u65E5";
     for (int round = 0; round < 20'000; ++round) {

@@ -17,18 +17,18 @@ protected:
     TemporaryDirectory folder_;
 };
 
-TEST_F(ResourceBundleAccessorTest, takesTheFirstFolderThatIsThere) {
+TEST_F(ResourceBundleAccessorTest, takesTheFirstFolderThatExists) {
     EXPECT_EQ(bundleAmong(made("main"), made("build")), folder_.path() / "main");
     EXPECT_EQ(bundleAmong(folder_.path() / "missing", made("build")), folder_.path() / "build");
 }
 
-TEST_F(ResourceBundleAccessorTest, takesNoFileForABundle) {
+TEST_F(ResourceBundleAccessorTest, doesNotMistakeAFileForABundle) {
     EXPECT_EQ(bundleAmong(writeInPlace(folder_ / "file", ""), made("build")), folder_.path() / "build");
 }
 
 using ResourceBundleAccessorDeathTest = ResourceBundleAccessorTest;
 
-TEST_F(ResourceBundleAccessorDeathTest, endsTheProcessWhereThereIsNone) {
+TEST_F(ResourceBundleAccessorDeathTest, endsTheProcessIfThereIsNoBundle) {
     EXPECT_DEATH(bundleAmong("/nowhere/a.bundle", "/nowhere/b.bundle"),
                  "could not load resource bundle: from /nowhere/a.bundle or /nowhere/b.bundle");
 }

@@ -58,7 +58,7 @@ private:
     mutable std::unique_ptr<StringCatalogue> catalogue_;
 };
 
-TEST_F(StringCatalogueTest, followsTheSystemWhereNothingIsStored) {
+TEST_F(StringCatalogueTest, followsTheSystemIfNothingIsStored) {
     EXPECT_EQ(text("both"), QStringLiteral("Français"));
     variables_.set("LANG", "zh_TW.UTF-8");
     EXPECT_EQ(text("both"), QStringLiteral("中文"));
@@ -73,7 +73,7 @@ TEST_F(StringCatalogueTest, followsTheStoredLanguageWhateverTheSystemSays) {
     EXPECT_EQ(text("both"), QStringLiteral("Deutsch"));
 }
 
-TEST_F(StringCatalogueTest, treatsAStoredSystemLikeNothingStored) {
+TEST_F(StringCatalogueTest, treatsAStoredSystemLanguageLikeNothingStored) {
     store(Language::german);
     EXPECT_EQ(text("both"), QStringLiteral("Deutsch"));
     store(Language::system);
@@ -85,7 +85,7 @@ TEST_F(StringCatalogueTest, treatsAnUnknownStoredTextLikeNothingStored) {
     EXPECT_EQ(text("both"), QStringLiteral("Français"));
 }
 
-TEST_F(StringCatalogueTest, takesAnExplicitIdentifierUnchanged) {
+TEST_F(StringCatalogueTest, matchesAnExplicitIdentifierExactly) {
     store(Language::german);
     EXPECT_EQ(text("both", "fr"), QStringLiteral("Français"));
     EXPECT_EQ(text("both", "en"), QStringLiteral("English both"));
@@ -119,7 +119,7 @@ TEST_F(StringCatalogueTest, fallsBackToEnglishForADamagedTable) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("geheilt"));
 }
 
-TEST_F(StringCatalogueTest, fallsBackToTheKeyWhereEnglishIsDamagedToo) {
+TEST_F(StringCatalogueTest, fallsBackToTheKeyIfEnglishIsDamagedToo) {
     writeTable("en", "{");
     EXPECT_EQ(text("english", "de"), QStringLiteral("english"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
@@ -127,7 +127,7 @@ TEST_F(StringCatalogueTest, fallsBackToTheKeyWhereEnglishIsDamagedToo) {
     EXPECT_EQ(text("english", "de"), QStringLiteral("english"));
 }
 
-TEST_F(StringCatalogueTest, fallsBackWhereAFolderOrNoPermissionIsInTheTablesPlace) {
+TEST_F(StringCatalogueTest, fallsBackToEnglishForATableThatIsAFolderOrUnreadable) {
     std::filesystem::remove(folder_.path() / table("de"));
     std::filesystem::create_directory(folder_.path() / table("de"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("English both"));
@@ -138,13 +138,13 @@ TEST_F(StringCatalogueTest, fallsBackWhereAFolderOrNoPermissionIsInTheTablesPlac
     EXPECT_EQ(text("both", "fr"), QStringLiteral("English both"));
 }
 
-TEST_F(StringCatalogueTest, seesATableThatIsReplaced) {
+TEST_F(StringCatalogueTest, noticesAReplacedTable) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
     writeTable("de", R"({"both": "Neues D"})");
     EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D"));
 }
 
-TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
+TEST_F(StringCatalogueTest, keepsItsTextsWhenTheApplicationIsMovedAway) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
     const TemporaryDirectory elsewhere;
     std::filesystem::rename(folder_.path() / "Resources", elsewhere / "Resources");
@@ -160,13 +160,13 @@ TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
 }
 
 // The program's own folder holds the bundle only among its resources, so the copy of the build stands in.
-TEST_F(StringCatalogueTest, takesTheModulesBundleWhereTheApplicationHasNone) {
+TEST_F(StringCatalogueTest, takesTheModulesBundleIfTheApplicationHasNone) {
     std::filesystem::remove_all(folder_.path() / "Resources" / ResourceBundleAccessor::bundleName);
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("both"));
 }
 
-TEST_F(StringCatalogueTest, takesTheModulesBundleWhereTheApplicationHasNoResources) {
+TEST_F(StringCatalogueTest, takesTheModulesBundleIfTheApplicationHasNoResources) {
     std::filesystem::remove_all(folder_.path() / "Resources");
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
 }

@@ -17,7 +17,7 @@ TEST(StringTableTest, hasItsTextsByKey) {
     EXPECT_EQ(table.text(""), std::nullopt);
 }
 
-TEST(StringTableTest, isEmptyWhereTheTextIsNoJsonObject) {
+TEST(StringTableTest, isEmptyIfTheTextIsNotAJsonObject) {
     for (const std::string_view bytes :
          {"", "{", "[]", "\"text\"", "null", "{\"a\": \"b\"", "{\"a\": \"b\",}", "{\"a\" \"b\"}", "{\"a\": 'b'}",
           "{\"a\": \"b\"} trailing", "{\"a\": \"b\"}{}", "{\"a\": \"\\ud800\"}", "{\"a\": \"b\x80\"}",
@@ -28,14 +28,14 @@ TEST(StringTableTest, isEmptyWhereTheTextIsNoJsonObject) {
     EXPECT_EQ(StringTable::decoded(std::string_view("\0\0\0", 3)).size(), 0U);
 }
 
-TEST(StringTableTest, leavesOutValuesThatAreNoText) {
+TEST(StringTableTest, leavesOutValuesThatAreNotTexts) {
     const StringTable table = StringTable::decoded(
         R"({"a": 1, "b": null, "c": ["x"], "d": {"a": "nested"}, "e": true, "f": 1.5, "g": "text"})");
     EXPECT_EQ(table.size(), 1U);
     EXPECT_EQ(table.text("g"), QStringLiteral("text"));
 }
 
-TEST(StringTableTest, hasNoBlankTexts) {
+TEST(StringTableTest, leavesOutBlankTexts) {
     const StringTable table = StringTable::decoded(R"({"a": "", "b": "  \n\t", "c": "\u00a0", "d": " x "})");
     for (const std::string_view key : {"a", "b", "c"}) {
         EXPECT_EQ(table.text(key), std::nullopt) << key;

@@ -23,7 +23,7 @@ TEST(LanguageTagTest, hasTheScriptOfTheModifier) {
     EXPECT_EQ(SystemLocale::languageTag("ca_ES@valencia"), "ca-ES");
 }
 
-TEST(LanguageTagTest, isNoneForTheNamesWithoutALanguage) {
+TEST(LanguageTagTest, isAbsentForNamesWithoutALanguage) {
     for (const std::string_view name :
          {"", "C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8", "C@euro", ".UTF-8", "@x"}) {
         EXPECT_EQ(SystemLocale::languageTag(name), std::nullopt) << name;
@@ -36,7 +36,7 @@ protected:
     ScopedLocaleVariables variables_;
 };
 
-TEST_F(SystemLocaleTest, prefersNoLanguageWhereNoneIsSet) {
+TEST_F(SystemLocaleTest, prefersNoLanguageIfNoneIsSet) {
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList());
     variables_.set("LANG", "C.UTF-8");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList());
@@ -50,14 +50,14 @@ TEST_F(SystemLocaleTest, prefersTheListBeforeTheLocale) {
     EXPECT_EQ(SystemLocale::preferredLanguages(), expected);
 }
 
-TEST_F(SystemLocaleTest, takesEmptyEntriesOfTheListForNothing) {
+TEST_F(SystemLocaleTest, ignoresEmptyEntriesOfTheList) {
     variables_.set("LANGUAGE", "::de::");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList{QStringLiteral("de")});
     variables_.set("LANGUAGE", ":");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList());
 }
 
-TEST_F(SystemLocaleTest, takesTheLocaleOfMessagesFromTheFirstVariableThatIsSet) {
+TEST_F(SystemLocaleTest, takesTheMessagesLocaleFromTheFirstVariableThatIsSet) {
     variables_.set("LANG", "de_DE.UTF-8");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList{QStringLiteral("de-DE")});
     variables_.set("LC_MESSAGES", "fr_FR.UTF-8");
@@ -81,7 +81,7 @@ TEST_F(SystemLocaleTest, takesTheRegionFromTheFirstVariableThatIsSet) {
     EXPECT_EQ(SystemLocale::region(), "419");
 }
 
-TEST_F(SystemLocaleTest, hasNoRegionWhereNoneIsNamed) {
+TEST_F(SystemLocaleTest, hasNoRegionIfNoneIsNamed) {
     EXPECT_EQ(SystemLocale::region(), "");
     for (const char* name :
          {"C", "POSIX", "C.UTF-8", "", "%%%", "_", "1", "de-\xFF\xFE", "x-private", "de", "zh-Hant"}) {

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr std::chrono::sys_seconds summer = std::chrono::sys_days(std::chrono::year(2026) / 7 / 15);
 constexpr std::chrono::sys_seconds winter = std::chrono::sys_days(std::chrono::year(2026) / 1 / 15);
 
-TEST(SystemTimeZoneTest, followsTheVariable) {
+TEST(SystemTimeZoneTest, followsTheEnvironmentVariable) {
     const ScopedEnvironment zone("TZ", "Europe/Berlin");
     EXPECT_EQ(SystemTimeZone::offset(summer), 2h);
     EXPECT_EQ(SystemTimeZone::offset(winter), 1h);
@@ -35,7 +35,7 @@ TEST(SystemTimeZoneTest, isExactToTheSecond) {
     EXPECT_EQ(SystemTimeZone::offset(change), 2h);
 }
 
-TEST(SystemTimeZoneTest, isUTCWhereTheVariableSaysNothing) {
+TEST(SystemTimeZoneTest, isUTCIfTheVariableIsEmptyOrInvalid) {
     for (const char* value : {"", "nonsense", "../../etc/passwd", ":", "UTC"}) {
         const ScopedEnvironment zone("TZ", value);
         EXPECT_EQ(SystemTimeZone::offset(summer), 0s) << value;

@@ -41,7 +41,7 @@ protected:
     std::shared_ptr<AmbrelUserDefaults> defaults_ = emptyStandardUserDefaults();
 };
 
-TEST_F(UserDefaultsOfProcessesTest, keepWhatEachOfThemSavesAtTheSameTime) {
+TEST_F(UserDefaultsOfProcessesTest, keepWhatEachProcessSavesAtTheSameTime) {
     const QString untouched = QStringLiteral("untouched");
     ASSERT_TRUE(defaults_->setString(untouched, QStringLiteral("here")));
     // The texts have different lengths, because a save at the same moment that keeps the file's length may be missed.

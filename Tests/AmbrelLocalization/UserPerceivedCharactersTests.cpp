@@ -19,7 +19,7 @@ QStringList characters(const QString& text) {
     return result;
 }
 
-TEST(UserPerceivedCharactersTest, areNoneInAnEmptyText) {
+TEST(UserPerceivedCharactersTest, areAbsentFromAnEmptyText) {
     EXPECT_EQ(characters(QString()), QStringList());
 }
 
@@ -29,7 +29,7 @@ TEST(UserPerceivedCharactersTest, keepMarksAndSequencesTogether) {
     EXPECT_EQ(characters(expected.join(QString())), expected);
 }
 
-TEST(UserPerceivedCharactersTest, coverATextThatIsNotWellFormed) {
+TEST(UserPerceivedCharactersTest, coverAMalformedText) {
     const QString text = QString(QChar(u'\xDC00')) + QChar(u'\xD800') + u'a';
     EXPECT_EQ(characters(text).join(QString()), text);
 }

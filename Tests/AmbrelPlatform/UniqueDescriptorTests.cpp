@@ -48,7 +48,7 @@ TEST(UniqueDescriptorTest, closesWhenItIsDestroyed) {
     EXPECT_FALSE(isOpen(descriptor));
 }
 
-TEST(UniqueDescriptorTest, closesOnceWhenItIsAskedTo) {
+TEST(UniqueDescriptorTest, closesOnceOnRequest) {
     UniqueDescriptor owner(openNullDevice());
     EXPECT_TRUE(owner.close());
     EXPECT_FALSE(owner);
@@ -86,7 +86,7 @@ TEST(UniqueDescriptorTest, survivesAnAssignmentToItself) {
     EXPECT_TRUE(isOpen(owner.get()));
 }
 
-TEST(UniqueDescriptorTest, isLeftAloneAboveTheStandardStreams) {
+TEST(UniqueDescriptorTest, isNotMovedIfAboveTheStandardStreams) {
     const int descriptor = openNullDevice();
     ASSERT_GT(descriptor, STDERR_FILENO);
     EXPECT_EQ(aboveStandardStreams(UniqueDescriptor(descriptor)).get(), descriptor);
@@ -109,7 +109,7 @@ TEST(UniqueDescriptorTest, isMovedOutOfTheStandardStreams) {
     }
 }
 
-TEST(UniqueDescriptorTest, isNoneWhereTheSystemRefusesToMoveIt) {
+TEST(UniqueDescriptorTest, isClosedIfTheSystemRefusesToMoveIt) {
     const std::string outcome = ChildProcess::outcome([] {
         close(STDIN_FILENO);
         UniqueDescriptor descriptor(openNullDevice());

@@ -49,7 +49,7 @@ private:
 
 } // namespace
 
-TEST_F(EndOfProcessTest, doesNotWaitForASessionBusThatIsSilent) {
+TEST_F(EndOfProcessTest, doesNotWaitForASilentSessionBus) {
     const TestBus session("DBUS_SESSION_BUS_ADDRESS");
     const SilentSocket silent(session.socketPath());
     ASSERT_TRUE(silent.isListening());
@@ -58,7 +58,7 @@ TEST_F(EndOfProcessTest, doesNotWaitForASessionBusThatIsSilent) {
     expectNoWait();
 }
 
-TEST_F(EndOfProcessTest, doesNotWaitForAFolderThatDoesNotAnswerInAPanel) {
+TEST_F(EndOfProcessTest, doesNotWaitForAHungFolderInAPanel) {
     const HungFolder hung(root());
     FolderModel files;
     files.setFolder(root());
@@ -68,7 +68,7 @@ TEST_F(EndOfProcessTest, doesNotWaitForAFolderThatDoesNotAnswerInAPanel) {
     EXPECT_EQ(files.state(), FolderModel::State::loading);
 }
 
-TEST_F(EndOfProcessTest, doesNotWaitForAPlaceThatDoesNotAnswerInAPanel) {
+TEST_F(EndOfProcessTest, doesNotWaitForAHungPlaceInAPanel) {
     qputenv("HOME", QByteArray::fromStdString(root().native()));
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((root() / "configuration").native()));
     const HungFolder hung(root() / "Pictures");

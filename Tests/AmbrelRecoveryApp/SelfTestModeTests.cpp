@@ -18,7 +18,7 @@ TEST(SelfTestModeTest, isRequestedByTheWholeArgumentAtAnyPosition) {
     EXPECT_TRUE(requested({"--self-test"}));
 }
 
-TEST(SelfTestModeTest, isNotRequestedByAnythingLikeIt) {
+TEST(SelfTestModeTest, isNotRequestedBySimilarArguments) {
     EXPECT_FALSE(requested({"application"}));
     EXPECT_FALSE(requested({}));
     for (const char* argument :

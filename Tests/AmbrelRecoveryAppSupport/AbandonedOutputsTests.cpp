@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(AbandonedOutputsTest, aKilledApplicationTakesItsEngineWithItAndTheNextStartTakesTheDirectory) {
+TEST_F(AbandonedOutputsTest, aKilledApplicationTakesItsEngineWithItAndTheNextStartRemovesTheDirectory) {
     // The engine becomes this process's child when the application ends. Not every first process of a system reaps
     // those that it is left with.
     ASSERT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
@@ -91,7 +91,7 @@ TEST_F(AbandonedOutputsTest, directoriesOfRunningApplicationsStay) {
     EXPECT_EQ(privateDirectories(), std::set<std::string>());
 }
 
-TEST_F(AbandonedOutputsTest, whateverOnlyResemblesThemStays) {
+TEST_F(AbandonedOutputsTest, whatOnlyResemblesThemStays) {
     const std::set<std::string> names = {
         "com.ambrel.recovery-output.",
         "com.ambrel.recovery-output.01234567-89ab-4cde-8f01-23456789abcd",
@@ -142,7 +142,7 @@ TEST_F(AbandonedOutputsTest, directoriesOfOtherUsersStay) {
     removeRest();
 }
 
-TEST_F(AbandonedOutputsTest, aTemporaryDirectoryThatCannotBeReadIsNoFailure) {
+TEST_F(AbandonedOutputsTest, anUnreadableTemporaryDirectoryIsNoFailure) {
     for (const fs::path& path : {directory_ / "missing", fs::path("/dev/null"), fs::path("/proc/self/fdinfo/x")}) {
         const ScopedEnvironment configured("TMPDIR", path.string());
         EXPECT_NO_THROW(PrivateOutputDirectory::removeAbandoned()) << path;

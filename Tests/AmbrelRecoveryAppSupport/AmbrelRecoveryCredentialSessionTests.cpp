@@ -58,7 +58,7 @@ TEST(AmbrelRecoveryCredentialSessionTest, givesNothingForTheOtherFactor) {
     EXPECT_FALSE(key.containsCredential(backupPassphrase));
 }
 
-TEST(AmbrelRecoveryCredentialSessionTest, countsEmptyBytesAsNothing) {
+TEST(AmbrelRecoveryCredentialSessionTest, treatsEmptyBytesAsNoCredential) {
     expectNoCredential(AmbrelRecoveryCredentialSession(backupPassphrase, SecretBytes()));
     expectNoCredential(AmbrelRecoveryCredentialSession(backupPassphrase, SecretBytes(0)));
     expectNoCredential(AmbrelRecoveryCredentialSession(recoveryKey, secret("")));

@@ -80,7 +80,7 @@ TEST(AmbrelRecoveryExportDocumentTest, acceptsEverySuitableValue) {
     }
 }
 
-TEST(AmbrelRecoveryExportDocumentTest, keepsTheWholeWidthOfItsNumbers) {
+TEST(AmbrelRecoveryExportDocumentTest, keepsTheFullRangeOfItsNumbers) {
     EXPECT_EQ(decoded(valid.with("document", "totalItemCount", "9223372036854775807")).totalItemCount, INT64_MAX);
     EXPECT_EQ(decoded(valid.with("document", "recoveredItemCount", "-9223372036854775808")).recoveredItemCount,
               INT64_MIN);
@@ -91,7 +91,7 @@ TEST(AmbrelRecoveryExportDocumentTest, keepsTheWholeWidthOfItsNumbers) {
               -9007199254740993);
 }
 
-TEST(AmbrelRecoveryExportDocumentTest, takesWhateverTheEngineReports) {
+TEST(AmbrelRecoveryExportDocumentTest, acceptsWhateverTheEngineReports) {
     EXPECT_EQ(decoded(valid.with("document", "status", "\"\"")).status, "");
     EXPECT_EQ(decoded(valid.with("document", "status", "\"no such word\"")).status, "no such word");
     EXPECT_EQ(decoded(valid.with("document", "failedResourceCount", "7")).failedResourceCount, 7);

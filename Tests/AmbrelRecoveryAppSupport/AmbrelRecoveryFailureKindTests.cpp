@@ -77,7 +77,7 @@ TEST(AmbrelRecoveryFailureKindTest, ignoresTheCaseOfTheText) {
     }
 }
 
-TEST(AmbrelRecoveryFailureKindTest, ignoresCaseAlsoWhereAnotherLetterBecomesAPlainOne) {
+TEST(AmbrelRecoveryFailureKindTest, ignoresTheCaseOfLettersThatFoldToPlainOnes) {
     // The sign for kelvin in lower case is the letter k.
     EXPECT_EQ(kindOf("DID NOT UNLOC\xE2\x84\xAA", backupPassphrase), wrongPassphrase);
     EXPECT_EQ(kindOf("PAC\xE2\x84\xAA"
@@ -86,7 +86,7 @@ TEST(AmbrelRecoveryFailureKindTest, ignoresCaseAlsoWhereAnotherLetterBecomesAPla
               packageUnavailable);
 }
 
-TEST(AmbrelRecoveryFailureKindTest, ofTwoTextsTheUpperRowDecidesWhicheverComesFirst) {
+TEST(AmbrelRecoveryFailureKindTest, ofTwoTextsIsThatOfTheUpperRowWhicheverTextComesFirst) {
     for (const AmbrelRecoveryAppFactor factor : allRecoveryAppFactors) {
         for (std::size_t upper = 0; upper < rows.size(); ++upper) {
             for (std::size_t lower = upper + 1; lower < rows.size(); ++lower) {
@@ -158,7 +158,7 @@ TEST(AmbrelRecoveryFailureKindTest, ofTextThatIsNotUTF8IsGeneric) {
     }
 }
 
-TEST(AmbrelRecoveryFailureKindTest, findsTheTextAmongOtherCharactersOfUTF8) {
+TEST(AmbrelRecoveryFailureKindTest, findsTheTextAmongOtherUTF8Characters) {
     const std::string text(rows[3].text);
     for (const std::string_view around : {"\xC3\xA9", "\xE2\x82\xAC", "\xED\x9F\xBF", "\xEF\xBF\xBD",
                                           "\xF0\x9F\x92\xBE", "\xF4\x8F\xBF\xBF", "\xEF\xBB\xBF"}) {

@@ -133,7 +133,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, refusesTheWholeDocumentForOneBadEleme
     EXPECT_TRUE(isRefused(valid.with("document", "preservedBranches", "[@branch, \"code-1\"]")));
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, takesACanonicalTipThatIsAbsentNullOrThere) {
+TEST(AmbrelRecoveryInspectionDocumentTest, acceptsACanonicalTipThatIsAbsentNullOrPresent) {
     EXPECT_EQ(decoded(valid).canonicalTipSelectionCode, "code-1");
     EXPECT_EQ(decoded(valid.without("document", "canonicalTipSelectionCode")).canonicalTipSelectionCode, std::nullopt);
     EXPECT_EQ(decoded(valid.with("document", "canonicalTipSelectionCode", "null")).canonicalTipSelectionCode,
@@ -141,7 +141,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, takesACanonicalTipThatIsAbsentNullOrT
     EXPECT_EQ(decoded(valid.with("document", "canonicalTipSelectionCode", "\"\"")).canonicalTipSelectionCode, "");
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, keepsTheWholeWidthOfItsNumbers) {
+TEST(AmbrelRecoveryInspectionDocumentTest, keepsTheFullRangeOfItsNumbers) {
     EXPECT_EQ(decoded(valid.with("document", "formatVersion", "18446744073709551615")).formatVersion, UINT64_MAX);
     EXPECT_EQ(decoded(valid.with("counts", "items", "9223372036854775809")).snapshots[0].counts.items,
               9223372036854775809U);
@@ -159,7 +159,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, keepsTheWholeWidthOfItsNumbers) {
               -9007199254740993);
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, takesAnIntegerByItsValueHoweverItIsSpelled) {
+TEST(AmbrelRecoveryInspectionDocumentTest, acceptsAnIntegerByItsValueHoweverItIsSpelled) {
     const std::map<std::string, std::uint64_t> unsignedNumbers = {
         {"5.0", 5},
         {"1e2", 100},
@@ -202,7 +202,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, leavesNumbersInTextsAsTheyAre) {
     EXPECT_EQ(document.unlockedFactor, "1e400");
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, takesWhateverTheEngineReports) {
+TEST(AmbrelRecoveryInspectionDocumentTest, acceptsWhateverTheEngineReports) {
     for (const char* const version : {"0", "2"}) {
         EXPECT_FALSE(isRefused(valid.with("document", "formatVersion", version)));
     }
@@ -234,7 +234,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, ignoresUnknownKeysAtEveryLevel) {
     }
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, namesASnapshotByItsSelectionCode) {
+TEST(AmbrelRecoveryInspectionDocumentTest, identifiesASnapshotByItsSelectionCode) {
     EXPECT_EQ(decoded(valid).snapshots[0].id(), "code-1");
 }
 
@@ -259,7 +259,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, recommendsTheOnlySnapshotWithoutAReta
     EXPECT_EQ(withSnapshots("single-head", "-").recommendedSnapshotCode(), "0");
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, recommendsNothingWhereTheChoiceIsNotClear) {
+TEST(AmbrelRecoveryInspectionDocumentTest, recommendsNothingIfTheChoiceIsUnclear) {
     for (const char* const signs : {"", "++", "+-+", "--", "---"}) {
         EXPECT_EQ(withSnapshots("single-head", signs).recommendedSnapshotCode(), std::nullopt) << signs;
     }

@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(AmbrelRecoveryPackagePreparationCancellationTest, beforeTheFirstRoundThrowsOnceTheDownloadWasStarted) {
+TEST_F(AmbrelRecoveryPackagePreparationCancellationTest, beforeTheFirstPassThrowsAfterTheDownloadWasStarted) {
     ScriptedCloudItems items(downloadingForLong);
     source_.request_stop();
     EXPECT_THROW(prepare(items), CancellationError);

@@ -122,19 +122,19 @@ TEST_F(AmbrelRecoveryPackagePreparationTest, aFractionStaysBetweenZeroAndOne) {
     }
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, aFractionThatIsNotANumberIsNotKnown) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, aFractionThatIsNotANumberIsUnknown) {
     ScriptedCloudItems items({arrived(0.0), arrived(std::numeric_limits<double>::quiet_NaN())});
     prepare(items);
     EXPECT_THAT(reports_, ElementsAre(std::nullopt, 1.0));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, withoutMetadataThePassesReportNone) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, passesWithoutMetadataReportNoFraction) {
     ScriptedCloudItems items({downloading(), downloading(), downloading(), arrived(std::nullopt)});
     prepare(items);
     EXPECT_THAT(reports_, ElementsAre(std::nullopt, std::nullopt, std::nullopt, 1.0));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, anAbsentStatusGoesOn) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, anAbsentStatusDoesNotEndTheWait) {
     Look unknown = downloading(100.0);
     unknown.properties.downloadingStatus = std::nullopt;
     ScriptedCloudItems items({unknown, unknown, arrived(100.0)});
@@ -142,7 +142,7 @@ TEST_F(AmbrelRecoveryPackagePreparationTest, anAbsentStatusGoesOn) {
     EXPECT_THAT(reports_, ElementsAre(1.0, 1.0, 1.0));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, aPackageThatLeavesTheCloudOnTheWayIsStillAwaited) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, aPackageThatLeavesTheCloudMeanwhileIsStillAwaited) {
     ScriptedCloudItems items({downloading(), ScriptedCloudItems::local(), arrived(100.0)});
     prepare(items);
     EXPECT_THAT(reports_, ElementsAre(std::nullopt, 1.0, 1.0));
@@ -171,7 +171,7 @@ TEST_F(AmbrelRecoveryPackagePreparationTest, aRefusedStartFailsTheDownload) {
     EXPECT_THAT(items.calls(), ElementsAre("properties", "start"));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, aDownloadingErrorFailsTheDownloadBeforeAnythingElseIsLookedAt) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, aDownloadingErrorFailsTheDownloadBeforeAnythingElseIsExamined) {
     const Look failed = withError(arrived(100.0));
     ScriptedCloudItems atOnce({downloading(), failed});
     EXPECT_EQ(errorOf<Error>([&] { prepare(atOnce); }), Error::downloadFailed);
@@ -183,13 +183,13 @@ TEST_F(AmbrelRecoveryPackagePreparationTest, aDownloadingErrorFailsTheDownloadBe
     EXPECT_THAT(reports_, ElementsAre(0.3));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, anErrorAtTheFirstLookDoesNotKeepTheDownloadFromBeingStarted) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, anErrorAtTheFirstLookDoesNotPreventTheDownload) {
     ScriptedCloudItems items({withError(downloading()), arrived(100.0)});
     prepare(items);
     EXPECT_THAT(reports_, ElementsAre(1.0, 1.0));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, withoutAHandlerTheSameIsDoneSilently) {
+TEST_F(AmbrelRecoveryPackagePreparationTest, worksTheSameWithoutAHandler) {
     ScriptedCloudItems items({downloading(), downloading(10.0), arrived(100.0)});
     AmbrelRecoveryPackagePreparation::prepareForRead("/cloud/Backup.ambrel", items, {}, {});
     EXPECT_THAT(items.calls(), ElementsAre("properties", "start", "properties", "percent", "properties", "percent"));

@@ -14,7 +14,7 @@ BootClock::time_point sinceBoot() {
 
 } // namespace
 
-TEST(BootClockTest, countsTheTimeSinceTheStartOfTheMachineWithItsSleep) {
+TEST(BootClockTest, countsTheTimeSinceBootIncludingSleep) {
     const BootClock::time_point before = sinceBoot();
     const BootClock::time_point now = BootClock::now();
     EXPECT_LE(before, now);

@@ -54,7 +54,7 @@ std::string identifierBehind(int descriptor) {
 
 } // namespace
 
-TEST_F(EngineProcessTest, withoutALaunchNothingHappens) {
+TEST_F(EngineProcessTest, doesNothingWithoutALaunch) {
     const auto process = engine({"wait"});
     process->requestTermination();
     process->waitForExit();
@@ -97,7 +97,7 @@ TEST_F(EngineProcessTest, aFailedLaunchCanBeFollowedByAnything) {
     expectNoChild();
 }
 
-TEST_F(EngineProcessTest, aRequestAfterTheEndReachesNobody) {
+TEST_F(EngineProcessTest, aRequestAfterTheEndReachesNoProcess) {
     const auto process = engine({"exit", "3"});
     process->launch();
     const int descriptor = processDescriptor();
@@ -110,7 +110,7 @@ TEST_F(EngineProcessTest, aRequestAfterTheEndReachesNobody) {
     EXPECT_EQ(process->terminationStatus(), 3);
 }
 
-TEST_F(EngineProcessTest, allAreKilledThatRunWhateverTheyDoAboutRequests) {
+TEST_F(EngineProcessTest, everyRunningEngineIsKilledWhateverItDoesOnRequests) {
     const auto ended = engine({"exit", "3"});
     ended->launch();
     ended->waitForExit();

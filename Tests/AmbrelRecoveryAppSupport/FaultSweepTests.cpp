@@ -236,14 +236,14 @@ std::set<std::string> functionsOfTheEngineClient() {
 
 } // namespace
 
-TEST(FittingErrorsTest, knowEveryFunctionThatTheEngineClientCalls) {
+TEST(FittingErrorsTest, coverEveryFunctionThatTheEngineClientCalls) {
     for (const std::string& function : functionsOfTheEngineClient()) {
         EXPECT_NE(FittingErrors::ofCalls().contains(function), FittingErrors::unfailing().contains(function))
             << function << ": FittingErrors.cpp has to say with what it can come back";
     }
 }
 
-TEST_F(FaultSweepTest, everyFailureOfEveryCallEndsAsTheDocumentSaysAndLeavesNothing) {
+TEST_F(FaultSweepTest, everyFailureOfEveryCallEndsAsDocumentedAndLeavesNothingBehind) {
     std::string tables;
     for (const Scenario& scenario : scenarios()) {
         tables += tableOf(scenario) + "\n";

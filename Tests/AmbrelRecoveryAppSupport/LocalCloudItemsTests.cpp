@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-TEST(LocalCloudItemsTest, noItemLivesInACloud) {
+TEST(LocalCloudItemsTest, noItemIsInACloud) {
     LocalCloudItems items;
     for (const char* const path : {"/", "/missing/Backup.ambrel", "", "/dev/null"}) {
         EXPECT_FALSE(items.properties(path).isUbiquitous.value_or(true)) << path;

@@ -41,7 +41,7 @@ TEST_F(ProcessRunnerCancellationTest, givesAnOrdinaryResultWithTheSignal) {
     EXPECT_EQ(result.exitCode, SIGTERM);
 }
 
-TEST_F(ProcessRunnerCancellationTest, givesTheExitStatusOfAnEngineThatEndsInOrder) {
+TEST_F(ProcessRunnerCancellationTest, givesTheExitStatusOfAnEngineThatEndsNormally) {
     std::thread cancelling([this] {
         awaitLog("waiting");
         runner_.cancelCurrentOperation();
@@ -62,7 +62,7 @@ TEST_F(ProcessRunnerCancellationTest, keepsWhatTheEngineWroteBefore) {
     EXPECT_EQ(result.standardOutput, "abcdefghijklmnopqrstuvwxyz");
 }
 
-TEST_F(ProcessRunnerCancellationTest, leavesTheTimeToTheEngine) {
+TEST_F(ProcessRunnerCancellationTest, givesTheEngineAllTheTimeItNeeds) {
     std::thread cancelling([this] {
         awaitLog("deaf");
         for (int count = 0; count < 3; ++count) {
@@ -100,13 +100,13 @@ TEST_F(ProcessRunnerCancellationTest, withNothingRunningDoesNothing) {
     EXPECT_EQ(run({"exit", "4"}).exitCode, 4);
 }
 
-TEST_F(ProcessRunnerCancellationTest, ofATokenThatIsAlreadyStoppedEndsTheEngineAtOnce) {
+TEST_F(ProcessRunnerCancellationTest, byAnAlreadyStoppedTokenEndsTheEngineAtOnce) {
     std::stop_source source;
     source.request_stop();
     EXPECT_EQ(run({"wait"}, std::nullopt, patience, source.get_token()).exitCode, SIGTERM);
 }
 
-TEST_F(ProcessRunnerCancellationTest, ofATokenThatIsAlreadyStoppedNeverLooksLikeAFailedLaunch) {
+TEST_F(ProcessRunnerCancellationTest, byAnAlreadyStoppedTokenNeverLooksLikeAFailedLaunch) {
     std::stop_source source;
     source.request_stop();
     // The engine may be gone before the credential is written.
@@ -121,7 +121,7 @@ TEST_F(ProcessRunnerCancellationTest, aTokenThatIsNotStoppedChangesNothing) {
     EXPECT_EQ(run({"exit", "5"}, std::nullopt, patience, source.get_token()).exitCode, 5);
 }
 
-TEST_F(ProcessRunnerCancellationTest, aTokenThatIsStoppedAfterTheLaunchLeavesTheEngineToTheRequest) {
+TEST_F(ProcessRunnerCancellationTest, aTokenThatIsStoppedAfterTheLaunchDoesNotEndTheEngine) {
     std::stop_source source;
     std::thread stopping([&] {
         // The engine has its credential, so the launch is over.
@@ -133,7 +133,7 @@ TEST_F(ProcessRunnerCancellationTest, aTokenThatIsStoppedAfterTheLaunchLeavesThe
     stopping.join();
 }
 
-TEST_F(ProcessRunnerCancellationTest, atWhateverMomentIsNeverMissed) {
+TEST_F(ProcessRunnerCancellationTest, atAnyMomentIsNeverMissed) {
     // The token covers the time before the launch and the request the time after it: no moment is between them.
     for (int count = 0; count < 100; ++count) {
         std::stop_source source;
@@ -210,7 +210,7 @@ TEST_F(ProcessRunnerSingleFlightTest, aCancellationAfterARefusedRunReachesTheFir
     EXPECT_EQ(first.get().exitCode, SIGTERM);
 }
 
-TEST_F(ProcessRunnerSingleFlightTest, ofManyRunsAtOnceEachRunsAloneOrIsRefused) {
+TEST_F(ProcessRunnerSingleFlightTest, eachOfManySimultaneousRunsRunsAloneOrIsRefused) {
     std::atomic<int> finished = 0;
     std::atomic<int> refused = 0;
     std::vector<std::thread> threads;
@@ -240,7 +240,7 @@ TEST_F(ProcessRunnerSingleFlightTest, ofManyRunsAtOnceEachRunsAloneOrIsRefused) 
     }
 }
 
-TEST_F(ProcessRunnersTest, startedAtOnceDoNotLeakDescriptorsIntoEachOthersEngine) {
+TEST_F(ProcessRunnersTest, startedTogetherDoNotLeakDescriptorsIntoEachOthersEngine) {
     std::barrier together(2);
     const auto runMany = [&](std::optional<std::string_view> credential) {
         AmbrelRecoveryProcessRunner runner(misbehavingEngine());
@@ -259,7 +259,7 @@ TEST_F(ProcessRunnersTest, startedAtOnceDoNotLeakDescriptorsIntoEachOthersEngine
     other.join();
 }
 
-TEST_F(ProcessRunnersTest, startedAtOnceReceiveEachItsOwnCredential) {
+TEST_F(ProcessRunnersTest, startedTogetherReceiveTheirOwnCredentials) {
     std::barrier together(2);
     const auto runMany = [&](const std::string& credential) {
         AmbrelRecoveryProcessRunner runner(misbehavingEngine());
@@ -275,7 +275,7 @@ TEST_F(ProcessRunnersTest, startedAtOnceReceiveEachItsOwnCredential) {
     other.join();
 }
 
-TEST_F(ProcessRunnersTest, areCancelledOneByOne) {
+TEST_F(ProcessRunnersTest, areCancelledIndependently) {
     AmbrelRecoveryProcessRunner other(misbehavingEngine());
     NamedPipe gate(directory_ / "gate of the other");
     const ScopedEnvironment gateVariable("AMBREL_TEST_ENGINE_GATE", gate.path().string());

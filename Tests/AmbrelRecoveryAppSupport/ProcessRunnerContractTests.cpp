@@ -50,7 +50,7 @@ TEST_F(ProcessRunnerContractTest, standardizesTheExecutablesPath) {
               fs::current_path() / "ambrel-recovery");
 }
 
-TEST_F(ProcessRunnerContractTest, takesAPathThatCannotBeStandardizedAndFindsNothingThere) {
+TEST_F(ProcessRunnerContractTest, acceptsAPathThatCannotBeStandardizedButFindsNothingThere) {
     EXPECT_EQ(errorOfRunning(""), Error::executableUnavailable);
     EXPECT_EQ(AmbrelRecoveryProcessRunner("").executableURL(), "");
     fs::create_directory(directory_ / "gone");
@@ -59,7 +59,7 @@ TEST_F(ProcessRunnerContractTest, takesAPathThatCannotBeStandardizedAndFindsNoth
     EXPECT_EQ(errorOfRunning("engine"), Error::executableUnavailable);
 }
 
-TEST_F(ProcessRunnerContractTest, doesNotLookAtTheExecutableBeforeARun) {
+TEST_F(ProcessRunnerContractTest, doesNotExamineTheExecutableBeforeARun) {
     const fs::path engine = directory_ / "engine";
     AmbrelRecoveryProcessRunner runner(engine);
     fs::create_symlink(misbehavingEngine(), engine);
@@ -82,7 +82,7 @@ TEST_F(ProcessRunnerContractTest, returnsTheSignalOfACrash) {
     EXPECT_EQ(run({"crash"}).exitCode, SIGSEGV);
 }
 
-TEST_F(ProcessRunnerContractTest, givesEmptyOutputsOfASilentEngine) {
+TEST_F(ProcessRunnerContractTest, returnsEmptyOutputsOfASilentEngine) {
     const Result result = run({"exit", "0"});
     EXPECT_EQ(result.standardOutput, "");
     EXPECT_EQ(result.standardError, "");
@@ -131,7 +131,7 @@ TEST_F(ProcessRunnerContractTest, passesTheArgumentsVerbatim) {
                             "--", "-", "caf\\xc3\\xa9", "not UTF-8: \\xff\\xfe", "%s%n"));
 }
 
-TEST_F(ProcessRunnerContractTest, passesNoArgumentWhereThereIsNone) {
+TEST_F(ProcessRunnerContractTest, passesNoArgumentIfThereIsNone) {
     const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "print-arguments");
     EXPECT_EQ(run({}).standardOutput, "");
 }
@@ -147,7 +147,7 @@ TEST_F(ProcessRunnerContractTest, startsTheEngineUnderItsPath) {
     EXPECT_EQ(run({"print-program-name"}).standardOutput, "program " + escaped(misbehavingEngine().string()) + "\n");
 }
 
-TEST_F(ProcessRunnerContractTest, handsOnTheEnvironmentAsItIs) {
+TEST_F(ProcessRunnerContractTest, passesTheEnvironmentUnchanged) {
     const ScopedEnvironment added("AMBREL_TEST_ADDED", "with = and  blanks");
     const ScopedEnvironment empty("AMBREL_TEST_EMPTY", "");
     std::vector<std::string> expected;
@@ -157,7 +157,7 @@ TEST_F(ProcessRunnerContractTest, handsOnTheEnvironmentAsItIs) {
     EXPECT_EQ(valuesOf(run({"print-environment"}).standardOutput, "environment"), expected);
 }
 
-TEST_F(ProcessRunnerContractTest, handsOnTheWorkingDirectory) {
+TEST_F(ProcessRunnerContractTest, passesTheWorkingDirectory) {
     const ScopedWorkingDirectory elsewhere(directory_.path());
     EXPECT_EQ(run({"print-working-directory"}).standardOutput,
               "directory " + escaped(directory_.path().string()) + "\n");
@@ -201,7 +201,7 @@ TEST_F(ProcessRunnerContractTest, namesEveryPrivateDirectoryWithAFreshRandomIden
     EXPECT_EQ(seen.size(), 10U);
 }
 
-TEST_F(ProcessRunnerContractTest, usesTheCommonTemporaryDirectoryWhereNoneIsConfigured) {
+TEST_F(ProcessRunnerContractTest, usesTheCommonTemporaryDirectoryIfNoneIsConfigured) {
     for (const std::optional<std::string>& value : {std::optional<std::string>(), std::optional<std::string>("")}) {
         const ScopedEnvironment unconfigured("TMPDIR", value);
         const std::string line = valuesOf(run({"print-output-files"}).standardOutput, "directory").front();
@@ -210,7 +210,7 @@ TEST_F(ProcessRunnerContractTest, usesTheCommonTemporaryDirectoryWhereNoneIsConf
     }
 }
 
-TEST_F(ProcessRunnerContractTest, costsWhatTheEngineCostsAndNotAWaitSlice) {
+TEST_F(ProcessRunnerContractTest, endsWithTheEngineAndNotWithAWaitSlice) {
     // A measure of time on purpose: twenty runs take a tenth of a second here, and two seconds at the very least where
     // each of them sleeps through a whole slice of a tenth of a second.
     constexpr int runs = 20;

@@ -81,7 +81,7 @@ TEST_F(ProcessRunnerCredentialTest, anEmptyCredentialIsALineFeed) {
     EXPECT_EQ(runner_.run({"echo-input"}, std::span<const std::byte>(), patience).standardOutput, echoOf("\n"));
 }
 
-TEST_F(ProcessRunnerCredentialTest, arrivesWithOneLineFeedBehindIt) {
+TEST_F(ProcessRunnerCredentialTest, arrivesWithOneTrailingLineFeed) {
     EXPECT_EQ(run({"echo-input"}, "open sesame").standardOutput, echoOf("open sesame\n"));
 }
 
@@ -127,7 +127,7 @@ TEST_F(ProcessRunnerCredentialTest, anEngineThatExitsWithoutReadingALargeCredent
     EXPECT_EQ(errorOfRun({"read-part", "1"}, scrambled(4 * pipeCapacity)), Error::launchFailed);
 }
 
-TEST_F(ProcessRunnerCredentialTest, anEngineThatEndsBeforeItReadsASmallCredentialStillTellsWhy) {
+TEST_F(ProcessRunnerCredentialTest, anEngineThatEndsBeforeItReadsASmallCredentialStillReturnsItsStatus) {
     // Whichever is first, the engine's end or the write: what the pipe holds is delivered.
     for (int count = 0; count < 20; ++count) {
         EXPECT_EQ(run({"close-input-and-exit", "3"}, "small").exitCode, 3);
@@ -135,7 +135,7 @@ TEST_F(ProcessRunnerCredentialTest, anEngineThatEndsBeforeItReadsASmallCredentia
     EXPECT_EQ(run({"close-input-and-exit", "3"}, scrambled(pipeCapacity - 1)).exitCode, 3);
 }
 
-TEST_F(ProcessRunnerCredentialTest, anEngineThatClosesItsInputOnASmallCredentialAndGoesOnIsWaitedFor) {
+TEST_F(ProcessRunnerCredentialTest, anEngineThatClosesItsInputOnASmallCredentialAndContinuesIsAwaited) {
     EXPECT_EQ(errorOfRun({"close-input"}, "small", 0.1), Error::timedOut);
 }
 
@@ -143,7 +143,7 @@ TEST_F(ProcessRunnerCredentialTest, anEngineThatReadsOnlyPartOfASmallCredentialE
     EXPECT_EQ(run({"read-part", "6"}, "small").exitCode, 0);
 }
 
-TEST_F(ProcessRunnerCredentialTest, aBrokenPipeKillsNothingWhereTheSignalHasItsDefault) {
+TEST_F(ProcessRunnerCredentialTest, aBrokenPipeKillsNothingIfTheSignalHasItsDefaultAction) {
     const ScopedDisposition standard(SIGPIPE, SIG_DFL);
     EXPECT_EQ(errorOfRun({"close-input"}, scrambled(2 * pipeCapacity)), Error::launchFailed);
     EXPECT_EQ(disposition(SIGPIPE), SIG_DFL);

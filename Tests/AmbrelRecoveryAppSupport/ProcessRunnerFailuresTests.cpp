@@ -105,7 +105,7 @@ TEST_F(ProcessRunnerFailuresTest, argumentsThatTheSystemCannotPassFailTheLaunch)
     EXPECT_EQ(errorOfRun({"exit", "0", std::string(4 * 1024 * 1024, 'x')}, "credential"), Error::launchFailed);
 }
 
-TEST_F(ProcessRunnerFailuresTest, anArgumentThatWouldArriveShortenedFailsTheLaunch) {
+TEST_F(ProcessRunnerFailuresTest, anArgumentThatWouldArriveTruncatedFailsTheLaunch) {
     using namespace std::string_literals;
     EXPECT_EQ(errorOfRun({"exit", "0", "snapshot\0 of another name"s}), Error::launchFailed);
 }
@@ -121,7 +121,7 @@ TEST_F(ProcessRunnerFailuresTest, aFailedLaunchLeavesTheRunnerFree) {
     EXPECT_EQ(runner.run({"exit", "6"}, bytesOf("credential"), patience).exitCode, 6);
 }
 
-TEST_F(ProcessRunnerFailuresTest, everyShortageOfDescriptorsEndsInAnErrorAndLeavesNothing) {
+TEST_F(ProcessRunnerFailuresTest, everyShortageOfDescriptorsEndsInAnErrorAndLeavesNothingBehind) {
     const std::string outcome = ChildProcess::outcome([&] {
         // Whatever a library or a sanitizer opens for its first use is not what this is about.
         errorOfRun({"echo-input"}, "credential");

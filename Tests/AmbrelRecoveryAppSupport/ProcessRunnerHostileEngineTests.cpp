@@ -49,13 +49,13 @@ std::string errorName(AmbrelRecoveryProcessRunner& runner, const std::vector<std
 
 } // namespace
 
-TEST_F(ProcessRunnerHostileEngineTest, whatWasWrittenCountsAlsoWhereTheOutputsHaveLostTheirNames) {
+TEST_F(ProcessRunnerHostileEngineTest, outputsAreReadEvenIfTheirFilesWereRemoved) {
     EXPECT_EQ(run({"remove-output-directory"}).standardOutput, fromTheEngine);
     EXPECT_EQ(run({"remove-output-file", "stdout"}).standardOutput, fromTheEngine);
     EXPECT_EQ(run({"remove-output-file", "stderr"}, "credential").standardOutput, fromTheEngine);
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, whatStandsInThePlaceOfAnOutputIsNotRead) {
+TEST_F(ProcessRunnerHostileEngineTest, whatReplacesAnOutputFileIsNotRead) {
     TestFiles::write(directory_ / "private", "of another file");
     EXPECT_EQ(run({"replace-output", "link", (directory_ / "private").string()}).standardOutput, fromTheEngine);
     EXPECT_EQ(run({"replace-output", "link", "/dev/zero"}).standardOutput, fromTheEngine);
@@ -65,31 +65,31 @@ TEST_F(ProcessRunnerHostileEngineTest, whatStandsInThePlaceOfAnOutputIsNotRead) 
     EXPECT_EQ(TestFiles::read(directory_ / "private"), "of another file");
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, anOutputOfMoreThanAGibibyteIsReadWhole) {
+TEST_F(ProcessRunnerHostileEngineTest, anOutputOfMoreThanAGibibyteIsReadInFull) {
     constexpr long long length = (1LL << 30LL) + 1;
     const Result result = run({"grow-output", std::to_string(length)});
     EXPECT_EQ(result.standardOutput.size(), static_cast<std::size_t>(length));
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, anOutputThatIsLongerThanAnyTextIsNoneThatCanBeReadBack) {
+TEST_F(ProcessRunnerHostileEngineTest, anOutputThatIsLongerThanAnyTextFailsTheRun) {
     // Files in memory may be that long.
     const ScopedEnvironment temporary("TMPDIR", "/dev/shm");
     const std::string longest = std::to_string(std::numeric_limits<long long>::max());
     EXPECT_THROW(run({"grow-output", longest}), AmbrelRecoveryProcessError);
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, closedOutputsAreEmptyOnes) {
+TEST_F(ProcessRunnerHostileEngineTest, closedOutputsAreEmpty) {
     EXPECT_EQ(run({"close-outputs"}).standardOutput, "");
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, whatAnEngineAddsToItsDirectoryIsRemovedAndWhatItLinksToIsNot) {
+TEST_F(ProcessRunnerHostileEngineTest, whatAnEngineAddsToItsDirectoryIsRemovedButNotWhatItLinksTo) {
     fs::create_directory(directory_ / "photos");
     TestFiles::write(directory_ / "photos" / "precious", "kept");
     EXPECT_EQ(run({"litter-output-directory", (directory_ / "photos").string()}).exitCode, 0);
     EXPECT_EQ(TestFiles::read(directory_ / "photos" / "precious"), "kept");
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, whatTheDirectoryItselfWasReplacedByIsNotTouchedEither) {
+TEST_F(ProcessRunnerHostileEngineTest, whatReplacesTheDirectoryIsNotTouched) {
     const fs::path photos = directory_ / "photos";
     fs::create_directories(photos / "album");
     fs::permissions(photos, fs::perms(0755));
@@ -105,7 +105,7 @@ TEST_F(ProcessRunnerHostileEngineTest, whatTheDirectoryItselfWasReplacedByIsNotT
     EXPECT_EQ(fs::status(photos / "album").permissions(), fs::perms(0750));
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, lockedFilesAreRemovedAlsoForAnOrdinaryUser) {
+TEST_F(ProcessRunnerHostileEngineTest, lockedFilesOfAnOrdinaryUserAreRemoved) {
     const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
         const std::string error = errorName(runner, {"lock-output-directory"});
         const std::size_t left = TestFiles::names(temporary).size();
@@ -119,7 +119,7 @@ TEST_F(ProcessRunnerHostileEngineTest, lockedFilesAreRemovedAlsoForAnOrdinaryUse
     EXPECT_EQ(outcome, "");
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, outputFilesThatAnOrdinaryUserMayNoLongerOpenAreReadAllTheSame) {
+TEST_F(ProcessRunnerHostileEngineTest, outputFilesThatAnOrdinaryUserMayNoLongerOpenAreStillRead) {
     const std::string outcome = outcomeAsOrdinaryUser([](auto& runner, const fs::path& temporary) {
         return runner.run({"hide-outputs"}, std::nullopt, patience).standardOutput +
                "left: " + std::to_string(TestFiles::names(temporary).size());
@@ -167,7 +167,7 @@ TEST_F(ProcessRunnerGrandchildTest, theRunEndsWithTheEngineAndNotWithWhatItLeave
     awaitLog("grandchild finished");
 }
 
-TEST_F(ProcessRunnerGrandchildTest, aCredentialThatNobodyReadsAnyMoreFailsTheRunWithTheEngine) {
+TEST_F(ProcessRunnerGrandchildTest, aCredentialThatNobodyWillReadFailsTheRunWhenTheEngineEnds) {
     // What it left running keeps the pipe whole, and never reads.
     EXPECT_EQ(errorOfRun({"leave-reader", "3"}, largeCredential), Error::launchFailed);
     openGate();
@@ -182,7 +182,7 @@ TEST_F(ProcessRunnerGrandchildTest, aCancelledEngineThatHasClosedItsInputIsAwait
     }
 }
 
-TEST_F(ProcessRunnerGrandchildTest, anEngineThatIsStoppedHasNotEnded) {
+TEST_F(ProcessRunnerGrandchildTest, aStoppedEngineHasNotEnded) {
     std::thread continuing([this] {
         const pid_t engine = awaitStart();
         siginfo_t information{};

@@ -149,7 +149,7 @@ TEST_F(ProcessRunnerInheritanceTest, anEngineWhoseApplicationIsGoneDoesNotStart)
     EXPECT_EQ(outcome, "launchFailed");
 }
 
-TEST_F(ProcessRunnerInheritanceTest, theCallersSignalMaskIsAsBefore) {
+TEST_F(ProcessRunnerInheritanceTest, theCallersSignalMaskIsRestored) {
     sigset_t before;
     pthread_sigmask(SIG_SETMASK, nullptr, &before);
     run({"exit", "0"}, "credential");

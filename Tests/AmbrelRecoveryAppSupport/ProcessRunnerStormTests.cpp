@@ -154,7 +154,7 @@ private:
 
 } // namespace
 
-TEST_F(ProcessRunnerStormTest, leavesNothingAndEndsAsItsEnginesDo) {
+TEST_F(ProcessRunnerStormTest, leavesNothingBehindAndEndsAsItsEnginesDo) {
     constexpr int runsBetweenLooks = 50;
     const std::map<int, std::string> descriptors = openDescriptors();
     int sinceLook = 0;

@@ -67,7 +67,7 @@ TEST_F(ProcessRunnerSurroundingsTest, aDiskWithoutRoomForTheFilesMakesTheOutputU
     }
 }
 
-TEST_F(ProcessRunnerSurroundingsTest, aDiskThatIsFullIsTheEnginesToTellAndIsGivenBack) {
+TEST_F(ProcessRunnerSurroundingsTest, whatFitsOnAFullDiskIsReturnedAndItsSpaceIsFreed) {
     const std::string outcome = outcomeOnDisk("size=1m", [this] {
         const Result result = run({"write-output", "3000000"}, "credential");
         // Everything that the full disk held is free again.
@@ -80,7 +80,7 @@ TEST_F(ProcessRunnerSurroundingsTest, aDiskThatIsFullIsTheEnginesToTellAndIsGive
     EXPECT_EQ(outcome, std::to_string(1 << 20));
 }
 
-TEST_F(ProcessRunnerSurroundingsTest, aDiskThatIsReadOnlyMakesTheOutputUnavailable) {
+TEST_F(ProcessRunnerSurroundingsTest, aReadOnlyDiskMakesTheOutputUnavailable) {
     const std::string outcome = outcomeOnDisk("ro", [this] { return nameOfError({"echo-input"}); });
     if (outcome == notAllowed) {
         GTEST_SKIP() << "this system does not let the test mount a disk";
@@ -88,14 +88,14 @@ TEST_F(ProcessRunnerSurroundingsTest, aDiskThatIsReadOnlyMakesTheOutputUnavailab
     EXPECT_EQ(outcome, "temporaryOutputUnavailable");
 }
 
-TEST_F(ProcessRunnerSurroundingsTest, aHomeThatIsMissingOrReadOnlyIsNotNeeded) {
+TEST_F(ProcessRunnerSurroundingsTest, noWritableHomeIsNeeded) {
     for (const char* const home : {"/missing", "/proc", ""}) {
         const ScopedEnvironment configured("HOME", home);
         EXPECT_EQ(run({"echo-input"}, "credential").standardOutput, echoOf("credential\n")) << home;
     }
 }
 
-TEST_F(ProcessRunnerSurroundingsTest, theMemoryOfARunIsWhatItKeeps) {
+TEST_F(ProcessRunnerSurroundingsTest, aRunNeedsLittleMoreMemoryThanItsOutput) {
     constexpr std::size_t mebibyte = 1U << 20U;
     constexpr std::size_t size = 300 * mebibyte;
     const std::string outcome = ChildProcess::outcome([&]() -> std::string {

@@ -38,19 +38,19 @@ protected:
 
 } // namespace
 
-TEST_F(ProcessRunnerSystemFailuresTest, withoutMemoryForTheCredentialTheRunIsNotStarted) {
+TEST_F(ProcessRunnerSystemFailuresTest, withoutMemoryForTheCredentialNoEngineIsStarted) {
     SystemCallFaults::fail("mmap", 1, ENOMEM);
     EXPECT_THROW(run({"echo-input"}, "credential"), std::bad_alloc);
     EXPECT_EQ(SystemCallFaults::calls("clone"), 0);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, ofTheDeliveryEndAnEngineThatWouldWaitForEver) {
+TEST_F(ProcessRunnerSystemFailuresTest, aFailedDeliveryEndsAnEngineThatWouldWaitForever) {
     SystemCallFaults::fail("write", 1, EIO);
     EXPECT_EQ(errorOfRun({"wait"}, "credential"), Error::launchFailed);
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, byInterruptionAreTriedAgain) {
+TEST_F(ProcessRunnerSystemFailuresTest, interruptedCallsAreRepeated) {
     for (const char* const call :
          {"open", "openat", "mkdir", "chmod", "fchmod", "flock", "write", "pread", "poll", "waitid", "close"}) {
         SCOPED_TRACE(call);
@@ -69,7 +69,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, byInterruptionAreTriedAgain) {
     EXPECT_EQ(errorOfRun({"wait"}, std::nullopt, 0), Error::timedOut);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, byPartialTransfersAreCompleted) {
+TEST_F(ProcessRunnerSystemFailuresTest, partialTransfersAreCompleted) {
     SystemCallFaults::moveSingleBytes();
     const std::string credential = "a credential that goes byte by byte";
     EXPECT_EQ(run({"echo-input"}, credential).standardOutput, echoOf(credential + "\n"));
@@ -77,7 +77,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, byPartialTransfersAreCompleted) {
     EXPECT_GT(SystemCallFaults::calls("pread"), 60);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, thatHideTheStatusNeverLookLikeASuccess) {
+TEST_F(ProcessRunnerSystemFailuresTest, aLostStatusNeverLooksLikeASuccess) {
     // Somebody else has waited for the child process: its status is lost. The fault leaves the real one to be reaped.
     SystemCallFaults::fail("waitid", 1, ECHILD);
     EXPECT_NE(run({"exit", "0"}).exitCode, 0);
@@ -85,7 +85,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, thatHideTheStatusNeverLookLikeASuccess) 
     EXPECT_EQ(waitid(P_ALL, 0, &information, WEXITED), 0);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, toGetADescriptorOutOfTheWayOfTheStandardStreamsFailTheRun) {
+TEST_F(ProcessRunnerSystemFailuresTest, aDescriptorThatCannotBeMovedOutOfTheStandardStreamsFailsTheRun) {
     const std::string outcome = ChildProcess::outcome([this] {
         close(STDIN_FILENO);
         std::string findings;
@@ -106,7 +106,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, toGetADescriptorOutOfTheWayOfTheStandard
     EXPECT_EQ(outcome, "");
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, doNotComeFromDescriptorsInOtherProgramsThatAreStartedMeanwhile) {
+TEST_F(ProcessRunnerSystemFailuresTest, noOtherProgramThatIsStartedMeanwhileInheritsADescriptor) {
     // Whatever the application starts in the middle of a run gets nothing of it: a copy of the pipe would keep the
     // engine waiting for the end of its input.
     const std::map<int, std::string> before = openDescriptors();
@@ -123,7 +123,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, doNotComeFromDescriptorsInOtherProgramsT
     EXPECT_EQ(marked, 6) << "the directory, two outputs, two ends of the pipe, the process";
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, areNotCausedByTerminationRequestsToAnIdentifier) {
+TEST_F(ProcessRunnerSystemFailuresTest, terminationIsRequestedThroughTheProcessDescriptor) {
     // An identifier may belong to a new process by now; a process descriptor never does.
     EXPECT_EQ(errorOfRun({"wait"}, std::nullopt, 0), Error::timedOut);
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1);
@@ -133,7 +133,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, areNotCausedByTerminationRequestsToAnIde
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1) << "nothing else is asked to end";
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, anEngineWhoseApplicationIsGoneByThenDoesNotBegin) {
+TEST_F(ProcessRunnerSystemFailuresTest, anEngineWhoseApplicationIsGoneDoesNotBegin) {
     // The new process finds another parent than the one that launched it.
     constexpr int mostCalls = 4;
     for (int occurrence = 1; occurrence <= mostCalls; ++occurrence) {
@@ -143,7 +143,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, anEngineWhoseApplicationIsGoneByThenDoes
     EXPECT_EQ(SystemCallFaults::calls("clone"), 1);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, aRequestToEndInTheMiddleOfTheLaunchIsNotLost) {
+TEST_F(ProcessRunnerSystemFailuresTest, aTerminationRequestDuringTheLaunchIsNotLost) {
     // The engine runs already, but the runner does not hold its descriptor yet.
     SystemCallFaults::during("clone", [this] { runner_.cancelCurrentOperation(); });
     constexpr double longEnough = 5;
@@ -168,7 +168,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, anOutputThatShrinksWhileItIsReadIsReadAs
     EXPECT_EQ(run({"write-output", "3"}).standardOutput, "ab");
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, theDeadlineIsOneOfTheWallClock) {
+TEST_F(ProcessRunnerSystemFailuresTest, theDeadlineFollowsTheWallClock) {
     // Set forward beyond the deadline, it ends the run; set back, it gives the engine more time.
     SystemCallFaults::during("poll", [] { SystemCallFaults::setClockForward(3600); });
     EXPECT_EQ(errorOfRun({"wait"}, std::nullopt, 1800), Error::timedOut);
@@ -177,7 +177,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, theDeadlineIsOneOfTheWallClock) {
     EXPECT_EQ(run({"exit", "3"}, std::nullopt, 60).exitCode, 3);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, theClockIsLookedAtEveryTenthOfASecond) {
+TEST_F(ProcessRunnerSystemFailuresTest, theClockIsReadEveryTenthOfASecond) {
     // The engine runs until the second wait, the first one that may take time, is over.
     SystemCallFaults::during(
         "poll", [this] { SystemCallFaults::during("poll", [this] { runner_.cancelCurrentOperation(); }); });
@@ -206,7 +206,7 @@ TEST_F(ProcessRunnerDeadlineTest, theEngineIsAskedToEndAndAwaited) {
     awaitLog("asked to end");
 }
 
-TEST_F(ProcessRunnerDeadlineTest, alsoHoldsForAnEngineWhoseInputAnotherKeepsOpenUnread) {
+TEST_F(ProcessRunnerDeadlineTest, alsoHoldsIfAnotherProcessKeepsTheInputOpenUnread) {
     letTheDeadlinePassAfter([this] { awaitLog("waiting"); });
     EXPECT_EQ(errorOfRun({"leave-reader-and-wait"}, std::string(1U << 20U, 'x')), Error::timedOut);
     openGate();
@@ -243,7 +243,7 @@ TEST_F(ProcessRunnerDeadlineTest, aCancellationAfterTheTimeoutIsStillATimeout) {
     test.join();
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, whatTakesThePlaceOfTheNewDirectoryIsNotTouched) {
+TEST_F(ProcessRunnerSystemFailuresTest, whatReplacesTheNewDirectoryIsNotTouched) {
     // Others may write to this temporary directory, and exchange what lies in it at any moment.
     namespace fs = std::filesystem;
     const fs::path photos = directory_ / "photos";
@@ -276,7 +276,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, whatTakesThePlaceOfTheNewDirectoryIsNotT
     fs::remove(photos);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, thatHideTheExecutableLeaveNoBundle) {
+TEST_F(ProcessRunnerSystemFailuresTest, withoutThePathOfTheExecutableThereIsNoBundle) {
     SystemCallFaults::fail("readlink", 1, EACCES);
     EXPECT_EQ(ApplicationBundle::mainBundle().bundlePath(), "");
     EXPECT_EQ(ApplicationBundle::mainBundle().resourcePath(), std::nullopt);

@@ -58,7 +58,7 @@ std::size_t bytesLeftOnStack(bool wipes) {
 
 } // namespace
 
-TEST(SecretStackWiperTest, wipesWhatTheFunctionsBeforeItLeftOnTheStack) {
+TEST(SecretStackWiperTest, wipesWhatEarlierFunctionsLeftOnTheStack) {
     EXPECT_GE(bytesLeftOnStack(false), secretSize - overwrittenByOthers);
     EXPECT_LT(bytesLeftOnStack(true), padding);
 }

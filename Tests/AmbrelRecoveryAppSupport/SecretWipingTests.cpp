@@ -76,7 +76,7 @@ TEST_F(SecretWipingTest, secretBytesAreWipedWhenTheyAreDestroyed) {
     }
 }
 
-TEST_F(SecretWipingTest, secretBytesAreWipedWhenTheyAreAskedTo) {
+TEST_F(SecretWipingTest, secretBytesAreWipedOnRequest) {
     SecretBytes bytes = filled(100);
     const void* const address = bytes.bytes().data();
     bytes.wipe();
@@ -85,7 +85,7 @@ TEST_F(SecretWipingTest, secretBytesAreWipedWhenTheyAreAskedTo) {
     EXPECT_THAT(ReleasedPages::records(), SizeIs(1));
 }
 
-TEST_F(SecretWipingTest, secretBytesAreWipedWhenOthersTakeTheirPlace) {
+TEST_F(SecretWipingTest, secretBytesAreWipedWhenOthersReplaceThem) {
     SecretBytes bytes = filled(100);
     const void* const address = bytes.bytes().data();
     bytes = filled(200);

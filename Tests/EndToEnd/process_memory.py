@@ -3,20 +3,28 @@
 import contextlib
 import dataclasses
 import os
+import random
 import re
 import signal
+import string
 
 from waiting import wait_for
 
 ENCODINGS = ("utf-8", "utf-16-le", "utf-32-le")
 # As many consecutive characters of a secret are a fragment of it.
 FRAGMENT_LENGTH = 8
+SECRET_LENGTH = 48
 # A fragment holds a whole probe wherever it begins: among any five neighbouring characters one probe begins.
 _PROBE_LENGTH = 4
 _PROBE_DISTANCE = FRAGMENT_LENGTH - _PROBE_LENGTH + 1
 # Pages of the kernel that can be mapped but not be read from outside; no program can write them.
 _OF_THE_KERNEL = re.compile(r"\[(vvar|vvar_vclock|vsyscall)\]")
 _MAPPING = re.compile(r"([0-9a-f]+)-([0-9a-f]+) (\S{4}) \S+ \S+ \S+ *(.*)\n")
+
+
+def random_secret():
+    """A secret to search for. No character is in it twice, so that every fragment is one of a kind."""
+    return "".join(random.SystemRandom().sample(string.ascii_letters + string.digits, SECRET_LENGTH))
 
 
 class MemoryNotReadable(Exception):

@@ -1,4 +1,4 @@
-"""The application under test: the steps of the road through it, by the names that its catalogue gives them."""
+"""The application under test: the steps of a recovery with it, by the names that its catalogue gives them."""
 
 from application import WINDOW_TITLE, Application
 from catalogue import OKAY, SHOW_IN_FINDER

@@ -42,7 +42,7 @@ class Accessibility(RecoveryTestCase):
         self.assertEqual((True, False), ("checked" in passphrase.states, "checked" in key.states))
         application.wait_for_object(texts["recovery.credential-kind"], Role.PANEL)
 
-    def test_the_steps_tell_which_one_is_shown_and_which_are_completed(self):
+    def test_the_steps_expose_which_one_is_current_and_which_are_completed(self):
         application = self.start()
         texts = self.catalogue
         names = [texts["recovery.choose-package.action"], texts["recovery.snapshots.title"],
@@ -66,7 +66,7 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_completion()
         assert_steps({"checked"}, {"checked"}, {"selected"})
 
-    def test_the_secure_field_tells_nothing(self):
+    def test_the_secure_field_reveals_nothing(self):
         application = self.start()
         application.choose_package(self.empty_package())
         application.type_credential("Correct Horse 1", by_keyboard=True)
@@ -78,7 +78,7 @@ class Accessibility(RecoveryTestCase):
         application.wait_for_snapshots()
         self.assertEqual(b"Correct Horse 1\n", self.engine.runs[0].input)
 
-    def test_the_secure_field_tells_of_caps_lock(self):
+    def test_the_secure_field_reports_caps_lock(self):
         application = self.start()
         application.choose_package(self.empty_package())
         application.type_credential("a", by_keyboard=True)
@@ -164,7 +164,7 @@ class Accessibility(RecoveryTestCase):
                 wait_for("the export", lambda: application.is_enabled(self.catalogue["files-export.start"]))
                 application.stop()
 
-    def test_a_hundred_thousand_snapshots_do_not_hold_it_up(self):
+    def test_a_hundred_thousand_snapshots_are_exposed(self):
         many = [snapshot(f"code {number}", 1_000_000_000_000 + number * 1000, retained_tip=False)
                 for number in range(100_000)]
         document = self.scratch / "document"
@@ -206,7 +206,7 @@ class Accessibility(RecoveryTestCase):
         self.hears(heard, texts["recovery.choose-package.action"])
         self.assertFalse([text for text in heard.texts if "secret" in text])
 
-    def test_an_error_of_the_start_is_announced(self):
+    def test_a_startup_error_is_announced(self):
         self.installation.engine.unlink()
         heard = Announcements(self.desktop.accessibility)
         self.start()
@@ -216,7 +216,7 @@ class Accessibility(RecoveryTestCase):
     def hears(heard, text):
         wait_for(f"the announcement “{text}”", lambda: text in heard.texts)
 
-    def test_the_alert_is_the_only_thing_to_answer(self):
+    def test_an_alert_can_be_dismissed_and_shown_again(self):
         self.engine.behave(inspect=fails("integrity verification failed"))
         application = self.start()
         application.choose_package(self.empty_package())

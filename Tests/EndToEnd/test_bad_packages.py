@@ -54,16 +54,16 @@ class BadPackages(RecoveryTestCase):
         self.assert_alert(application, "integrity")
         self.assertFalse(destination.exists())
 
-    def test_a_damaged_file_is_seen_before_and_at_the_export(self):
+    def test_a_damaged_file_is_reported_before_and_at_the_export(self):
         self.assert_incomplete_newest_snapshot(self.inspect(self.copy_of("damaged-payload")))
 
-    def test_a_missing_file_is_seen_before_and_at_the_export(self):
+    def test_a_missing_file_is_reported_before_and_at_the_export(self):
         self.assert_incomplete_newest_snapshot(self.inspect(self.copy_of("missing-payload")))
 
     def test_an_unsupported_version(self):
         self.assert_alert(self.inspect(self.copy_of("unsupported-version")), "invalid-package")
 
-    def test_a_folder_with_nothing_of_a_package_in_it(self):
+    def test_an_empty_folder(self):
         empty = self.scratch / "Empty.ambrel"
         empty.mkdir()
         self.assert_alert(self.inspect(dataclasses.replace(sample("ordinary"), package=empty)), "invalid-package")
@@ -87,7 +87,7 @@ class BadPackages(RecoveryTestCase):
         application.wait_for_text(self.catalogue["recovery.inspecting"])
         return application, gate
 
-    def test_a_package_that_goes_away_after_it_was_chosen(self):
+    def test_a_package_that_disappears_after_it_was_chosen(self):
         made = self.copy_of("ordinary")
         application = self.start()
         application.choose_package(made.package)
@@ -97,7 +97,7 @@ class BadPackages(RecoveryTestCase):
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
-    def test_a_package_that_goes_away_during_the_inspection(self):
+    def test_a_package_that_disappears_during_the_inspection(self):
         made = self.copy_of("ordinary")
         application, gate = self.held_inspection(made)
         with self.put_aside(made):
@@ -106,7 +106,7 @@ class BadPackages(RecoveryTestCase):
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
-    def test_a_package_that_becomes_another_one_during_the_inspection(self):
+    def test_a_package_that_is_replaced_during_the_inspection(self):
         made = self.copy_of("ordinary")
         application, gate = self.held_inspection(made)
         with self.put_aside(made):
@@ -116,7 +116,7 @@ class BadPackages(RecoveryTestCase):
         application.inspect(made.passphrase)
         application.wait_for_snapshots()
 
-    def test_a_package_that_goes_away_between_inspection_and_export(self):
+    def test_a_package_that_disappears_between_inspection_and_export(self):
         made = self.copy_of("ordinary")
         application = self.inspect(made)
         application.wait_for_snapshots()
@@ -155,7 +155,7 @@ class BadPackages(RecoveryTestCase):
             self.assert_alert(application, "unavailable")
             made.package.chmod(mode)
 
-    def test_what_is_no_package_is_refused_when_it_is_chosen(self):
+    def test_what_is_not_a_package_is_refused_when_it_is_chosen(self):
         folder = self.scratch / "Photos"
         folder.mkdir()
         file = self.scratch / "File.ambrel"
@@ -174,7 +174,7 @@ class BadPackages(RecoveryTestCase):
                 application.wait_for_text(good.name)
                 self.assertEqual(len("secret"), application.secure_field().character_count)
 
-    def test_what_is_accepted_besides_an_ordinary_package(self):
+    def test_unusual_packages_that_are_accepted(self):
         upper = self.scratch / "UPPER.AMBREL"
         upper.mkdir()
         link = self.scratch / "Link.ambrel"
@@ -188,7 +188,7 @@ class BadPackages(RecoveryTestCase):
                 application.wait_for_text(path.name)
                 self.assertIsNone(application.alert())
 
-    def test_leaving_the_panel_changes_nothing(self):
+    def test_cancelling_the_panel_changes_nothing(self):
         package = self.empty_package()
         application = self.start()
         application.choose_package(package)

@@ -72,7 +72,7 @@ class Cancelling(RecoveryTestCase):
         self.wait_for_engine_to_end()
         self.assertIsNone(application.alert())
 
-    def test_what_is_begun_before_the_cancelled_engine_has_ended_waits_for_it(self):
+    def test_an_operation_begun_before_the_cancelled_engine_has_ended_waits_for_it(self):
         ready, gate = self.scratch / "ready", self.scratch / "gate"
         self.engine.behave(inspect=f"trap '' TERM; touch {shlex.quote(str(ready))}; "
                                    f"while [ ! -e {shlex.quote(str(gate))} ]; do sleep 0.05; done")

@@ -19,7 +19,7 @@ class Noting(unittest.TestCase):
         noted = case_results.NotingRunner(stream=io.StringIO()).run(tests)
         return {name.rpartition(".")[2]: (told["result"], told["reason"]) for name, told in noted.cases.items()}
 
-    def test_every_way_in_which_a_case_ends(self):
+    def test_every_way_in_which_a_case_can_end(self):
         class Sample(unittest.TestCase):
             def test_passed(self):
                 pass
@@ -52,7 +52,7 @@ class Noting(unittest.TestCase):
                           "test_skipped": ("skipped", "not here"), "test_never": ("skipped", "never"),
                           "test_unexpected": ("failed", ""), "test_cleanup": ("failed", "")}, self.results_of(Sample))
 
-    def test_parts_of_a_case(self):
+    def test_subtests_of_a_case(self):
         class Sample(unittest.TestCase):
             def each(self, *ends):
                 for number, end in enumerate(ends):
@@ -81,7 +81,7 @@ class Noting(unittest.TestCase):
                           "test_one_is_skipped": ("skipped", "not here"),
                           "test_one_is_skipped_and_one_fails": ("failed", "")}, self.results_of(Sample))
 
-    def test_a_class_that_cannot_begin(self):
+    def test_a_class_whose_set_up_fails(self):
         class Sample(unittest.TestCase):
             @classmethod
             def setUpClass(cls):
@@ -111,7 +111,7 @@ class Running(unittest.TestCase):
     def run_cases(self, body):
         return self.run_file(f"import unittest\nimport case_results\n{body}\ncase_results.main()\n")
 
-    def test_what_became_of_each_case_is_written(self):
+    def test_the_result_of_each_case_is_written(self):
         status, cases = self.run_cases("class Some(unittest.TestCase):\n"
                                        "    def test_one(self): pass\n"
                                        "    def test_two(self): self.skipTest('not here')\n")
@@ -120,7 +120,7 @@ class Running(unittest.TestCase):
                          [(case["name"], case["result"], case["reason"]) for case in cases])
         self.assertTrue(all(case["seconds"] >= 0 for case in cases))
 
-    def test_a_file_that_knows_nothing_of_it_is_run(self):
+    def test_an_ordinary_file_can_be_run(self):
         status, cases = self.run_file("import unittest\nclass Some(unittest.TestCase):\n"
                                       "    def test_one(self): self.skipTest('not here')\n", case_results.__file__)
         self.assertEqual(0, status)
@@ -134,7 +134,7 @@ class Running(unittest.TestCase):
     def test_a_file_without_cases_fails(self):
         self.assertNotEqual(0, self.run_cases("")[0])
 
-    def test_a_file_that_does_not_come_to_its_end_leaves_nothing(self):
+    def test_a_file_that_does_not_finish_leaves_no_results(self):
         self.assertEqual((7, None), self.run_cases(
             "import os\nclass Some(unittest.TestCase):\n    def test_one(self): os._exit(7)\n"))
 

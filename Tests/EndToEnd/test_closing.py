@@ -77,7 +77,7 @@ class Closing(RecoveryTestCase):
         application.press(self.catalogue["recovery.action.cancel-restore"])
         self.assert_ends_well(application)
 
-    def test_after_the_whole_road(self):
+    def test_after_a_whole_recovery(self):
         self.engine.behave()
         application = self.start()
         application.choose_package(self.empty_package())

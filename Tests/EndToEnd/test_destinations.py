@@ -26,7 +26,7 @@ class Destinations(RecoveryTestCase):
         self.assert_alert(self.application, "destination-unavailable")
         self.application.button(self.catalogue["files-export.start"])
 
-    def test_a_folder_that_is_there_already(self):
+    def test_a_folder_that_already_exists(self):
         taken = self.scratch / "Taken"
         taken.mkdir()
         (taken / "file").write_bytes(b"keep me")
@@ -34,7 +34,7 @@ class Destinations(RecoveryTestCase):
         self.assert_refused(taken)
         self.assertEqual(before, digest(taken))
 
-    def test_a_file_that_is_there_already(self):
+    def test_a_file_that_already_exists(self):
         taken = self.scratch / "Taken"
         taken.write_bytes(b"keep me")
         self.assert_refused(taken)
@@ -67,14 +67,14 @@ class Destinations(RecoveryTestCase):
         self.assert_refused(folder / "Recovered")
         self.assertEqual([], os.listdir(folder))
 
-    def test_a_refusal_is_not_the_end(self):
+    def test_another_destination_after_a_refusal(self):
         self.assert_refused(self.package / "Recovered")
         destination = self.scratch / "Recovered"
         self.application.choose_destination(destination)
         self.application.wait_for_completion()
         self.assertTrue(destination.is_dir())
 
-    def test_leaving_the_panel_changes_nothing(self):
+    def test_cancelling_the_panel_changes_nothing(self):
         title = self.catalogue["files-export.choose-destination"]
         before = sorted(os.listdir(self.scratch))
         self.application.press(self.catalogue["files-export.start"])

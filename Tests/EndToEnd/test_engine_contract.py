@@ -55,7 +55,7 @@ class EngineContract(RecoveryTestCase):
                 self.assertEqual(credential.encode() + b"\n", self.engine.runs[-1].input)
                 application.stop()
 
-    def test_a_snapshot_code_is_passed_as_it_is(self):
+    def test_a_snapshot_code_is_passed_unchanged(self):
         code = "--destination 'x' \"y\" é\u2028$HOME"
         self.engine.behave(inspect=prints(inspection([snapshot(code)])))
         application = self.inspect("secret")
@@ -70,7 +70,7 @@ class EngineContract(RecoveryTestCase):
         self.assertEqual("pipe", run.input_kind)
         self.assertEqual({"blocked": set(), "ignored": set()}, run.signals)
 
-    def test_it_leaves_no_core_dump_not_even_to_a_collector(self):
+    def test_the_engine_leaves_no_core_dump_not_even_to_a_collector(self):
         # The kernel passes over a limit of 0 where it pipes dumps to a program, but keeps to one of 1.
         self.inspect("secret")
         self.assertEqual(("1", "1"), self.engine.runs[0].core_limits)

@@ -146,7 +146,7 @@ class EngineFailures(RecoveryTestCase):
 
 
 class UnusableEngines(RecoveryTestCase):
-    def test_a_missing_engine_is_told_at_once_and_the_window_opens(self):
+    def test_a_missing_engine_is_reported_at_once_and_the_window_opens(self):
         self.installation.engine.unlink()
         application = self.start()
         self.assert_alert(application, "generic")
@@ -161,7 +161,7 @@ class UnusableEngines(RecoveryTestCase):
         application = self.start()
         self.assert_alert(application, "generic")
 
-    def test_an_engine_that_goes_away_later(self):
+    def test_an_engine_that_disappears_later(self):
         application = self.start()
         application.choose_package(self.empty_package())
         self.installation.engine.unlink()

@@ -33,7 +33,7 @@ class HostileSurroundings(RecoveryTestCase):
         application.close_window()
         self.assertEqual(0, application.wait_for_end())
 
-    def test_a_home_folder_in_which_nothing_can_be_made(self):
+    def test_a_home_folder_in_which_nothing_can_be_created(self):
         # Not even by root, who may write where permissions forbid it.
         file = self.scratch / "file"
         file.write_bytes(b"")
@@ -58,12 +58,12 @@ class HostileSurroundings(RecoveryTestCase):
         self.assertEqual(0, process.wait(DEFAULT_SECONDS))
         self.assertEqual([], self.temporary_files())
 
-    def test_a_session_bus_that_is_not_there(self):
+    def test_a_missing_session_bus(self):
         for address in (f"unix:path={self.scratch}/nowhere", "no address at all"):
             with self.subTest(address=address):
                 self.open_and_close(address)
 
-    def test_options_of_the_toolkit_are_no_arguments_of_the_application(self):
+    def test_options_of_the_toolkit_have_no_effect(self):
         self.walk("-platform", "bogus", "-reverse", "-style", "windows", "-stylesheet", "/nowhere",
                   "-display", ":65000", "-geometry", "10x10")
 

@@ -72,7 +72,7 @@ class Keyboard(RecoveryTestCase):
 
         wait_for(f"“{code}” to be {' and '.join(states)}", is_reached)
 
-    def test_the_road_by_tab_and_space(self):
+    def test_a_whole_recovery_by_tab_and_space(self):
         destination = self.scratch / "Recovered"
         application = self.start()
         texts = self.catalogue
@@ -91,7 +91,7 @@ class Keyboard(RecoveryTestCase):
         self.assertEqual(str(self.package), self.engine.runs[0].arguments[1])
         self.assertEqual(str(destination), self.engine.runs[1].arguments[5])
 
-    def test_return_presses_the_main_button_and_the_keyboard_is_where_it_is_needed_next(self):
+    def test_return_presses_the_main_button_and_the_focus_moves_to_the_next_control(self):
         self.engine.behave(inspect=prints(inspection(_THREE_SNAPSHOTS)))
         application = self.started()
         application.wait_for_keyboard_on(self.choose, Role.PUSH_BUTTON)
@@ -109,7 +109,7 @@ class Keyboard(RecoveryTestCase):
         self.assertEqual(("ShowItems", [(self.scratch / "Recovered").as_uri()]),
                          self.desktop.file_manager.wait_for_call())
 
-    def test_return_that_is_held_stops_at_the_snapshots(self):
+    def test_held_return_stops_at_the_snapshots(self):
         application = self.started()
         self.choose_by_keyboard(application)
         application.type_text("secret")
@@ -122,11 +122,11 @@ class Keyboard(RecoveryTestCase):
         application.wait_for_keyboard_on(self.export, Role.PUSH_BUTTON)
         self.assertIsNone(application.find(self.catalogue["files-export.choose-destination"], Role.DIALOG))
 
-    def test_return_that_is_held_stops_at_the_snapshots_where_assistive_technology_listens(self):
+    def test_held_return_stops_at_the_snapshots_while_assistive_technology_listens(self):
         StateChanges(self.desktop.accessibility, "focused")
-        self.test_return_that_is_held_stops_at_the_snapshots()
+        self.test_held_return_stops_at_the_snapshots()
 
-    def test_a_key_that_brought_an_alert_up_dismisses_it_only_when_it_is_pressed_again(self):
+    def test_a_key_that_caused_an_alert_dismisses_it_only_when_it_is_pressed_again(self):
         self.engine.behave(inspect=fails("did not unlock"))
         application = self.started()
         self.choose_by_keyboard(application)
@@ -238,7 +238,7 @@ class Keyboard(RecoveryTestCase):
                 wait_for(f"the event of {change}", lambda: change in heard.changes[before:])
             left = code
 
-    def test_the_first_arrow_picks_the_newest_snapshot_where_none_is_recommended(self):
+    def test_the_first_arrow_picks_the_newest_snapshot_if_none_is_recommended(self):
         self.engine.behave(inspect=prints(inspection(_THREE_SNAPSHOTS, disposition="unresolved-fork")))
         application = self.started()
         self.inspect_by_keyboard(application)
@@ -249,7 +249,7 @@ class Keyboard(RecoveryTestCase):
         self.wait_for_row(application, "newest", "focused", "selected", "checked")
         wait_for("the export", lambda: application.is_enabled(self.export))
 
-    def test_the_field_has_the_keyboard_after_a_refused_secret(self):
+    def test_the_field_has_the_focus_after_a_refused_secret(self):
         self.engine.behave(inspect=fails("did not unlock"))
         application = self.started()
         self.inspect_by_keyboard(application)

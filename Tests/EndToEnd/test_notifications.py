@@ -73,7 +73,7 @@ class Notifications(RecoveryTestCase):
         self.server.wait_for_call("CloseNotification")
         self.assert_alert(application, "wrong-passphrase")
 
-    def test_a_window_that_is_looked_at_says_enough(self):
+    def test_no_notification_while_the_window_is_active(self):
         self.scripted_engine()
         application = self.start()
         application.choose_package(self.empty_package())

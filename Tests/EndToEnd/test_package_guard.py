@@ -49,7 +49,7 @@ class WatchedPackage(unittest.TestCase):
         self.guard.watch(self.package)
         self.assertEqual([], self.guard.changes())
 
-    def test_bytes_of_the_same_number(self):
+    def test_other_bytes_of_the_same_size(self):
         self.assertEqual({"content", "status changed"},
                          self.changes_of(self.file, lambda: self.file.write_bytes(b"as it is!")))
 
@@ -61,7 +61,7 @@ class WatchedPackage(unittest.TestCase):
         os.utime(self.file, ns=(0, 1))
         self.assertIn("modified was", " ".join(self.guard.changes()))
 
-    def test_bytes_that_were_written_again_as_they_were(self):
+    def test_the_same_bytes_written_again(self):
         self.assertEqual({"status changed"}, self.changes_of(self.file, lambda: self.file.write_bytes(b"as it was")))
 
     def test_permissions(self):
@@ -86,7 +86,7 @@ class WatchedPackage(unittest.TestCase):
             copy.replace(self.file)
         self.assertIn("file", self.changes_of(self.file, change))
 
-    def test_a_second_name(self):
+    def test_a_hard_link(self):
         elsewhere = self.package.parent / "second name"
         self.assertIn("links", self.changes_of(self.file, lambda: os.link(self.file, elsewhere)))
 
@@ -96,19 +96,19 @@ class WatchedPackage(unittest.TestCase):
             self.link.symlink_to("file")
         self.assertIn("target", self.changes_of(self.link, change))
 
-    def test_entries_that_come_and_go(self):
+    def test_added_and_removed_entries(self):
         (self.package / "inner" / ".hidden").mkdir()
         (self.package / "inner" / "empty").rmdir()
         changes = self.guard.changes()
         self.assertIn(f"{self.package}: inner/.hidden is new", changes)
         self.assertIn(f"{self.package}: inner/empty is gone", changes)
 
-    def test_an_entry_that_came_and_went_again(self):
+    def test_an_entry_that_was_added_and_removed_again(self):
         passing = self.package / "inner" / "passing"
         self.assertIn("status changed", self.changes_of(
             self.package / "inner", lambda: (passing.touch(), passing.unlink())))
 
-    def test_the_whole_package(self):
+    def test_a_package_that_was_moved_away(self):
         self.package.rename(self.package.with_name("elsewhere"))
         self.assertIn(f"{self.package}: inner/file is gone", self.guard.changes())
 
@@ -124,7 +124,7 @@ class WatchedPackage(unittest.TestCase):
         self.assertIn("inner/file: content", changes)
         self.assertIn("(target): mode", changes)
 
-    def test_a_file_and_nothing_in_a_packages_place(self):
+    def test_a_file_or_nothing_in_place_of_a_package(self):
         nothing = self.package.with_name("Nothing.ambrel")
         for path in (self.file, nothing):
             with self.subTest(path=path.name):
@@ -144,7 +144,7 @@ class WatchedPackage(unittest.TestCase):
             self.package.chmod(mode)
         self.assertEqual([], self.guard.changes())
 
-    def test_what_a_test_does_not_undo_is_one(self):
+    def test_what_a_test_does_not_undo_is_a_change(self):
         with self.assertRaisesRegex(AssertionError, "content"):
             with self.guard.undoing(self.package):
                 self.file.write_bytes(b"something")

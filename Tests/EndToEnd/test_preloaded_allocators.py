@@ -24,7 +24,7 @@ class PreloadedAllocators(RecoveryTestCase):
                                     stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
             self.assertEqual((0, b""), (result.returncode, result.stderr), library)
 
-    def test_the_whole_road_is_walked(self):
+    def test_a_whole_recovery_succeeds(self):
         self.scripted_engine()
         package = self.empty_package()
         for library, changes in self.surroundings():

@@ -63,7 +63,7 @@ class FileManagerThatRefuses(RevealingTestCase):
         self.desktop.file_manager.answer = lambda _method, invocation: invocation.return_error_literal(
             Gio.dbus_error_quark(), Gio.DBusError.ACCESS_DENIED, "no")
 
-    def test_the_folder_around_it_is_opened_and_the_path_is_shown(self):
+    def test_the_containing_folder_is_opened_and_the_path_is_shown(self):
         self.install_opener()
         application, folder = self.reveal()
         self.assertEqual(("ShowItems", [folder.as_uri()]), self.desktop.file_manager.wait_for_call())
@@ -77,13 +77,13 @@ class NoFileManager(RevealingTestCase):
         super().setUpClass()
         cls.desktop.file_manager.close()
 
-    def test_the_folder_around_it_is_opened_and_the_path_is_shown(self):
+    def test_the_containing_folder_is_opened_and_the_path_is_shown(self):
         self.install_opener()
         application, folder = self.reveal()
         self.assert_opens(folder.parent)
         self.assert_shows_path(application, folder)
 
-    def test_the_path_is_shown_where_nothing_opens_folders(self):
+    def test_the_path_is_shown_if_nothing_opens_folders(self):
         application, folder = self.reveal()
         self.assert_shows_path(application, folder)
         self.assertFalse(self.opened.exists())

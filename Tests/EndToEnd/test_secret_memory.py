@@ -7,19 +7,14 @@ has it; where the system forbids that, the tests fail and say so.
 
 import hashlib
 import os
-import random
-import resource
 import shlex
-import signal
-import string
 import subprocess
 import sys
-import unittest
 
 from accessibility import Gone
 from application import WINDOW_TITLE
 from engines import fails, inspection, prints, waits
-from process_memory import FRAGMENT_LENGTH, fragments, traces
+from process_memory import SECRET_LENGTH, fragments, random_secret, traces
 from recovery_test_case import RecoveryTestCase
 from role import Role
 from waiting import wait_for
@@ -28,14 +23,8 @@ import processes
 import x_selection
 
 _IN_NAMESPACE = "AMBREL_TEST_IN_NAMESPACE"
-_LENGTH = 48
 # The engine notes only what tells that it got the secret.
 _NOTE_DIGEST = 'sha256sum | cut -c 1-64 >"$run.new/input"'
-
-
-def random_secret():
-    """No character twice, so that every fragment is one of a kind."""
-    return "".join(random.SystemRandom().sample(string.ascii_letters + string.digits, _LENGTH))
 
 
 class SecretMemory(RecoveryTestCase):
@@ -49,7 +38,7 @@ class SecretMemory(RecoveryTestCase):
     # Entering a secret
 
     def wait_until_entered(self, application):
-        wait_for("the secret in the field", lambda: application.secure_field().character_count == _LENGTH)
+        wait_for("the secret in the field", lambda: application.secure_field().character_count == SECRET_LENGTH)
 
     def type_secret(self, application, secret):
         application.type_credential(secret, by_keyboard=True)
@@ -121,7 +110,7 @@ class SecretMemory(RecoveryTestCase):
     def assert_engine_got(self, secret):
         self.assertEqual(hashlib.sha256(f"{secret}\n".encode()).hexdigest(), self.engine.runs[-1].input.decode().strip())
 
-    # The road
+    # Recovering with it
 
     def refuse(self, application, enter):
         """Enters a secret that the engine refuses."""
@@ -224,7 +213,7 @@ class SecretMemory(RecoveryTestCase):
         self.assert_gone(application, again)
         self.assert_nowhere_outside(application, again)
 
-    def test_a_secret_of_which_another_package_needs_nothing(self):
+    def test_a_secret_when_another_package_is_chosen(self):
         application = self.start()
         application.choose_package(self.empty_package())
         secret = random_secret()
@@ -232,67 +221,6 @@ class SecretMemory(RecoveryTestCase):
         application.choose_package(self.empty_package("Other Photos.ambrel"))
         wait_for("the empty field", lambda: application.secure_field().character_count == 0)
         self.assert_gone(application, secret)
-
-    # What a crash leaves, and who may look
-
-    def core_was_dumped(self, process):
-        """Waits for the end of a process by a signal; whether a core dump was made."""
-        end = os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
-        self.assertIn(end.si_code, (os.CLD_KILLED, os.CLD_DUMPED))
-        self.assertEqual(signal.SIGSEGV, end.si_status)
-        process.wait()
-        return end.si_code == os.CLD_DUMPED
-
-    def test_a_crash_dumps_no_core(self):
-        limits = resource.getrlimit(resource.RLIMIT_CORE)
-        self.addCleanup(resource.setrlimit, resource.RLIMIT_CORE, limits)
-        resource.setrlimit(resource.RLIMIT_CORE, (limits[1], limits[1]))
-        other = processes.start(["sleep", "60"], cwd=self.scratch)
-        wait_for("another program", lambda: processes.command_of(other.pid).startswith("sleep"))
-        os.kill(other.pid, signal.SIGSEGV)
-        if not self.core_was_dumped(other):
-            self.skipTest("this system dumps no core of any program, so that nothing can be shown")
-
-        application = self.start()
-        with open(f"/proc/{application.process.pid}/limits", encoding="utf-8") as limits_now:
-            self.assertRegex(limits_now.read(), r"Max core file size +1 +1 ")
-        self.type_secret(application, random_secret())
-        before = set(os.listdir(self.scratch))
-        os.kill(application.process.pid, signal.SIGSEGV)
-        self.assertFalse(self.core_was_dumped(application.process))
-        self.assertEqual(before, set(os.listdir(self.scratch)))
-
-    def wait_until_closed_to_others(self, application):
-        wait_for("the process to be closed", lambda: not processes.may_look_into(application.process.pid))
-
-    def test_other_programs_of_the_same_user_are_kept_out_once_a_secret_can_be_typed(self):
-        application = self.start()
-        self.assertTrue(processes.may_look_into(application.process.pid))
-        application.focus(WINDOW_TITLE, application.secure_field())
-        self.wait_until_closed_to_others(application)
-
-    def test_other_programs_of_the_same_user_are_kept_out_once_a_secret_was_set(self):
-        application = self.start()
-        application.choose_package(self.empty_package())
-        application.type_credential(random_secret())
-        self.wait_until_closed_to_others(application)
-
-
-class Search(unittest.TestCase):
-    """The search by itself: it finds the smallest fragment wherever it lies, and nothing else."""
-
-    def test_every_fragment_is_found_in_every_encoding(self):
-        secret = random_secret()
-        for encoding in ("utf-8", "utf-16-le", "utf-32-le"):
-            for first in range(_LENGTH - FRAGMENT_LENGTH + 1):
-                part = secret[first:first + FRAGMENT_LENGTH]
-                contents = b"\1" * 5 + part.encode(encoding) + b"\1"
-                self.assertEqual([(encoding, 5, part)], fragments(contents, secret))
-
-    def test_less_than_a_fragment_is_none(self):
-        secret = random_secret()
-        for first in range(_LENGTH - FRAGMENT_LENGTH + 1):
-            self.assertEqual([], fragments(secret[first:first + FRAGMENT_LENGTH - 1].encode() + b"\1", secret))
 
 
 def _may_search():

@@ -50,7 +50,7 @@ class SelfTest(unittest.TestCase):
         status, _, error = self.run_self_test("--self-test")
         self.assertEqual((0, b""), (status, error))
 
-    def test_at_any_place_among_the_arguments(self):
+    def test_the_switch_is_found_anywhere_among_the_arguments(self):
         engine = self.scripted("exit 0")
         for arguments in (["--self-test"], ["x", "-y", "--self-test"], ["--self-test", "--help", "rest"]):
             with self.subTest(arguments=arguments):
@@ -69,7 +69,7 @@ class SelfTest(unittest.TestCase):
         self.scripted("printf second >&2; printf 'first '")
         self.assertEqual((0, b"first second", None), self.run_self_test("--self-test", stderr=subprocess.STDOUT))
 
-    def test_the_status_is_told_where_nobody_reads(self):
+    def test_the_status_is_returned_if_nobody_reads(self):
         engine = self.scripted(prints_and_fails("first", "second", 3))
         absent = closed_pipe()
         try:
@@ -98,11 +98,11 @@ class SelfTest(unittest.TestCase):
                 self.scripted(f"exit {expected}")
                 self.assertEqual((expected, b"", b""), self.run_self_test("--self-test"))
 
-    def test_a_missing_engine_is_one_line(self):
+    def test_a_missing_engine_gives_one_line(self):
         self.installation.engine.unlink()
         self.assertEqual((1, b"", b"Ambrel Recovery app self-test failed.\n"), self.run_self_test("--self-test"))
 
-    def test_an_engine_that_cannot_start_is_the_same_line(self):
+    def test_an_engine_that_cannot_start_gives_the_same_line(self):
         self.installation.engine.unlink()
         self.installation.engine.write_text("#!/nowhere/interpreter\n")
         self.installation.engine.chmod(0o755)
@@ -114,7 +114,7 @@ class SelfTest(unittest.TestCase):
         link.symlink_to(self.installation.executable)
         self.assertEqual((7, b"", b""), self.run_self_test("--self-test", program=link))
 
-    def test_what_only_resembles_the_switch_is_not_it(self):
+    def test_similar_arguments_are_not_the_switch(self):
         engine = self.scripted("exit 0")
         for argument in ("-self-test", "--self-test=1", "--SELF-TEST", "--self-test "):
             with self.subTest(argument=argument):

@@ -84,7 +84,7 @@ class ThroughThePortal(StayingAwake, RecoveryTestCase):
         wait_for("two known connections", lambda: self.service.known == 2)
         return application
 
-    def test_where_the_application_is_closed_to_others_meanwhile(self):
+    def test_while_the_application_is_closed_to_other_programs(self):
         application = self.inspecting()
         self.assertFalse(processes.may_look_into(application.process.pid))
         self.assertEqual(0, self.service.refused)

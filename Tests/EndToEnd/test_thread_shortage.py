@@ -2,10 +2,10 @@
 
 import os
 import pathlib
-import unittest
 
 from recovery_test_case import RecoveryTestCase
 from waiting import wait_for
+import case_results
 
 LIBRARY = pathlib.Path(os.environ["AMBREL_BUILD"]) / "Tests" / "EndToEnd" / "libno-threads.so"
 
@@ -42,4 +42,4 @@ class ThreadShortage(RecoveryTestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    case_results.main()

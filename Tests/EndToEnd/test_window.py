@@ -32,7 +32,7 @@ class Window(RecoveryTestCase):
             order = window_manager.windows_from_below(display)
             self.assertLess(order.index(other), order.index(window))
 
-    def test_is_closed_by_the_keys_for_it(self):
+    def test_is_closed_by_its_shortcuts(self):
         for key in ("ctrl+q", "ctrl+w"):
             with self.subTest(key):
                 application = self.start()

@@ -1,4 +1,4 @@
-"""The whole road on the sample backup, with a picture of every screen.
+"""A whole recovery of the sample backup, with a picture of every screen.
 
 Usage: walkthrough.py SAMPLE-FOLDER PICTURE-FOLDER
 
@@ -49,7 +49,7 @@ class Walkthrough:
     def _close_gate(self):
         self._gate.unlink(missing_ok=True)
 
-    def road(self, sample):
+    def recover(self, sample):
         """From the first screen to the last. Gives the folder that was exported."""
         application, texts = self._application, self._texts
         self._picture("choose")
@@ -121,7 +121,7 @@ def walk(desktop, application_directory, ordinary, forked, pictures, scratch):
                                       packages)
     try:
         walkthrough = Walkthrough(application, installation, scratch, pictures)
-        exported = walkthrough.road(ordinary)
+        exported = walkthrough.recover(ordinary)
         walkthrough.alert(ordinary)
         walkthrough.fork(forked)
     finally:
@@ -142,7 +142,7 @@ def main(arguments):
     sample_folder, pictures = (pathlib.Path(argument).resolve() for argument in arguments)
     shutil.rmtree(pictures, ignore_errors=True)
     pictures.mkdir(parents=True)
-    print("Walking the whole road on a virtual display…")
+    print("Running through a whole recovery on a virtual display…")
     with tempfile.TemporaryDirectory(prefix="ambrel-walk.") as scratch, Desktop() as desktop:
         count = walk(desktop, os.environ["AMBREL_APPLICATION"], Sample.read(sample_folder), sample("forked"), pictures,
                      pathlib.Path(scratch))

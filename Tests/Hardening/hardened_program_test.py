@@ -138,7 +138,7 @@ class HardenedProgram(unittest.TestCase):
                 self.build(**{"-pie": f"-Wl,-pie,-rpath,{folder}"})
                 self.assertEqual([], hardened_program.missing_in_program(self.program))
 
-    def test_what_is_no_program_is_not_passed_over(self):
+    def test_what_is_not_a_program_is_an_error(self):
         text = self.folder / "text"
         text.write_text("not a program")
         for path in (text, self.folder / "nothing"):
@@ -155,7 +155,7 @@ class HardenedProgram(unittest.TestCase):
         commands.write_text(json.dumps([{"directory": str(self.folder), "command": command}]))
         return hardened_program.main([str(programs), str(objects), str(commands)])
 
-    def test_the_command_fails_where_something_is_missing(self):
+    def test_the_command_fails_if_something_is_missing(self):
         self.build()
         self.assertEqual(0, self.run_command())
         self.build(**{"-Wl,-z,now": "-Wl,-z,lazy"})
@@ -163,7 +163,7 @@ class HardenedProgram(unittest.TestCase):
         self.build(**{"-D_FORTIFY_SOURCE=3": ""})
         self.assertEqual(1, self.run_command())
 
-    def test_nothing_to_look_into_and_an_object_of_unknown_making_are_complaints(self):
+    def test_missing_input_and_an_object_of_unknown_origin_are_complaints(self):
         self.build()
         self.assertEqual(1, len(hardened_program.complaints_about([], [], {})))
         self.assertEqual([f"{self.object}: no command is known that made it"],

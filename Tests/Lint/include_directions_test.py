@@ -64,7 +64,7 @@ class IncludeDirections(unittest.TestCase):
                     self.violations_of(f"Sources/AmbrelRecoveryApp/{library}/File.cpp", f'#include "{path}"'))
                 (self.top / f"Sources/AmbrelRecoveryApp/{library}/File.cpp").unlink()
 
-    def test_there_is_no_circle(self):
+    def test_there_are_no_cycles(self):
         known = set()
         for library, allowed in include_directions.LIBRARIES.items():
             self.assertLessEqual(set(allowed), known, library)
@@ -81,7 +81,7 @@ class IncludeDirections(unittest.TestCase):
         self.assertEqual(1, len(self.violations_of(
             "Sources/AmbrelRecoveryApp/Main.cpp", '#include "Common/Bytes.h"')))
 
-    def test_a_path_that_climbs_is_refused(self):
+    def test_a_path_through_a_parent_folder_is_refused(self):
         self.assertEqual(1, len(self.violations_of(
             "StandInEngine/Main.cpp", '#include "../Sources/AmbrelPlatform/Type.h"')))
 
@@ -92,7 +92,7 @@ class IncludeDirections(unittest.TestCase):
                     self.assertEqual(1, len(self.violations_of(f"Sources/{library}/File.h", line)))
                     (self.top / f"Sources/{library}/File.h").unlink()
 
-    def test_a_project_without_its_libraries_is_not_called_clean(self):
+    def test_a_project_without_its_libraries_is_an_error(self):
         with tempfile.TemporaryDirectory() as empty:
             self.assertEqual(2, include_directions.main([empty]))
 

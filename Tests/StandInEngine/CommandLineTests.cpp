@@ -12,7 +12,7 @@ std::vector<std::string> exportLine() {
 
 } // namespace
 
-TEST_F(CommandLineTest, inspectIsTakenApart) {
+TEST_F(CommandLineTest, inspectIsParsed) {
     const auto line = CommandLine::parse({"inspect", "a package", "--backup-passphrase", "--credential-stdin"});
     ASSERT_TRUE(line);
     EXPECT_EQ(CommandLine::Command::inspect, line->command);
@@ -20,7 +20,7 @@ TEST_F(CommandLineTest, inspectIsTakenApart) {
     EXPECT_EQ(Factor::backupPassphrase, line->factor);
 }
 
-TEST_F(CommandLineTest, exportIsTakenApart) {
+TEST_F(CommandLineTest, exportIsParsed) {
     const auto line = CommandLine::parse(exportLine());
     ASSERT_TRUE(line);
     EXPECT_EQ(CommandLine::Command::exportSnapshot, line->command);
@@ -47,7 +47,7 @@ TEST_F(CommandLineTest, anExportNeedsEachOfItsArguments) {
     }
 }
 
-TEST_F(CommandLineTest, whatIsNotUnderstoodEndsWithTheUsage) {
+TEST_F(CommandLineTest, anInvalidCommandLineEndsWithTheUsage) {
     const std::vector<std::vector<std::string>> lines = {
         {},
         {"restore"},
@@ -70,7 +70,7 @@ TEST_F(CommandLineTest, whatIsNotUnderstoodEndsWithTheUsage) {
     }
 }
 
-TEST_F(CommandLineTest, helpIsTheUsageAndSaysWhatItStandsInFor) {
+TEST_F(CommandLineTest, helpIsTheUsageAndSaysWhatTheEngineStandsInFor) {
     const ProgramResult result = Program::run(STAND_IN_ENGINE, {"--help"}, {});
     EXPECT_EQ(0, result.status);
     EXPECT_EQ(CommandLine::usage(), result.output);

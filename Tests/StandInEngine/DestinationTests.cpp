@@ -52,7 +52,7 @@ protected:
 
 } // namespace
 
-TEST_F(DestinationTest, whateverIsThereIsKept) {
+TEST_F(DestinationTest, whateverExistsIsKept) {
     fs::create_directory(folder_ / "empty");
     fs::create_directory(folder_ / "full");
     TestFiles::write(folder_ / "full/file", "keep");
@@ -125,7 +125,7 @@ TEST_F(DestinationTest, whatAppearsDuringTheExportIsKept) {
     }
 }
 
-TEST_F(DestinationTest, twoExportsToOnePlaceNeverMix) {
+TEST_F(DestinationTest, twoExportsToTheSamePlaceNeverMix) {
     FolderWatch watch(folder_.path());
     const Program::Setup setup = {.input = "correct horse\n", .hasBlockedOutput = true};
     Program first(STAND_IN_ENGINE, arguments(destination()), setup);
@@ -138,7 +138,7 @@ TEST_F(DestinationTest, twoExportsToOnePlaceNeverMix) {
     expectOnly({"P.ambrel", "Recovered"});
 }
 
-TEST_F(DestinationTest, theWayWithoutExclusiveRenamesNeverReplacesAnything) {
+TEST_F(DestinationTest, theFallbackForExclusiveRenamesNeverReplacesAnything) {
     const UniqueDescriptor parent(::open(folder_.path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     const auto rename = [&](const char* to) {
         return ExclusiveRename::renameOntoReservedName(parent.get(), "from", to);

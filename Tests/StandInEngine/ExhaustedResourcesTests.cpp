@@ -10,7 +10,7 @@ class ExhaustedResourcesTest : public StandInEngineTest {};
 
 } // namespace
 
-TEST_F(ExhaustedResourcesTest, aDerivationThatNeedsMoreThanThereIsEndsTheRun) {
+TEST_F(ExhaustedResourcesTest, aDerivationThatNeedsTooMuchMemoryEndsTheRun) {
     TestPackage package(folder_ / "P.ambrel");
     const std::string header = TestFiles::read(package.path() / "header.txt");
     const std::string keys = TestFiles::read(package.path() / "keys");
@@ -27,7 +27,7 @@ TEST_F(ExhaustedResourcesTest, aDerivationThatNeedsMoreThanThereIsEndsTheRun) {
     expectFailure(result, 1, "There is not enough memory.");
 }
 
-TEST_F(ExhaustedResourcesTest, withoutADescriptorForItThePackageIsUnavailable) {
+TEST_F(ExhaustedResourcesTest, thePackageIsUnavailableWithoutAFreeDescriptor) {
     TestPackage package(folder_ / "P.ambrel");
     const ProgramResult result = Program::run(STAND_IN_ENGINE, inspectArguments(package.path(), passphrase()),
                                               {.input = "correct horse\n", .inChild = [] {

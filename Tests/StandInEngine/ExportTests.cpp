@@ -44,7 +44,7 @@ TEST_F(ExportTest, originalsOfEverySizeAreTheSame) {
     EXPECT_EQ(expected, exported(TestPackage::record(record.items)));
 }
 
-TEST_F(ExportTest, theReportTellsWhatWasWritten) {
+TEST_F(ExportTest, theReportSaysWhatWasWritten) {
     CommitRecord record = TestPackage::record({package_.item("a.jpg", "a"), package_.item("b.jpg", "b")});
     record.items.front().resources.push_back(package_.item("a.mov", "video").resources.front());
     const ProgramResult result = exportRecord(record);
@@ -59,7 +59,7 @@ TEST_F(ExportTest, theReportTellsWhatWasWritten) {
     expectOnly({"P.ambrel", "Recovered"});
 }
 
-TEST_F(ExportTest, theRecoveryKeyOpensTheSame) {
+TEST_F(ExportTest, theRecoveryKeyExportsTheSame) {
     package_.publish(TestPackage::record({package_.item("a.jpg", "a")}));
     const std::string code = codeOf(package_.path());
     EXPECT_EQ(0, exportSnapshot(package_.path(), code, recoveryKey(package_.recoveryKey())).status);
@@ -100,7 +100,7 @@ TEST_F(ExportTest, clashingNamesAllSurvive) {
         exported(record));
 }
 
-TEST_F(ExportTest, namesThatAreNoUnicodeTextAreKept) {
+TEST_F(ExportTest, namesThatAreNotUnicodeAreKept) {
     EXPECT_EQ((Contents{{"caf\xE9.jpg", "latin"}, {"\xFF", "byte"}}),
               exported(TestPackage::record({package_.item("caf\xE9.jpg", "latin"), package_.item("\xFF", "byte")})));
 }
@@ -130,7 +130,7 @@ TEST_F(ExportTest, anUnknownSnapshotIsRefused) {
     expectOnly({"P.ambrel"});
 }
 
-TEST_F(ExportTest, anIncompleteSnapshotLeavesNothing) {
+TEST_F(ExportTest, anIncompleteSnapshotLeavesNothingBehind) {
     const CommitRecord record = TestPackage::record({package_.item("a.jpg", "a"), package_.item("b.jpg", "b")});
     const std::string code = package_.publish(record).hexadecimal().substr(0, 12);
     const auto payload = package_.payloadPath(record.items[1].resources.front().payload);
@@ -146,7 +146,7 @@ TEST_F(ExportTest, anIncompleteSnapshotLeavesNothing) {
     EXPECT_EQ(0, exportSnapshot(package_.path(), code).status);
 }
 
-TEST_F(ExportTest, aReportThatCannotBePrintedLeavesNothing) {
+TEST_F(ExportTest, aReportThatCannotBePrintedLeavesNothingBehind) {
     const std::string code = package_.publish(TestPackage::record({package_.item("a.jpg", "a")})).hexadecimal();
     Program program(STAND_IN_ENGINE, exportArguments(package_.path(), code.substr(0, 12), passphrase()),
                     {.input = "correct horse\n", .inChild = [] { ::close(STDOUT_FILENO); }});

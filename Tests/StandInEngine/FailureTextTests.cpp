@@ -47,19 +47,19 @@ std::vector<std::string_view> needlesIn(FailureReason reason) {
 
 } // namespace
 
-TEST(FailureTextTest, holdsExactlyTheWordsOfItsOwnFailure) {
+TEST(FailureTextTest, containsOnlyTheWordsOfItsOwnFailure) {
     for (const auto& [reason, needle] : recognised) {
         EXPECT_EQ(std::vector{needle}, needlesIn(reason)) << FailureText::sentence(reason);
     }
 }
 
-TEST(FailureTextTest, otherFailuresHoldNoneOfTheWords) {
+TEST(FailureTextTest, ofOtherFailuresContainsNoneOfTheWords) {
     for (const FailureReason reason : others) {
         EXPECT_TRUE(needlesIn(reason).empty()) << FailureText::sentence(reason);
     }
 }
 
-TEST(FailureTextTest, noStatusIsSuccessOrTakenForASignal) {
+TEST(FailureTextTest, noStatusMeansSuccessOrASignal) {
     for (const auto& [reason, needle] : recognised) {
         EXPECT_GE(FailureText::exitStatus(reason), 1);
         EXPECT_LT(FailureText::exitStatus(reason), 15);

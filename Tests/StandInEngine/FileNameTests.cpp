@@ -4,14 +4,14 @@
 
 using namespace std::string_literals;
 
-TEST(FileNameTest, oneEntryOfAFolderIsSafe) {
+TEST(FileNameTest, aNameOfAnEntryIsSafe) {
     for (const std::string& name :
          {"a"s, "IMG 1.jpg"s, "..."s, ".hidden"s, "a\\b"s, "\xFF"s, "línea\n"s, std::string(255, 'x')}) {
         EXPECT_TRUE(FileName::isSafe(name)) << name;
     }
 }
 
-TEST(FileNameTest, anythingThatLeadsElsewhereIsNot) {
+TEST(FileNameTest, aNameThatLeadsElsewhereIsNotSafe) {
     for (const std::string& name : {""s, "."s, ".."s, "/"s, "a/b"s, "/a"s, "../a"s, "a\0b"s, std::string(256, 'x')}) {
         EXPECT_FALSE(FileName::isSafe(name)) << name;
     }

@@ -41,7 +41,7 @@ const std::vector<HistoryCommit> forked = {commit(1, 1), commit(2, 2, {1}), comm
 
 } // namespace
 
-TEST(HistoryTest, oneLineIsASingleBranch) {
+TEST(HistoryTest, aLinearHistoryIsASingleBranch) {
     const History history(straight, {identifier(3)});
     EXPECT_EQ(BranchDisposition::singleBranch, history.disposition());
     EXPECT_EQ(std::set{3}, tipsOf(history));
@@ -62,7 +62,7 @@ TEST(HistoryTest, aHeadThatAnotherContinuesIsNoFork) {
     EXPECT_EQ(std::set{3}, tipsOf(history));
 }
 
-TEST(HistoryTest, aForkThatWasJoinedOrGivenUpHasACanonicalBranch) {
+TEST(HistoryTest, aMergedOrAbandonedForkHasACanonicalBranch) {
     std::vector<HistoryCommit> joined = forked;
     joined.push_back(commit(4, 3, {2, 3}));
     EXPECT_EQ(BranchDisposition::canonicalBranch, History(joined, {identifier(4)}).disposition());
@@ -86,7 +86,7 @@ TEST(HistoryTest, contradictionsAreRefused) {
     EXPECT_THROW(History({commit(1, 2), commit(2, 2, {1})}, {}), Failure) << "a generation that does not grow";
 }
 
-TEST(HistoryTest, codesTellAllCommitsApart) {
+TEST(HistoryTest, codesDistinguishAllCommits) {
     std::vector<HistoryCommit> alike = {commit(7, 1), commit(7, 2)};
     alike[1].identifier.bytes[9] = 8;
     const History history(alike, {});

@@ -46,7 +46,7 @@ void writePlace(ByteWriter& writer) {
 
 } // namespace
 
-TEST_F(HostilePackageTest, whatIsNoPackageIsInvalid) {
+TEST_F(HostilePackageTest, whatIsNotAPackageIsInvalid) {
     TestFiles::write(folder_ / "file.ambrel", "a file");
     fs::create_directory(folder_ / "empty.ambrel");
     fs::create_directory(folder_ / "other.ambrel");
@@ -61,7 +61,7 @@ TEST_F(HostilePackageTest, whatIsNoPackageIsInvalid) {
     }
 }
 
-TEST_F(HostilePackageTest, whatIsNotThereIsUnavailable) {
+TEST_F(HostilePackageTest, aMissingPackageIsUnavailable) {
     fs::create_directory_symlink(folder_ / "nowhere", folder_ / "dangling.ambrel");
     fs::create_directory_symlink(folder_ / "loop.ambrel", folder_ / "loop.ambrel");
     for (const char* name : {"missing.ambrel", "dangling.ambrel", "loop.ambrel"}) {
@@ -171,7 +171,7 @@ TEST_F(HostilePackageTest, indexesOutOfRangeAreRefused) {
     }
 }
 
-TEST_F(HostilePackageTest, foldersWithoutEndAreRefused) {
+TEST_F(HostilePackageTest, excessivelyNestedFoldersAreRefused) {
     CommitRecord record = TestPackage::record({});
     record.folders = {{std::nullopt, "x"}};
     for (std::uint32_t index = 0; index < 100; ++index) {

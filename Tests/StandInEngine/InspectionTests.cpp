@@ -30,7 +30,7 @@ CommitRecord after(CommitRecord record, const Identifier& parent, std::uint64_t 
 
 } // namespace
 
-TEST_F(InspectionTest, tellsTheWholeOfOneSnapshot) {
+TEST_F(InspectionTest, reportsEverythingAboutASnapshot) {
     CommitRecord record = TestPackage::record({package_.item("a.jpg", "first"), package_.item("b.jpg", "")});
     record.items.front().resources.push_back(package_.item("a.mov", std::string(100'000, 'v')).resources.front());
     record.writerEpoch = 3;
@@ -96,7 +96,7 @@ TEST_F(InspectionTest, aForkHasTwoTipsAndTwoBranches) {
     EXPECT_EQ(2U, document["preservedBranches"].get_array().size());
 }
 
-TEST_F(InspectionTest, withoutAPublishedHeadItSaysSo) {
+TEST_F(InspectionTest, saysThatThereIsNoPublishedHead) {
     package_.writer().addCommit(TestPackage::record({package_.item("a.jpg", "a")}));
     const Element document = inspectGuarded();
     EXPECT_EQ("no-published-head", text(document, "branchDisposition"));
@@ -141,7 +141,7 @@ TEST_F(InspectionTest, aPackageIsReadThroughALinkAndWithATrailingSlash) {
     EXPECT_EQ(0, inspect(package_.path().string() + "/").status);
 }
 
-TEST_F(InspectionTest, filesThatAreNotThePackagesAreLeftAlone) {
+TEST_F(InspectionTest, foreignFilesAreIgnored) {
     package_.publish(TestPackage::record({}));
     for (const char* name : {".DS_Store", "commits/.DS_Store", "heads/note.txt", "payloads/x"}) {
         TestFiles::write(package_.path() / name, "not a record");

@@ -113,7 +113,7 @@ TEST_F(PackageDamageTest, everyKindOfDamageToAPayloadIsNoticed) {
     }
 }
 
-TEST_F(PackageDamageTest, exchangedPayloadsAreNoticed) {
+TEST_F(PackageDamageTest, swappedPayloadsAreNoticed) {
     fs::rename(payload(0), folder_ / "aside");
     fs::rename(payload(2), payload(0));
     fs::rename(folder_ / "aside", payload(2));
@@ -136,13 +136,13 @@ TEST_F(PackageDamageTest, aCommitUnderAnotherNameIsRefused) {
     EXPECT_TRUE(isRefused());
 }
 
-TEST_F(PackageDamageTest, aHeadIsNoCommitAndACommitNoHead) {
+TEST_F(PackageDamageTest, aCommitIsNotAcceptedAsAHead) {
     const fs::path head = package_.path() / "heads" / commit_.hexadecimal();
     fs::copy_file(package_.commitPath(commit_), head, fs::copy_options::overwrite_existing);
     EXPECT_TRUE(isRefused());
 }
 
-TEST_F(PackageDamageTest, aDerivationThatCostsTooMuchIsNotTried) {
+TEST_F(PackageDamageTest, aDerivationWithAnExtremeCostIsNotTried) {
     // The checksum over the key file is no secret: anybody can make one that fits.
     const std::string header = TestFiles::read(package_.path() / "header.txt");
     const std::string content = TestFiles::read(package_.path() / "keys");

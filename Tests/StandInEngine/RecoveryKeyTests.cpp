@@ -33,7 +33,7 @@ TEST(RecoveryKeyTest, isPrintedInSixGroupsOfFive) {
                 testing::MatchesRegex("([0-9A-HJKMNP-TV-Z]{5}-){5}[0-9A-HJKMNP-TV-Z]{5}"));
 }
 
-TEST(RecoveryKeyTest, isReadBack) {
+TEST(RecoveryKeyTest, survivesTheRoundTrip) {
     for (int round = 0; round < 100; ++round) {
         const SecretBytes key = RecoveryKey::generate();
         EXPECT_EQ(textOf(key), parsed(textOf(RecoveryKey::print(key))));
@@ -60,7 +60,7 @@ TEST(RecoveryKeyTest, caseSpacesAndDashesDoNotMatter) {
     }
 }
 
-TEST(RecoveryKeyTest, lookalikesCount) {
+TEST(RecoveryKeyTest, lookalikesAreAccepted) {
     // All bits are zero: the printed key begins with many zeros.
     std::string typed = textOf(RecoveryKey::print(keyOf(0)));
     std::ranges::replace(typed, '0', 'O');
@@ -85,7 +85,7 @@ TEST(RecoveryKeyTest, everySingleWrongCharacterIsNoticed) {
     }
 }
 
-TEST(RecoveryKeyTest, twoExchangedNeighboursAreNoticed) {
+TEST(RecoveryKeyTest, twoSwappedNeighborsAreNoticed) {
     const std::string printed = textOf(RecoveryKey::print(RecoveryKey::generate()));
     for (std::size_t index = 0; index + 1 < printed.size(); ++index) {
         std::string typed = printed;

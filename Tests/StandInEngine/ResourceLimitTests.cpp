@@ -44,7 +44,7 @@ TEST_F(ResourceLimitTest, aLargeFileIsNeverWholeInMemory) {
     EXPECT_EQ(largeByteCount, fs::file_size(destination() / "a.bin"));
 }
 
-TEST_F(ResourceLimitTest, hugeRecordsAreRefusedUnread) {
+TEST_F(ResourceLimitTest, hugeRecordsAreRefusedWithoutReadingThem) {
     constexpr std::uintmax_t oneTebibyte = std::uintmax_t{1} << 40;
     publish(package_.storeZeros(1));
     const long usual = inspect(package_.path()).maximumResidentKibibytes;
@@ -60,7 +60,7 @@ TEST_F(ResourceLimitTest, hugeRecordsAreRefusedUnread) {
     }
 }
 
-TEST_F(ResourceLimitTest, anExportThatFindsNoRoomLeavesNothing) {
+TEST_F(ResourceLimitTest, anExportThatFindsNoRoomLeavesNothingBehind) {
     const std::string code = publish(package_.storeZeros(300'000));
     guard(package_.path());
     // The kernel refuses to let a file grow beyond the limit, as it does on a full disk.

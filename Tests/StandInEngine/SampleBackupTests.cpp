@@ -155,7 +155,7 @@ TEST_F(SampleBackupTest, aFolderWithoutPicturesIsRefused) {
     expectOnly({"empty", "pictures"});
 }
 
-TEST_F(SampleBackupTest, stoppedItLeavesNothing) {
+TEST_F(SampleBackupTest, leavesNothingBehindWhenStopped) {
     FolderWatch watch(folder_.path());
     Program program(MAKE_SAMPLE_BACKUP, {"--pictures", pictures(), "--output", package(), "--fast"},
                     {.hasBlockedOutput = true});
@@ -165,7 +165,7 @@ TEST_F(SampleBackupTest, stoppedItLeavesNothing) {
     expectOnly({"pictures"});
 }
 
-TEST_F(SampleBackupTest, whatIsNotUnderstoodEndsWithTheUsage) {
+TEST_F(SampleBackupTest, anInvalidCommandLineEndsWithTheUsage) {
     const std::string input = pictures();
     const std::string output = package();
     for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{

@@ -36,7 +36,7 @@ TEST_F(SamplePicturesTest, areRealPicturesOfAllSortsAndTheSameEveryTime) {
     EXPECT_LE(1, countOf("京都"));
 }
 
-TEST_F(SamplePicturesTest, aFolderWithSomethingInItIsLeftAlone) {
+TEST_F(SamplePicturesTest, aFolderThatIsNotEmptyIsLeftAlone) {
     TestFiles::write(folder_ / "mine", "mine");
     const ProgramResult result = Program::run(DRAW_SAMPLE_PICTURES, {folder_.path()}, {});
     EXPECT_EQ(1, result.status);
@@ -44,7 +44,7 @@ TEST_F(SamplePicturesTest, aFolderWithSomethingInItIsLeftAlone) {
     expectOnly({"mine"});
 }
 
-TEST_F(SamplePicturesTest, anotherCommandLineEndsWithTheUsage) {
+TEST_F(SamplePicturesTest, anInvalidCommandLineEndsWithTheUsage) {
     for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"a", "b"}, {"--force"}}) {
         const ProgramResult result = Program::run(DRAW_SAMPLE_PICTURES, arguments, {});
         EXPECT_EQ(64, result.status);

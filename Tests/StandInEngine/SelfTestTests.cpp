@@ -12,7 +12,7 @@ protected:
 
 } // namespace
 
-TEST_F(SelfTestTest, passesAndLeavesNothing) {
+TEST_F(SelfTestTest, passesAndLeavesNothingBehind) {
     const ProgramResult result = Program::run(STAND_IN_ENGINE, {"self-test"}, {});
     EXPECT_EQ(0, result.status) << result.output;
     EXPECT_EQ("", result.error);
@@ -31,7 +31,7 @@ TEST_F(SelfTestTest, failsWithoutAPlaceForItsPackage) {
     EXPECT_THAT(result.output, testing::HasSubstr("\nFAILED: "));
 }
 
-TEST_F(SelfTestTest, stoppedItLeavesNothing) {
+TEST_F(SelfTestTest, leavesNothingBehindWhenStopped) {
     FolderWatch watch(folder_.path());
     Program program(STAND_IN_ENGINE, {"self-test"}, {});
     watch.waitFor("");

@@ -33,7 +33,7 @@ protected:
 
 } // namespace
 
-TEST_F(StoppingTest, aStoppedExportEndsByTheSignalAndLeavesNothing) {
+TEST_F(StoppingTest, aStoppedExportEndsByTheSignalAndLeavesNothingBehind) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         FolderWatch watch(folder_.path());
         Program program(STAND_IN_ENGINE, arguments_, setup());
@@ -46,7 +46,7 @@ TEST_F(StoppingTest, aStoppedExportEndsByTheSignalAndLeavesNothing) {
     }
 }
 
-TEST_F(StoppingTest, aKilledExportIsNoExport) {
+TEST_F(StoppingTest, aKilledExportLeavesNoDestination) {
     FolderWatch watch(folder_.path());
     Program program(STAND_IN_ENGINE, arguments_, setup());
     watch.waitFor(".partial");
@@ -65,7 +65,7 @@ TEST_F(StoppingTest, theNextExportRemovesWhatAKilledOneLeft) {
     expectOnly({"P.ambrel", "Recovered"});
 }
 
-TEST_F(StoppingTest, theNextExportLeavesALivingOneAlone) {
+TEST_F(StoppingTest, theNextExportLeavesARunningOneAlone) {
     FolderWatch watch(folder_.path());
     Program living(STAND_IN_ENGINE, arguments_, setup());
     watch.waitFor(".partial");
@@ -76,7 +76,7 @@ TEST_F(StoppingTest, theNextExportLeavesALivingOneAlone) {
     expectOnly({"P.ambrel", "Recovered", "Other"});
 }
 
-TEST_F(StoppingTest, theNextExportLeavesAloneWhatNoExportLeft) {
+TEST_F(StoppingTest, theNextExportLeavesEverythingElseAlone) {
     const std::string number(24, 'a');
     const std::vector<std::string> names = {".ambrel-recovery-.partial", ".ambrel-recovery-" + number + "b.partial",
                                             ".ambrel-recovery-" + std::string(24, 'g') + ".partial",
@@ -95,7 +95,7 @@ TEST_F(StoppingTest, theNextExportLeavesAloneWhatNoExportLeft) {
     expectOnly(expected);
 }
 
-TEST_F(StoppingTest, theNextExportLeavesAloneWhatIsAnotherUsers) {
+TEST_F(StoppingTest, theNextExportLeavesFoldersOfOtherUsersAlone) {
     if (::geteuid() != 0) {
         GTEST_SKIP() << "only root can be two users";
     }
@@ -107,7 +107,7 @@ TEST_F(StoppingTest, theNextExportLeavesAloneWhatIsAnotherUsers) {
     expectOnly({"P.ambrel", "Recovered", left});
 }
 
-TEST_F(StoppingTest, aStopIsHeardAlsoWhileNobodyReadsTheReport) {
+TEST_F(StoppingTest, aStopSignalTakesEffectEvenIfNobodyReadsTheReport) {
     FolderWatch watch(folder_.path());
     Program program(STAND_IN_ENGINE, arguments_, setup());
     watch.waitFor(".partial");
@@ -137,7 +137,7 @@ TEST_F(StoppingTest, anIgnoredSignalStaysIgnored) {
     expectOnly({"P.ambrel", "Recovered"});
 }
 
-TEST_F(StoppingTest, anExportEndsTogetherWithItsParent) {
+TEST_F(StoppingTest, anExportEndsWithItsParent) {
     // The report goes into a pipe of this process that is full, so that the parent's end changes nothing there.
     std::array<int, 2> ends{};
     ASSERT_EQ(0, ::pipe2(ends.data(), O_CLOEXEC));

@@ -32,7 +32,7 @@ protected:
 
 } // namespace
 
-TEST_F(UnlockingTest, eachSecretUnlocksAndIsReportedBack) {
+TEST_F(UnlockingTest, eachSecretUnlocksAndItsKindIsReported) {
     EXPECT_EQ("backup-passphrase", std::string_view(inspection(package_.path())["unlockedFactor"]));
     EXPECT_EQ("recovery-key",
               std::string_view(inspection(package_.path(), recoveryKey(package_.recoveryKey()))["unlockedFactor"]));
@@ -44,7 +44,7 @@ TEST_F(UnlockingTest, aWrongPassphraseDoesNotUnlock) {
     }
 }
 
-TEST_F(UnlockingTest, thePassphraseIsTakenByteForByte) {
+TEST_F(UnlockingTest, thePassphraseIsUsedByteForByte) {
     const std::vector<std::string> passphrases = {"  around  ",
                                                   "\ttab",
                                                   "two\nlines",
@@ -76,18 +76,18 @@ TEST_F(UnlockingTest, aMistypedRecoveryKeyIsInvalid) {
     }
 }
 
-TEST_F(UnlockingTest, anEmptyOrEndlessPassphraseIsInvalid) {
+TEST_F(UnlockingTest, anEmptyOrOversizedPassphraseIsInvalid) {
     expectFailure(inspect(package_.path(), passphrase("")), 3, "The credential is invalid.");
     expectFailure(inspect(package_.path(), passphrase(std::string(3 << 20, 'x'))), 3, "The credential is invalid.");
 }
 
-TEST_F(UnlockingTest, aCredentialWithoutItsLineFeedIsNone) {
+TEST_F(UnlockingTest, aCredentialWithoutItsLineFeedIsRefused) {
     for (const char* input : {"", "correct horse"}) {
         expectFailure(inspectWithInput(input), 1, "No credential and line feed arrived on standard input.");
     }
 }
 
-TEST_F(UnlockingTest, theRecoveryKeyIsReadForgivingly) {
+TEST_F(UnlockingTest, theRecoveryKeyMayBeTypedCarelessly) {
     std::string typed = "  ";
     for (const char character : package_.recoveryKey()) {
         typed += character == '-'   ? " \u2013 "

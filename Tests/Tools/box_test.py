@@ -32,7 +32,7 @@ class Box(unittest.TestCase):
     def run_in_box(self, script, limit=SOON, processor_limit=SOON):
         return run_boxed(["sh", "-c", script, "sh", str(self.folder)], self.log, limit, processor_limit)
 
-    def test_the_status_and_the_output_come_out(self):
+    def test_the_status_and_the_output_are_returned(self):
         self.assertEqual(3, self.run_in_box("echo said; exit 3"))
         self.assertEqual("said\n", self.log.read_text(encoding="utf-8"))
 
@@ -42,7 +42,7 @@ class Box(unittest.TestCase):
         self.assertNotEqual(0, self.run_in_box('echo lost > "$1/precious"'))
         self.assertEqual("kept", (self.folder / "precious").read_text(encoding="utf-8"))
 
-    def test_temporary_folders_are_there_and_empty_again_next_time(self):
+    def test_temporary_folders_are_empty_every_time(self):
         for _ in range(2):
             self.assertEqual(0, self.run_in_box('[ "$(ls "$TMPDIR" /dev/shm)" = "$(printf "/dev/shm:\\n\\n/tmp:\\nhome")" ]'
                                                 ' && : > "$TMPDIR/left" && : > /dev/shm/left && : > "$HOME/left"'))

@@ -51,13 +51,13 @@ class InstallDependencies(unittest.TestCase):
         file = self.folder / "calls"
         return file.read_text(encoding="utf-8").splitlines() if file.exists() else []
 
-    def test_what_is_missing_alone_is_installed(self):
+    def test_only_what_is_missing_is_installed(self):
         result = self.run_tool("clang")
         self.assertEqual((0, "Installing 1 Debian packages: libclang-rt-dev\n", ""),
                          (result.returncode, result.stdout, result.stderr))
         self.assertEqual(["--quiet update", "--quiet install --yes --no-install-recommends libclang-rt-dev"], self.calls())
 
-    def test_nothing_is_asked_of_the_network_where_all_is_there(self):
+    def test_the_network_is_not_used_if_nothing_is_missing(self):
         self.stand_in("dpkg-query", "echo installed clang; echo installed libclang-rt-dev; echo installed xz-utils")
         result = self.run_tool("clang")
         self.assertEqual((0, "", ""), (result.returncode, result.stdout, result.stderr))
@@ -80,18 +80,18 @@ class InstallDependencies(unittest.TestCase):
         self.assertEqual((0, 1), (result.returncode, result.stdout.count(_WAITING)), result.stderr)
         self.assertEqual(4, len(self.calls()))
 
-    def test_a_lock_that_nobody_gives_back_is_an_error_in_the_end(self):
+    def test_a_lock_that_is_never_released_is_an_error_in_the_end(self):
         self.let_fail("install", *[_SYSTEM_LOCK] * 1000)
         result = self.run_tool("clang")
         self.assertEqual(1, result.returncode)
         self.assertIn(_SYSTEM_LOCK, result.stderr)
         self.assertIn("The packages could not be installed.", result.stderr)
 
-    def test_a_source_that_cannot_be_read_may_be_one_that_is_not_needed(self):
+    def test_an_unreadable_package_source_is_tolerated(self):
         self.let_fail("update", "E: The repository does not have a Release file.")
         self.assertEqual(0, self.run_tool("clang").returncode)
 
-    def test_a_package_that_cannot_be_had_is_an_error_at_once(self):
+    def test_an_unavailable_package_is_an_error_at_once(self):
         self.let_fail("update", "E: No network.")
         self.let_fail("install", "E: Unable to locate package libclang-rt-dev")
         result = self.run_tool("clang")

@@ -27,18 +27,18 @@ class MakeSample(unittest.TestCase):
         subprocess.run([_TOOL, self.folder / "build", self.folder / "sample"], check=True)
         return (self.folder / "sample/secrets.txt").read_text(encoding="utf-8").splitlines()
 
-    def test_what_is_told_names_the_package_in_its_place(self):
+    def test_the_secrets_file_names_the_package_in_its_place(self):
         package = self.folder / "sample/Family Photos.ambrel"
         self.assertEqual([f"package: {package}", "passphrase: one two"], self.make())
         self.assertTrue(package.is_dir())
         self.assertEqual({"Family Photos.ambrel", "Pictures", "secrets.txt"},
                          {entry.name for entry in (self.folder / "sample").iterdir()})
 
-    def test_a_sample_that_is_newer_than_its_tools_is_left_as_it_is(self):
+    def test_a_sample_that_is_newer_than_its_tools_is_kept(self):
         self.stand_in("make-sample-backup", 'echo "package: $4"; echo "passphrase: $RANDOM$RANDOM"; mkdir "$4"')
         self.assertEqual(self.make(), self.make())
 
-    def test_a_sample_is_made_anew_when_either_tool_is(self):
+    def test_a_sample_is_made_again_when_either_tool_is_newer(self):
         self.stand_in("make-sample-backup", 'echo "package: $4"; echo "passphrase: $RANDOM$RANDOM"; mkdir "$4"')
         for tool in ("make-sample-backup", "draw-sample-pictures"):
             first = self.make()

@@ -85,13 +85,13 @@ class Mutants(unittest.TestCase):
                                   if mutant.kind.endswith("removed")], statement)
         self.assertEqual([], changed("class A {\n    A(const A&) = delete;\n    void f();\n};\n"))
 
-    def test_neighbours_are_exchanged(self):
+    def test_neighboring_statements_are_exchanged(self):
         self.assertEqual([body("b = 1;", "a();", "f(c);"), body("a();", "f(c);", "b = 1;")],
                          changed(body("a();", "b = 1;", "f(c);"), "statements exchanged"))
         self.assertEqual([], changed(body("a();", "const int b = c;", "d();"), "statements exchanged"))
         self.assertEqual([], changed(body("a();", "if (b) { c(); }", "d();"), "statements exchanged"))
 
-    def test_what_is_no_code_stays(self):
+    def test_what_is_not_code_stays(self):
         for text in ("// a < 1\n", "/* a && 1 */\n", '#include "a1/1.h"\n', "#define A \\\n    1\n", "static_assert(a == 1);\n",
                      'const auto* a = "b && 1 < 2";\n', 'const auto* a = R"x(1 < 2)" && 1)x";\n', "char a = '1';\n",
                      "[[deprecated(1)]] int a;\n", "template<int a = 1>\nclass B;\n"):
@@ -103,7 +103,7 @@ class Mutants(unittest.TestCase):
         self.assertEqual(("Source.cpp", 2, "constant"), (mutant.path, mutant.line, mutant.kind))
         self.assertEqual("-int b = 1;\n+int b = (1 + 1);", mutant.diff)
 
-    def test_every_mutant_has_a_name_of_its_own_that_stays(self):
+    def test_every_mutant_has_a_unique_and_stable_name(self):
         text = body("f(1);", "f(1);", "f(1, 1);")
         names = [mutant.identity for mutant in mutants_of("Source.cpp", text)]
         self.assertEqual(len(names), len(set(names)))

@@ -101,13 +101,13 @@ protected:
 
 } // namespace
 
-TEST_F(ContrastTest, isMeasuredAsTheGuidelinesHaveIt) {
+TEST_F(ContrastTest, isMeasuredAsTheGuidelinesDefineIt) {
     EXPECT_NEAR(contrast(Qt::white, Qt::black), 21, 1e-6);
     EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
     EXPECT_NEAR(contrast(Qt::white, copper()), 3.80, 0.01);
 }
 
-TEST_F(ContrastTest, everyTextStandsOutFromItsGround) {
+TEST_F(ContrastTest, everyTextStandsOutFromItsBackground) {
     constexpr double leastOfTexts = 4.5;
     for (const Pair& pair : texts()) {
         EXPECT_GE(contrast(pair.color, pair.ground), leastOfTexts) << pair.name;
@@ -120,7 +120,7 @@ TEST_F(ContrastTest, everyTextStandsOutFromItsGround) {
     }
 }
 
-TEST_F(ContrastTest, everyBorderStandsOutWhereTheDesktopWantsIt) {
+TEST_F(ContrastTest, everyBorderStandsOutIfTheDesktopWantsIt) {
     constexpr double leastOfBorders = 3;
     const std::vector<QColor> grounds{background(),
                                       glow(),
@@ -140,7 +140,7 @@ TEST_F(ContrastTest, everyBorderStandsOutWhereTheDesktopWantsIt) {
     }
 }
 
-TEST_F(ContrastTest, whatMarksAControlStandsOutAlways) {
+TEST_F(ContrastTest, theMarksOfControlsAlwaysStandOut) {
     constexpr double leastOfMarks = 3;
     for (const QColor& ground : {background(), rail(), panel(), alert(), blended(input(), panel())}) {
         EXPECT_GE(contrast(copper(), ground), leastOfMarks) << ground.name().toStdString();

@@ -53,7 +53,7 @@ double emptyShareWithin(const QImage& image) {
     return static_cast<double>(empty) / within;
 }
 
-TEST(RecoveryPaletteTest, hasTheColoursOfTheDesign) {
+TEST(RecoveryPaletteTest, hasTheColorsOfTheDesign) {
     EXPECT_EQ(RecoveryPalette::background().name(), QStringLiteral("#131110"));
     EXPECT_EQ(RecoveryPalette::rail().name(), QStringLiteral("#181614"));
     EXPECT_EQ(RecoveryPalette::primary().name(), QStringLiteral("#f0e8de"));
@@ -67,7 +67,7 @@ TEST(RecoveryPaletteTest, hasTheColoursOfTheDesign) {
     EXPECT_NEAR(RecoveryPalette::line().alphaF(), 0.11, 1e-3);
 }
 
-TEST(SymbolPainterTest, drawsEverySymbolInItsColour) {
+TEST(SymbolPainterTest, drawsEverySymbolInTheGivenColor) {
     for (const RecoverySymbol symbol :
          {RecoverySymbol::checkmark, RecoverySymbol::checkmarkCircleFill, RecoverySymbol::checkmarkShield,
           RecoverySymbol::circle, RecoverySymbol::exclamationmarkTriangleFill, RecoverySymbol::folder,
@@ -88,7 +88,7 @@ TEST(SymbolPainterTest, drawsEverySymbolInItsColour) {
     }
 }
 
-TEST(SymbolPainterTest, fillsTheSymbolsThatAreFilled) {
+TEST(SymbolPainterTest, fillsTheFilledSymbols) {
     constexpr int side = 200;
     for (const RecoverySymbol symbol :
          {RecoverySymbol::checkmarkCircleFill, RecoverySymbol::exclamationmarkTriangleFill,
@@ -111,7 +111,7 @@ TEST(TextLabelTest, isAsHighAsItsLines) {
     EXPECT_GT(text.heightForWidth(120), wide);
 }
 
-TEST(TextLabelTest, isAsHighAsItsTextAndFontAreNow) {
+TEST(TextLabelTest, adaptsItsHeightToItsTextAndFont) {
     TextLabel text(recoveryFont(16, QFont::Normal), Qt::white);
     text.setText(QStringLiteral("one"));
     const int oneLine = text.heightForWidth(120);
@@ -135,13 +135,13 @@ TEST(TextLabelTest, isALabelNamedByItsText) {
     EXPECT_EQ(accessible(&text).text(QAccessible::Name), QStringLiteral("a & <b>b</b>"));
 }
 
-TEST(TextLabelTest, keepsItsHeightForAWidthWhenItsTextChanges) {
+TEST(TextLabelTest, stillHasHeightForWidthAfterItsTextChanges) {
     TextLabel label(recoveryFont(13, QFont::Normal), Qt::white);
     label.setText(QStringLiteral("Unlock the backup"));
     EXPECT_TRUE(label.sizePolicy().hasHeightForWidth());
 }
 
-TEST(CenteredTextTest, setsWordsFromRightToLeftWhateverThePainterDoes) {
+TEST(CenteredTextTest, drawsTheSameWhateverTheDirectionOfThePainter) {
     const auto drawn = [](Qt::LayoutDirection direction) {
         QImage image(200, 30, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
@@ -190,7 +190,7 @@ TEST(SegmentedPickerTest, isMadeOfRadioButtons) {
     EXPECT_TRUE(accessible(segments[1]).state().checked);
 }
 
-TEST(SegmentedPickerTest, tellsOfTheUsersChoiceOnly) {
+TEST(SegmentedPickerTest, reportsOnlyTheUsersChoices) {
     SegmentedPicker picker(2);
     QSignalSpy choices(&picker, &SegmentedPicker::chosen);
     picker.apply({QStringLiteral("One"), QStringLiteral("Two")}, 1);
@@ -218,7 +218,7 @@ TEST(SegmentedPickerTest, arrowsMoveTheChoice) {
     EXPECT_TRUE(segments[0]->isChecked());
 }
 
-TEST(ProgressRowTest, aKnownFractionIsAValue) {
+TEST(ProgressRowTest, aKnownFractionIsItsAccessibleValue) {
     ProgressRow row;
     row.apply({.fraction = 0.42,
                .percent = QStringLiteral("42%"),

@@ -92,7 +92,7 @@ protected:
     SnapshotList* const list = new SnapshotList(&window);
 };
 
-TEST_F(FocusRingTest, isNotShownToWhoeverUsesThePointer) {
+TEST_F(FocusRingTest, isNotShownWhileThePointerIsUsed) {
     EXPECT_FALSE(isRinged(first));
     second->setFocus();
     EXPECT_FALSE(isRinged(second));
@@ -118,7 +118,7 @@ TEST_F(FocusRingTest, followsTheTabKey) {
     EXPECT_TRUE(isRinged(second));
 }
 
-TEST_F(FocusRingTest, isNotBroughtByLettersAndModifiers) {
+TEST_F(FocusRingTest, isNotShownAfterLettersAndModifiers) {
     for (const Qt::Key key :
          {Qt::Key_A, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock, Qt::Key_Print}) {
         QTest::keyClick(first, key);
@@ -126,13 +126,13 @@ TEST_F(FocusRingTest, isNotBroughtByLettersAndModifiers) {
     }
 }
 
-TEST_F(FocusRingTest, goesWithTheFocusWhereTheProgramMovesItAfterAKey) {
+TEST_F(FocusRingTest, followsTheFocusThatTheProgramMovesAfterAKey) {
     QTest::keyClick(first, Qt::Key_Return);
     second->setFocus();
     EXPECT_TRUE(isRinged(second));
 }
 
-TEST_F(FocusRingTest, goesWithTheArrowsInAPicker) {
+TEST_F(FocusRingTest, followsTheArrowsInAPicker) {
     const QList<QRadioButton*> segments = picker->findChildren<QRadioButton*>();
     segments[0]->setFocus();
     EXPECT_FALSE(isRinged(segments[0]));
@@ -165,7 +165,7 @@ TEST_F(FocusRingTest, isShownAtOnceInAWindowThatAKeyOpens) {
     EXPECT_TRUE(isRinged(button));
 }
 
-TEST_F(FocusRingTest, comesAndGoesWithoutAnythingElseBeingDrawnAnew) {
+TEST_F(FocusRingTest, redrawsItsControlWhenItAppearsAndDisappears) {
     QWidget* const controls[] = {first, list->viewport()};
     for (QWidget* const drawn : controls) {
         QWidget* const control = drawn == first ? drawn : list;

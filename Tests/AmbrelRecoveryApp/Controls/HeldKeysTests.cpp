@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(HeldKeysTest, noneDismissesAnAlert) {
+TEST_F(HeldKeysTest, doNotDismissAnAlert) {
     open();
     for (const Qt::Key key : pressingKeys) {
         untilAnnounced([this] { model->acceptPackage(path("not there")); });
@@ -68,14 +68,14 @@ TEST_F(HeldKeysTest, noneDismissesAnAlert) {
     }
 }
 
-TEST_F(HeldKeysTest, aRepeatIsKnownByItsTimeWhereTheToolkitTakesItForAnotherStroke) {
+TEST_F(HeldKeysTest, areRecognizedByTheirTimeIfTheToolkitReportsAnotherStroke) {
     open();
     untilAnnounced([this] { model->acceptPackage(path("not there")); });
     redraw();
     expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
-TEST_F(HeldKeysTest, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistiveTechnology) {
+TEST_F(HeldKeysTest, areRecognizedByTheirTimeIfResentForAssistiveTechnology) {
     // As the toolkit does: each key is taken, and comes back later without its time.
     class SendingOnceMore final : public QObject {
     public:
@@ -97,7 +97,7 @@ TEST_F(HeldKeysTest, aRepeatIsKnownByItsTimeWhereKeysAreSentOnceMoreForAssistive
     expectOnlyAnotherStrokeToDismissTheAlert();
 }
 
-TEST_F(HeldKeysTest, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
+TEST_F(HeldKeysTest, doNotDismissTheAlertThatTheyCaused) {
     open();
     panels.answer = path("not there");
     untilAnnounced([] { QTest::keyPress(QApplication::focusWidget(), Qt::Key_Return); });
@@ -109,7 +109,7 @@ TEST_F(HeldKeysTest, theOneThatBroughtTheAlertUpDoesNotDismissIt) {
     EXPECT_TRUE(isAlertShown());
 }
 
-TEST_F(HeldKeysTest, returnStopsAtTheSnapshotsAndAtTheEnd) {
+TEST_F(HeldKeysTest, heldReturnStopsAtTheSnapshotsAndAtTheEnd) {
     open();
     panels.answer = path("Family Photos.ambrel");
     untilAnnounced([] { hold(Qt::Key_Return); });
@@ -134,7 +134,7 @@ TEST_F(HeldKeysTest, returnStopsAtTheSnapshotsAndAtTheEnd) {
     EXPECT_EQ(model->phase(), Phase::complete);
 }
 
-TEST_F(HeldKeysTest, escapeCancelsOneOperation) {
+TEST_F(HeldKeysTest, heldEscapeCancelsNothing) {
     setEngineThatWaits();
     open();
     choosePackage();
@@ -148,7 +148,7 @@ TEST_F(HeldKeysTest, escapeCancelsOneOperation) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
 }
 
-TEST_F(HeldKeysTest, noneReachesAnyControl) {
+TEST_F(HeldKeysTest, pressingKeysReachNoControl) {
     class Counter final : public QObject {
     public:
         bool eventFilter(QObject* /*object*/, QEvent* event) override {
@@ -175,7 +175,7 @@ TEST_F(HeldKeysTest, noneReachesAnyControl) {
     EXPECT_EQ(counter.count, 1);
 }
 
-TEST_F(HeldKeysTest, spaceIsTypedAsOftenAsItRepeats) {
+TEST_F(HeldKeysTest, heldSpaceIsTypedAsOftenAsItRepeats) {
     open();
     choosePackage();
     redraw();

@@ -49,7 +49,7 @@ int filledWidth(QWidget& bar) {
 
 } // namespace
 
-TEST_F(MotionTest, isShortAndThereOnlyWhereTheDesktopWantsIt) {
+TEST_F(MotionTest, isShortInAMovingStyleAndAbsentInAStillOne) {
     QWidget widget;
     widget.setStyle(&moving);
     EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
@@ -58,7 +58,7 @@ TEST_F(MotionTest, isShortAndThereOnlyWhereTheDesktopWantsIt) {
     EXPECT_EQ(Motion::duration(widget), std::chrono::milliseconds::zero());
 }
 
-TEST_F(MotionTest, isGoneWhereLessMotionIsWantedAndComesBack) {
+TEST_F(MotionTest, isAbsentOnlyWhileItIsReduced) {
     QWidget widget;
     widget.setStyle(&moving);
     Motion::setReduced(true);
@@ -67,7 +67,7 @@ TEST_F(MotionTest, isGoneWhereLessMotionIsWantedAndComesBack) {
     EXPECT_GT(Motion::duration(widget), std::chrono::milliseconds::zero());
 }
 
-TEST_F(MotionTest, whereLessMotionIsWantedTheNewScreenIsThereAtOnce) {
+TEST_F(MotionTest, theNewScreenAppearsAtOnceIfMotionIsReduced) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&moving);
@@ -101,7 +101,7 @@ TEST_F(MotionTest, theNewScreenCanBeClickedDuringTheFade) {
     EXPECT_EQ(parent.childAt(parent.rect().center()), nullptr);
 }
 
-TEST_F(MotionTest, withoutMotionTheNewScreenIsThereAtOnce) {
+TEST_F(MotionTest, theNewScreenAppearsAtOnceInAStillStyle) {
     Plain parent(Qt::red);
     ScreenTransition transition(&parent);
     transition.setStyle(&still);
@@ -125,7 +125,7 @@ TEST_F(MotionTest, theBarGlidesToANewFraction) {
     EXPECT_GT(before, 0);
 }
 
-TEST_F(MotionTest, withoutMotionTheBarIsAtItsFractionAtOnce) {
+TEST_F(MotionTest, theBarReachesItsFractionAtOnceInAStillStyle) {
     ProgressIndicator bar;
     bar.setStyle(&still);
     bar.setFraction(0.1);

@@ -19,7 +19,7 @@ QString copied(PathView& view) {
     return QApplication::clipboard()->text();
 }
 
-TEST(PathViewTest, isCopiedAsItIsInEveryScript) {
+TEST(PathViewTest, copiesThePathExactlyInEveryScript) {
     for (const char* const path :
          {"/home/someone/Ambrel Recovered", "/home/سارة/صور العائلة", "/", "/a//b/", "/home/\u2068strange\u2069/name",
           "/a\nb/gpj.\u202Eexe\x7F", "/no\u00A0break/\u202Fnarrow", "/line\u2028separator\u2029s", "/ blanks  /  ",
@@ -30,14 +30,14 @@ TEST(PathViewTest, isCopiedAsItIsInEveryScript) {
     }
 }
 
-TEST(PathViewTest, eachPartOfThePathIsKeptTogetherAndInItsPlace) {
+TEST(PathViewTest, keepsEachPartOfThePathTogetherAndInItsPlace) {
     PathView view;
     view.setPath("/home/سارة/صور");
     EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068home\u2069/\u2068سارة\u2069/\u2068صور\u2069"));
     EXPECT_EQ(view.document()->defaultTextOption().textDirection(), Qt::LeftToRight);
 }
 
-TEST(PathViewTest, showsWhatWouldNotBeSeenOrTurnTheRestAround) {
+TEST(PathViewTest, showsInvisibleAndDirectionChangingCharacters) {
     PathView view;
     view.setPath("/a\nb/\u202Egpj.exe\U000E0041");
     EXPECT_EQ(view.toPlainText(), QStringLiteral(u"/\u2068a\u240Ab\u2069/\u2068[U+202E]gpj.exe[U+E0041]\u2069"));
@@ -56,7 +56,7 @@ TEST(PathViewTest, aPartCanBeSelectedByKeyboard) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("cd"));
 }
 
-TEST(PathViewTest, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
+TEST(PathViewTest, copiesTheWholeCharacterIfPartOfItsSubstituteIsSelected) {
     PathView view;
     view.setPath("/a\u202Eb");
     QTextCursor cursor = view.textCursor();
@@ -67,7 +67,7 @@ TEST(PathViewTest, aPartOfWhatIsShownInAnotherFormIsCopiedAsTheWhole) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral(u"\u202E"));
 }
 
-TEST(PathViewTest, keepsItsSelectionWhenItIsToldTheSamePath) {
+TEST(PathViewTest, keepsItsSelectionWhenItIsGivenTheSamePath) {
     for (const char* const path : {"/ab/cd", "/a\u00A0b/cd", "/a\uFDD0b"}) {
         PathView view;
         view.setPath(path);
@@ -77,7 +77,7 @@ TEST(PathViewTest, keepsItsSelectionWhenItIsToldTheSamePath) {
     }
 }
 
-TEST(PathViewTest, cannotBeChanged) {
+TEST(PathViewTest, isReadOnly) {
     PathView view;
     view.setPath("/ab/cd");
     const QString before = view.toPlainText();
@@ -114,7 +114,7 @@ TEST_F(CompletionPathTest, thePathIsHiddenUntilItIsNeeded) {
     EXPECT_FALSE(pathView().isVisible());
 }
 
-TEST_F(CompletionPathTest, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
+TEST_F(CompletionPathTest, thePathIsShownReadyToCopyIfNoFileManagerShowsTheFolder) {
     complete();
     view->showPath(path("Ambrel Recovered"));
     EXPECT_TRUE(pathView().isVisible());
@@ -131,7 +131,7 @@ TEST_F(CompletionPathTest, whatNoFileManagerShowsIsShownAsAPathReadyToCopy) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Show in Finder"));
 }
 
-TEST_F(CompletionPathTest, thePathGoesWithTheRecoveryThatItBelongsTo) {
+TEST_F(CompletionPathTest, thePathIsHiddenWhenTheUserStartsAgain) {
     complete();
     view->showPath(path("Ambrel Recovered"));
     model->startAgain();

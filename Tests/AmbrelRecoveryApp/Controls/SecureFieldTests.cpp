@@ -74,7 +74,7 @@ TEST_F(SecureFieldTest, holdsWhatIsTypedAndShowsOnlyAMask) {
     EXPECT_EQ(field.echoMode(), QLineEdit::Password);
 }
 
-TEST_F(SecureFieldTest, masksInItsOwnWayWhateverTheDesktops) {
+TEST_F(SecureFieldTest, masksInItsOwnWayWhateverTheStyleOfTheDesktop) {
     type(QStringLiteral("abc"));
     const QImage before = field.grab().toImage();
     QApplication::setStyle(new RevealingStyle);
@@ -91,7 +91,7 @@ TEST_F(SecureFieldTest, masksInItsOwnWayWhateverTheDesktops) {
     EXPECT_EQ(other.grab().toImage(), before);
 }
 
-TEST_F(SecureFieldTest, writesItsMaskFromTheRightWhereTheInterfaceRunsThatWay) {
+TEST_F(SecureFieldTest, writesItsMaskFromTheRightInARightToLeftInterface) {
     const auto caret = [this] {
         // A line edit places its text when it is painted.
         field.grab();
@@ -168,14 +168,14 @@ TEST_F(SecureFieldTest, cannotBeCopiedOrCutFrom) {
     EXPECT_FALSE(field.dragEnabled());
 }
 
-TEST_F(SecureFieldTest, cannotBeDraggedIntoOrSelectedForOthers) {
+TEST_F(SecureFieldTest, acceptsNoDropsAndSelectsOnlyItsMask) {
     EXPECT_FALSE(field.acceptDrops());
     type(QStringLiteral("secret"));
     field.selectAll();
     EXPECT_EQ(field.selectedText(), QString(6, QChar(0x2022)));
 }
 
-TEST_F(SecureFieldTest, tellsThatCapsLockIsOnOnceAKeyTellsIt) {
+TEST_F(SecureFieldTest, showsThatCapsLockIsOnOnceAKeyRevealsIt) {
     field.setCapsLockHint(QStringLiteral("Caps Lock is on"));
     const auto* const hint = field.findChild<QLabel*>();
     ASSERT_NE(hint, nullptr);
@@ -203,7 +203,7 @@ TEST_F(SecureFieldTest, followsTheCapsLockKeyItself) {
     EXPECT_EQ(secret(), QString());
 }
 
-TEST_F(SecureFieldTest, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
+TEST_F(SecureFieldTest, hidesTheCapsLockHintWithoutTheFocus) {
     const auto* const hint = field.findChild<QLabel*>();
     ASSERT_NE(hint, nullptr);
     pressWithNativeModifiers(Qt::Key_CapsLock, QString(), 0);
@@ -211,7 +211,7 @@ TEST_F(SecureFieldTest, tellsNothingOfCapsLockWhileItHasNoKeyboard) {
     EXPECT_FALSE(hint->isVisible());
 }
 
-TEST_F(SecureFieldTest, cannotBeUndone) {
+TEST_F(SecureFieldTest, offersNoUndo) {
     type(QStringLiteral("secret"));
     field.selectAll();
     press(Qt::Key_Delete);
@@ -252,7 +252,7 @@ TEST_F(SecureFieldTest, takesWhatAnInputMethodCommitsAndNotWhatItComposes) {
     EXPECT_EQ(secret(), QStringLiteral("é漢"));
 }
 
-TEST_F(SecureFieldTest, tellsOfEditsByTheUserOnly) {
+TEST_F(SecureFieldTest, reportsOnlyEditsByTheUser) {
     const QSignalSpy edits(&field, &SecureField::secretEdited);
     field.setSecret(u"set");
     EXPECT_EQ(edits.count(), 0);

@@ -12,7 +12,7 @@
 
 using namespace std::chrono_literals;
 
-TEST(BusConnectionTest, withoutAThreadThereIsNoConnectionAndTheCallerLearnsItInALaterTurn) {
+TEST(BusConnectionTest, reportsItsFailureInALaterTurnIfThereIsNoThread) {
     TestBus bus("DBUS_SESSION_BUS_ADDRESS");
     bus.start();
     QObject context;

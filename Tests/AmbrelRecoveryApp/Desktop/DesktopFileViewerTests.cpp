@@ -110,14 +110,14 @@ TEST_F(DesktopFileViewerTest, namesEveryItemExactly) {
     }
 }
 
-TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoBus) {
+TEST_F(DesktopFileViewerTest, opensTheContainingFolderWithoutABus) {
     const FolderOpener opener;
     viewer.reveal("/home/some one/Ambrel Recovered");
     waitUntil([&] { return !opener.opened.isEmpty(); });
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/some%20one"});
 }
 
-TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoFileManager) {
+TEST_F(DesktopFileViewerTest, opensTheContainingFolderWithoutAFileManager) {
     bus.start();
     const FolderOpener opener;
     viewer.reveal("/home/100%/Ambrel Recovered");
@@ -125,7 +125,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereThereIsNoFileMa
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/100%25"});
 }
 
-TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereTheFileManagerRefuses) {
+TEST_F(DesktopFileViewerTest, opensTheContainingFolderIfTheFileManagerRefuses) {
     bus.start();
     FakeFileManager manager(FakeFileManager::Answer::error);
     startManager(manager);
@@ -135,7 +135,7 @@ TEST_F(DesktopFileViewerTest, opensTheFolderThatHoldsTheItemWhereTheFileManagerR
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
-TEST_F(DesktopFileViewerTest, opensTheFolderOnceWhereTheFileManagerAnswersTooLate) {
+TEST_F(DesktopFileViewerTest, opensTheContainingFolderOnceIfTheFileManagerAnswersTooLate) {
     bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);
@@ -164,7 +164,7 @@ TEST_F(DesktopFileViewerTest, neverWaitsForABusThatDoesNotAnswer) {
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
-TEST_F(DesktopFileViewerTest, holdsUpNoOtherConnectionWhereTheBusDoesNotAnswer) {
+TEST_F(DesktopFileViewerTest, delaysNoOtherConnectionWhileTheBusDoesNotAnswer) {
     const SilentSocket silentBus(bus.socketPath());
     ASSERT_TRUE(silentBus.isListening());
     TestBus other("DBUS_SYSTEM_BUS_ADDRESS");
@@ -182,7 +182,7 @@ TEST_F(DesktopFileViewerTest, holdsUpNoOtherConnectionWhereTheBusDoesNotAnswer) 
     EXPECT_TRUE(opener.opened.isEmpty());
 }
 
-TEST_F(DesktopFileViewerTest, hasNoBusStartedWhereThereIsNone) {
+TEST_F(DesktopFileViewerTest, opensTheContainingFolderInsteadOfStartingABus) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "autolaunch:");
     const FolderOpener opener;
     DesktopFileViewer patient(1min);
@@ -190,7 +190,7 @@ TEST_F(DesktopFileViewerTest, hasNoBusStartedWhereThereIsNone) {
     waitUntil([&] { return !opener.opened.isEmpty(); });
 }
 
-TEST_F(DesktopFileViewerTest, tellsWhenNoFileManagerSaysThatItShowsTheItem) {
+TEST_F(DesktopFileViewerTest, reportsWhenNoFileManagerConfirmsThatItShowsTheItem) {
     bus.start();
     FakeFileManager manager;
     startManager(manager);
@@ -207,7 +207,7 @@ TEST_F(DesktopFileViewerTest, tellsWhenNoFileManagerSaysThatItShowsTheItem) {
     EXPECT_EQ(opener.opened, QList<QByteArray>{"file:///home/someone"});
 }
 
-TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain) {
+TEST_F(DesktopFileViewerTest, asksAgainForAnItemOnlyAfterAnAnswer) {
     bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);
@@ -224,7 +224,7 @@ TEST_F(DesktopFileViewerTest, asksOnceForAFolderUntilThereIsAnAnswerAndThenAgain
     EXPECT_EQ(manager.shown.at(2), again);
 }
 
-TEST_F(DesktopFileViewerTest, mayGoAwayBeforeThereIsAnAnswer) {
+TEST_F(DesktopFileViewerTest, mayBeDestroyedBeforeThereIsAnAnswer) {
     bus.start();
     FakeFileManager manager(FakeFileManager::Answer::none);
     startManager(manager);

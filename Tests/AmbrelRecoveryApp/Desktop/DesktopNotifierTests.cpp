@@ -105,7 +105,7 @@ TEST_F(DesktopNotifierTest, aTextIsNeverTakenForMarkup) {
     EXPECT_EQ(plain->calls.last().arguments().at(4), "<a href=\"x\">A & B</a>");
 }
 
-TEST_F(DesktopNotifierTest, tellsOfAClickOnTheNotificationAndOfNothingElse) {
+TEST_F(DesktopNotifierTest, reportsOnlyAClickOnTheNotification) {
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown);
@@ -117,7 +117,7 @@ TEST_F(DesktopNotifierTest, tellsOfAClickOnTheNotificationAndOfNothingElse) {
     EXPECT_EQ(activations, 1);
 }
 
-TEST_F(DesktopNotifierTest, believesNobodyButTheService) {
+TEST_F(DesktopNotifierTest, trustsOnlyTheService) {
     session.start();
     const auto shown = server(shows);
     FakeService forger(session.address(), "org.example.Forger", "/org/example/Forger", FakeService::refuses);
@@ -133,7 +133,7 @@ TEST_F(DesktopNotifierTest, believesNobodyButTheService) {
     waitUntil([&] { return members(*shown).contains("CloseNotification"); });
 }
 
-TEST_F(DesktopNotifierTest, aSecondOneTakesThePlaceOfTheFirst) {
+TEST_F(DesktopNotifierTest, aSecondNotificationReplacesTheFirst) {
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown, "Snapshots");
@@ -144,7 +144,7 @@ TEST_F(DesktopNotifierTest, aSecondOneTakesThePlaceOfTheFirst) {
     EXPECT_EQ(members(*shown).count("CloseNotification"), 1);
 }
 
-TEST_F(DesktopNotifierTest, oneThatTheUserClosedIsOver) {
+TEST_F(DesktopNotifierTest, aNotificationThatTheUserClosedIsNotWithdrawn) {
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown);
@@ -156,7 +156,7 @@ TEST_F(DesktopNotifierTest, oneThatTheUserClosedIsOver) {
     EXPECT_EQ(members(*shown), (QStringList{"GetCapabilities", "Notify"}));
 }
 
-TEST_F(DesktopNotifierTest, whatIsShownTooLateIsTakenAway) {
+TEST_F(DesktopNotifierTest, aNotificationShownAfterItsWithdrawalIsClosed) {
     session.start();
     const auto slow =
         server([](const QDBusMessage& call) { return call.member() == "Notify" ? std::nullopt : shows(call); });
@@ -168,7 +168,7 @@ TEST_F(DesktopNotifierTest, whatIsShownTooLateIsTakenAway) {
     EXPECT_EQ(members(*slow), (QStringList{"GetCapabilities", "Notify", "CloseNotification"}));
 }
 
-TEST_F(DesktopNotifierTest, whatIsWithdrawnBeforeItIsAskedForIsNeverShown) {
+TEST_F(DesktopNotifierTest, aNotificationWithdrawnBeforeItsRequestIsNeverShown) {
     session.start();
     const auto slow = server(FakeService::isSilent);
     show(notifications);
@@ -180,7 +180,7 @@ TEST_F(DesktopNotifierTest, whatIsWithdrawnBeforeItIsAskedForIsNeverShown) {
     EXPECT_EQ(members(*slow), QStringList{"GetCapabilities"});
 }
 
-TEST_F(DesktopNotifierTest, nothingHappensWhereTheServiceIsOfNoUse) {
+TEST_F(DesktopNotifierTest, doesNothingIfTheServiceIsUseless) {
     session.start();
     for (const auto& useless : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
         const auto first = server(useless);
@@ -200,7 +200,7 @@ TEST_F(DesktopNotifierTest, nothingHappensWhereTheServiceIsOfNoUse) {
     EXPECT_EQ(activations, 0);
 }
 
-TEST_F(DesktopNotifierTest, nothingHappensWhereThereIsNoService) {
+TEST_F(DesktopNotifierTest, doesNothingWithoutAService) {
     session.start();
     show(impatient);
     waitUntil([] { return BackgroundTask::waitForAll(0ms); });
@@ -208,7 +208,7 @@ TEST_F(DesktopNotifierTest, nothingHappensWhereThereIsNoService) {
     waitUntil([&] { return impatient.children().isEmpty(); });
 }
 
-TEST_F(DesktopNotifierTest, nothingHappensWhereThereIsNoBus) {
+TEST_F(DesktopNotifierTest, doesNothingWithoutABus) {
     show(notifications);
     notifications.withdraw();
     waitUntil([&] { return notifications.children().isEmpty(); });

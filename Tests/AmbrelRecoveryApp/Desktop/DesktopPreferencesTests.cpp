@@ -76,7 +76,7 @@ protected:
 
 } // namespace
 
-TEST_F(DesktopPreferencesTest, isReadFromWhicheverSettingTheDesktopHas) {
+TEST_F(DesktopPreferencesTest, readsReducedMotionFromWhicheverSettingTheDesktopHas) {
     session.start();
     const std::vector<Groups> wishes{
         {{"org.freedesktop.appearance", {{"color-scheme", 1U}, {"reduced-motion", 1U}}}},
@@ -98,7 +98,7 @@ TEST_F(DesktopPreferencesTest, isReadFromWhicheverSettingTheDesktopHas) {
     }
 }
 
-TEST_F(DesktopPreferencesTest, makesTheNextTransitionInstantaneous) {
+TEST_F(DesktopPreferencesTest, makesTheNextTransitionInstantaneousIfMotionIsReduced) {
     session.start();
     const auto asked = portalWith({{"org.gnome.desktop.interface", {{"enable-animations", false}}}});
     QWidget window;
@@ -113,7 +113,7 @@ TEST_F(DesktopPreferencesTest, makesTheNextTransitionInstantaneous) {
     EXPECT_FALSE(transition.isVisible());
 }
 
-TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrNothing) {
+TEST_F(DesktopPreferencesTest, allowsMotionUnlessTheDesktopForbidsIt) {
     session.start();
     const std::vector<Groups> wishes{
         {},
@@ -133,7 +133,7 @@ TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereTheDesktopSaysSoOrNothin
     }
 }
 
-TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereThePortalIsOfNoUse) {
+TEST_F(DesktopPreferencesTest, allowsMotionIfThePortalIsUseless) {
     session.start();
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
         const auto useless = portal(answer);
@@ -143,7 +143,7 @@ TEST_F(DesktopPreferencesTest, letsTheInterfaceMoveWhereThePortalIsOfNoUse) {
     }
 }
 
-TEST_F(DesktopPreferencesTest, followsChanges) {
+TEST_F(DesktopPreferencesTest, followsChangesOfReducedMotion) {
     session.start();
     const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
     const DesktopPreferences preference(1min);
@@ -155,7 +155,7 @@ TEST_F(DesktopPreferencesTest, followsChanges) {
     waitUntil([this] { return isReduced(); });
 }
 
-TEST_F(DesktopPreferencesTest, followsAPortalThatWasStartedAgain) {
+TEST_F(DesktopPreferencesTest, followsARestartedPortal) {
     session.start();
     auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
     const DesktopPreferences preference(1min);
@@ -166,7 +166,7 @@ TEST_F(DesktopPreferencesTest, followsAPortalThatWasStartedAgain) {
     waitUntil([this] { return !isReduced(); });
 }
 
-TEST_F(DesktopPreferencesTest, believesNobodyButThePortal) {
+TEST_F(DesktopPreferencesTest, trustsOnlyThePortal) {
     session.start();
     const auto asked = portalWith({});
     FakeService forger(session.address(), "org.example.Forger", "/org/example/Forger", FakeService::refuses);
@@ -183,7 +183,7 @@ TEST_F(DesktopPreferencesTest, believesNobodyButThePortal) {
     waitUntil([this] { return !isReduced(); });
 }
 
-TEST_F(DesktopPreferencesTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
+TEST_F(DesktopPreferencesTest, neverWaitsForASilentOrMissingBus) {
     {
         const DesktopPreferences withoutBus(1min);
         waitUntil([] { return BackgroundTask::waitForAll(0ms); });
@@ -196,7 +196,7 @@ TEST_F(DesktopPreferencesTest, neverWaitsForABusThatDoesNotAnswerOrIsNotThere) {
     EXPECT_FALSE(isReduced());
 }
 
-TEST_F(DesktopPreferencesTest, leavesTheBusWhenItGoesAway) {
+TEST_F(DesktopPreferencesTest, leavesTheBusWhenItIsDestroyed) {
     session.start();
     const auto asked = portalWith({{"org.freedesktop.appearance", {{"reduced-motion", 1U}}}});
     auto preference = std::make_unique<DesktopPreferences>(1min);
@@ -206,7 +206,7 @@ TEST_F(DesktopPreferencesTest, leavesTheBusWhenItGoesAway) {
     waitUntil([&] { return asked->isCallerGone(); });
 }
 
-TEST_F(DesktopPreferencesTest, moreContrastIsReadFromWhicheverSettingTheDesktopHas) {
+TEST_F(DesktopPreferencesTest, readsMoreContrastFromWhicheverSettingTheDesktopHas) {
     session.start();
     const std::vector<Groups> wishes{
         {{"org.freedesktop.appearance", {{"contrast", 1U}}}},
@@ -220,7 +220,7 @@ TEST_F(DesktopPreferencesTest, moreContrastIsReadFromWhicheverSettingTheDesktopH
     }
 }
 
-TEST_F(DesktopPreferencesTest, contrastAndTheSizeOfTextsFollowTheDesktopAndAreTold) {
+TEST_F(DesktopPreferencesTest, followsAndReportsChangesOfContrastAndTextSize) {
     session.start();
     const auto asked = portalWith({{"org.freedesktop.appearance", {{"contrast", 0U}}}});
     const DesktopPreferences preferences(1min);
@@ -244,7 +244,7 @@ TEST_F(DesktopPreferencesTest, contrastAndTheSizeOfTextsFollowTheDesktopAndAreTo
     EXPECT_EQ(TextScale::factor(), 1);
 }
 
-TEST_F(DesktopPreferencesTest, textsAreNeverSmallerThanDesignedNorLargerThanLaidOutFor) {
+TEST_F(DesktopPreferencesTest, limitsTheTextSizeToTheSupportedRange) {
     session.start();
     const std::vector<std::pair<QVariant, double>> factors{
         {0.5, 1}, {3.0, 1.5}, {QStringLiteral("1.25"), 1}, {std::numeric_limits<double>::quiet_NaN(), 1}};

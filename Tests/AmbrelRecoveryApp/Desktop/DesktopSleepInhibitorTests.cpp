@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 
 using DesktopSleepInhibitorTest = DesktopSleepInhibitorTestCase;
 
-TEST_F(DesktopSleepInhibitorTest, asksThePortalForAsLongAsItLasts) {
+TEST_F(DesktopSleepInhibitorTest, asksThePortalUntilTheOperationEnds) {
     session.start();
     system.start();
     const auto asked = portal(portalGrants);
@@ -42,7 +42,7 @@ TEST_F(DesktopSleepInhibitorTest, asksThePortalForAsLongAsItLasts) {
     EXPECT_TRUE(unasked->calls.isEmpty());
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksThePortalThroughTheConnectionThatItKnows) {
+TEST_F(DesktopSleepInhibitorTest, asksThePortalThroughTheConnectionThatThePortalKnows) {
     session.start();
     const auto asked = portal(portalGrants);
     const auto known = introduced(*asked);
@@ -58,7 +58,7 @@ TEST_F(DesktopSleepInhibitorTest, asksThePortalThroughTheConnectionThatItKnows) 
     }
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalDidNotGetToKnowIt) {
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerIfThePortalDoesNotKnowIt) {
     session.start();
     system.start();
     const auto refusing = portal(FakeService::refuses);
@@ -67,7 +67,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalDidNotGetToKn
     EXPECT_TRUE(refusing->isCallerGone());
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoPortal) {
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWithoutAPortal) {
     session.start();
     system.start();
     const auto manager = loginManager(grants());
@@ -79,13 +79,13 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoPortal) {
     EXPECT_EQ(call.arguments(), (QVariantList{"sleep:idle", "Ambrel Recovery", "Exporting…", "block"}));
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThereIsNoSessionBus) {
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWithoutASessionBus) {
     system.start();
     DesktopSleepInhibitor inhibitor(1min);
     expectTheLoginManagerIsUsed(inhibitor, *loginManager(grants()));
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereTheSessionBusIsSilent) {
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerIfTheSessionBusIsSilent) {
     const SilentSocket silent(session.socketPath());
     ASSERT_TRUE(silent.isListening());
     system.start();
@@ -93,7 +93,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereTheSessionBusIsSilent)
     expectTheLoginManagerIsUsed(impatient, *loginManager(grants()));
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalIsOfNoUse) {
+TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerIfThePortalIsUseless) {
     session.start();
     system.start();
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
@@ -107,7 +107,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerWhereThePortalIsOfNoUse) {
     }
 }
 
-TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereTheLoginManagerIsOfNoUse) {
+TEST_F(DesktopSleepInhibitorTest, doesNothingIfTheLoginManagerIsUseless) {
     system.start();
     DesktopSleepInhibitor impatient(200ms);
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {
@@ -119,7 +119,7 @@ TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereTheLoginManagerIsOfNoUse) {
     }
 }
 
-TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereThereIsNoBus) {
+TEST_F(DesktopSleepInhibitorTest, doesNothingWithoutABus) {
     DesktopSleepInhibitor inhibitor(1min);
     for (int round = 0; round < 3; ++round) {
         inhibitor.begin("Exporting…");
@@ -172,7 +172,7 @@ TEST_F(DesktopSleepInhibitorTest, releasesWhatTheLoginManagerGrantsTooLate) {
     waitUntil([&] { return slow->isCallerGone(); });
 }
 
-TEST_F(DesktopSleepInhibitorTest, asksNobodyForWhatIsOverAlready) {
+TEST_F(DesktopSleepInhibitorTest, doesNotAskForAnOperationThatIsAlreadyOver) {
     system.start();
     const auto manager = loginManager(grants());
     DesktopSleepInhibitor inhibitor(1min);
@@ -186,7 +186,7 @@ TEST_F(DesktopSleepInhibitorTest, asksNobodyForWhatIsOverAlready) {
     EXPECT_EQ(manager->calls.first().arguments().at(2), "Exporting…");
 }
 
-TEST_F(DesktopSleepInhibitorTest, releasesEverythingWhenItGoesAway) {
+TEST_F(DesktopSleepInhibitorTest, releasesEverythingWhenItIsDestroyed) {
     session.start();
     const auto asked = portal(portalGrants);
     auto gone = introduced(*asked);

@@ -96,7 +96,7 @@ TEST_F(OperationObserverTest, keepsTheMachineAwakeWhileAnExportRuns) {
     EXPECT_FALSE(inhibitor.isHeld);
 }
 
-TEST_F(OperationObserverTest, letsTheMachineSleepWhenItGoesAway) {
+TEST_F(OperationObserverTest, letsTheMachineSleepWhenItIsDestroyed) {
     setEngineThatWaits();
     beginInspection();
     waitUntilEngineRuns();
@@ -106,7 +106,7 @@ TEST_F(OperationObserverTest, letsTheMachineSleepWhenItGoesAway) {
     EXPECT_FALSE(notifications.shown);
 }
 
-TEST_F(OperationObserverTest, tellsOfTheEndOfAnInspection) {
+TEST_F(OperationObserverTest, notifiesOfTheEndOfAnInspection) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
@@ -114,7 +114,7 @@ TEST_F(OperationObserverTest, tellsOfTheEndOfAnInspection) {
     EXPECT_FALSE(inhibitor.isHeld);
 }
 
-TEST_F(OperationObserverTest, tellsOfTheEndOfAnExport) {
+TEST_F(OperationObserverTest, notifiesOfTheEndOfAnExport) {
     inspect(inspectionDocument());
     lookElsewhere();
     setEngineThatPrints(exportDocument());
@@ -124,7 +124,7 @@ TEST_F(OperationObserverTest, tellsOfTheEndOfAnExport) {
     EXPECT_EQ(notifications.shown, QStringLiteral("Export complete"));
 }
 
-TEST_F(OperationObserverTest, tellsOfAFailureByTheTitleOfItsError) {
+TEST_F(OperationObserverTest, notifiesOfAFailureWithTheTitleOfItsError) {
     lookElsewhere();
     setEngineThatFails("did not unlock");
     beginInspection();
@@ -134,14 +134,14 @@ TEST_F(OperationObserverTest, tellsOfAFailureByTheTitleOfItsError) {
     EXPECT_FALSE(inhibitor.isHeld);
 }
 
-TEST_F(OperationObserverTest, tellsNothingWhileTheWindowIsTheActiveOne) {
+TEST_F(OperationObserverTest, doesNotNotifyWhileTheWindowIsActive) {
     activate(window);
     inspect(inspectionDocument());
     settle();
     EXPECT_FALSE(notifications.shown);
 }
 
-TEST_F(OperationObserverTest, tellsNothingOfWhatTheUserCancelled) {
+TEST_F(OperationObserverTest, doesNotNotifyOfACancellation) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
@@ -161,7 +161,7 @@ TEST_F(OperationObserverTest, tellsNothingOfWhatTheUserCancelled) {
     EXPECT_FALSE(notifications.shown);
 }
 
-TEST_F(OperationObserverTest, tellsNothingOfAnErrorOutsideAnOperation) {
+TEST_F(OperationObserverTest, doesNotNotifyOfAnErrorOutsideAnOperation) {
     lookElsewhere();
     untilAnnounced([this] { model->acceptPackage(path("engine")); });
     settle();
@@ -169,7 +169,7 @@ TEST_F(OperationObserverTest, tellsNothingOfAnErrorOutsideAnOperation) {
     EXPECT_FALSE(notifications.shown);
 }
 
-TEST_F(OperationObserverTest, theNotificationGoesWhenTheWindowBecomesActive) {
+TEST_F(OperationObserverTest, withdrawsTheNotificationWhenTheWindowBecomesActive) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
@@ -178,7 +178,7 @@ TEST_F(OperationObserverTest, theNotificationGoesWhenTheWindowBecomesActive) {
     EXPECT_FALSE(notifications.shown);
 }
 
-TEST_F(OperationObserverTest, pickingTheNotificationBringsTheWindowForward) {
+TEST_F(OperationObserverTest, bringsTheWindowForwardWhenTheNotificationIsPicked) {
     window.showMinimized();
     lookElsewhere();
     inspect(inspectionDocument());

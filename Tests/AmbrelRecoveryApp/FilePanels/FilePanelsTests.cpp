@@ -38,12 +38,12 @@ TEST_F(FilePanelsTest, giveAssistiveTechnologyAnEditableFileName) {
     EXPECT_EQ(field->text(QAccessible::Name), AmbrelStrings::localized(AmbrelStrings::detailsFilename()));
 }
 
-TEST_F(FilePanelsTest, wearTheColoursOfTheApplication) {
+TEST_F(FilePanelsTest, haveTheColorsOfTheApplication) {
     const QImage picture = openPanel().grab().toImage();
     EXPECT_EQ(picture.pixelColor(2, 2).rgb(), RecoveryPalette::rail().rgb());
 }
 
-TEST_F(FilePanelsTest, showAnAmpersandOfTheButtonsLabelAsOne) {
+TEST_F(FilePanelsTest, showAnAmpersandInTheLabelOfTheirButton) {
     panels->chooseBackup({"Title", "This & that"}, recording());
     EXPECT_NE(button(*window->findChild<ItemPanel*>(), "This && that"), nullptr);
 }
@@ -58,47 +58,47 @@ TEST_F(FilePanelsTest, beginAtHomeAndThenWhereTheLastChoiceWas) {
     EXPECT_EQ(shownFolder(savePanel()), home() / "folder");
 }
 
-TEST_F(FilePanelsTest, beginAtHomeWhereTheFolderOfTheLastChoiceIsGone) {
+TEST_F(FilePanelsTest, beginAtHomeIfTheFolderOfTheLastChoiceIsGone) {
     enterAndReturn(openPanel(), home() / "gone" / "x.ambrel");
     expectOneChoice(home() / "gone" / "x.ambrel");
     QTest::qWait(0);
     waitForFolder(openPanel(), home());
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhenDismissedByEscape) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenDismissedByEscape) {
     QTest::keyClick(&openPanel(), Qt::Key_Escape);
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhenDismissedByEscapeInTheNameField) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenDismissedByEscapeInTheNameField) {
     QTest::keyClick(&nameField(openPanel()), Qt::Key_Escape);
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhenClosed) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenClosed) {
     openPanel().close();
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneByTheCancelButton) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenCancelled) {
     button(openPanel(), cancelLabel())->click();
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhenTheWindowGoesAway) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenTheWindowIsDestroyed) {
     openPanel();
     window.reset();
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhenTheyGoAwayThemselves) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceWhenTheyAreDestroyed) {
     openPanel();
     panels.reset();
     expectOneChoice(std::nullopt);
     EXPECT_EQ(window->findChild<ItemPanel*>(), nullptr);
 }
 
-TEST_F(FilePanelsTest, completeWithNoneWhereTheWindowIsGone) {
+TEST_F(FilePanelsTest, completeWithoutAChoiceIfThereIsNoWindow) {
     window.reset();
     panels->chooseBackup({"title", "prompt"}, recording());
     expectOneChoice(std::nullopt);
@@ -114,7 +114,7 @@ TEST_F(FilePanelsTest, areOpenOneAtATime) {
     expectOneChoice(home() / "file.txt");
 }
 
-TEST_F(FilePanelsTest, areNoLongerShownWhenTheyCompleteAndCanBeAskedForAgain) {
+TEST_F(FilePanelsTest, areHiddenBeforeTheyCompleteAndCanBeOpenedAgain) {
     std::optional<bool> wasVisible;
     panels->chooseBackup({"Choose backup package", "Choose backup package"}, [&](const std::optional<Path>&) {
         wasVisible = window->findChild<ItemPanel*>()->isVisible();

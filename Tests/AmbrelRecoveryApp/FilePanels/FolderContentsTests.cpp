@@ -47,7 +47,7 @@ private:
 
 } // namespace
 
-TEST_F(FolderContentsTest, tellsFoldersPackagesAndFilesApart) {
+TEST_F(FolderContentsTest, distinguishesFoldersPackagesAndFiles) {
     makeFiles({"file.ambrel"});
     std::filesystem::create_directory(folder() / "folder");
     std::filesystem::create_directory(folder() / "package.Ambrel");
@@ -68,7 +68,7 @@ TEST_F(FolderContentsTest, tellsFoldersPackagesAndFilesApart) {
     EXPECT_TRUE(contents->items[3].modified);
 }
 
-TEST_F(FolderContentsTest, sortsAsTheLanguageDoesAndNumbersByTheirValue) {
+TEST_F(FolderContentsTest, sortsByTheRulesOfTheLanguageAndNumbersByValue) {
     makeFiles({"Zebra", "apple", "Äpfel", "Backup 10", "Backup 9"});
     EXPECT_EQ(names("de"), (std::vector<std::string>{"Äpfel", "apple", "Backup 9", "Backup 10", "Zebra"}));
     EXPECT_EQ(names("sv").back(), "Äpfel");
@@ -81,7 +81,7 @@ TEST_F(FolderContentsTest, keepsNamesOfAnyBytes) {
     EXPECT_TRUE(std::filesystem::exists(folder() / names()[0]));
 }
 
-TEST_F(FolderContentsTest, isNoneWhereThereIsNoFolderAndWhereItIsStopped) {
+TEST_F(FolderContentsTest, isAbsentWithoutAFolderOrWhenStopped) {
     makeFiles({"file"});
     const icu::Locale locale("en");
     EXPECT_FALSE(FolderContents::read(folder() / "gone", locale, stop_.get_token()));
@@ -90,7 +90,7 @@ TEST_F(FolderContentsTest, isNoneWhereThereIsNoFolderAndWhereItIsStopped) {
     EXPECT_FALSE(read());
 }
 
-TEST_F(FolderContentsTest, isNoneInAPackageWhicheverWayLeadsThere) {
+TEST_F(FolderContentsTest, isAbsentInAPackageWhicheverPathLeadsThere) {
     std::filesystem::create_directories(folder() / "x.Ambrel" / "inside");
     std::filesystem::create_directory(folder() / "other");
     std::filesystem::create_directory_symlink("x.Ambrel", folder() / "link");
@@ -103,7 +103,7 @@ TEST_F(FolderContentsTest, isNoneInAPackageWhicheverWayLeadsThere) {
     EXPECT_TRUE(FolderContents::read(folder() / "other", locale, stop_.get_token()));
 }
 
-TEST_F(FolderContentsTest, knowWhatWouldLieInAPackage) {
+TEST_F(FolderContentsTest, knowsWhatWouldLieInAPackage) {
     std::filesystem::create_directory(folder() / "x.ambrel");
     std::filesystem::create_directory_symlink("x.ambrel", folder() / "link");
     EXPECT_TRUE(FolderContents::isWithinPackage(folder() / "x.ambrel" / "new" / "newer"));
@@ -113,7 +113,7 @@ TEST_F(FolderContentsTest, knowWhatWouldLieInAPackage) {
     EXPECT_FALSE(FolderContents::isWithinPackage("/"));
 }
 
-TEST(FolderContentsNameTest, knowPackagesByTheirNameInAnyLetterCase) {
+TEST(FolderContentsNameTest, recognizesPackagesByNameInAnyLetterCase) {
     EXPECT_TRUE(RecoveryChosenPath::isPackageName("a.ambrel"));
     EXPECT_TRUE(RecoveryChosenPath::isPackageName("/b/a.b.AMBREL"));
     EXPECT_FALSE(RecoveryChosenPath::isPackageName(".ambrel"));

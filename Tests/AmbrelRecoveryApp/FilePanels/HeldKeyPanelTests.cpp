@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(HeldKeyPanelTest, confirmsNoPanelThatItOpened) {
+TEST_F(HeldKeyPanelTest, doesNotConfirmThePanelThatItOpened) {
     ItemPanel& panel = savePanel();
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
         repeat(nameField(panel), key);
@@ -48,7 +48,7 @@ TEST_F(HeldKeyPanelTest, confirmsNoPanelThatItOpened) {
     expectOneChoice(home() / "Ambrel Recovered");
 }
 
-TEST_F(HeldKeyPanelTest, takesNoItemOfTheFolderThatItEntered) {
+TEST_F(HeldKeyPanelTest, doesNotTakeAnItemOfTheFolderThatItEntered) {
     std::filesystem::create_directories(home() / "folder" / "inner");
     ItemPanel& panel = openPanel();
     select(panel, home() / "folder");
@@ -59,7 +59,7 @@ TEST_F(HeldKeyPanelTest, takesNoItemOfTheFolderThatItEntered) {
     EXPECT_EQ(shownFolder(panel), home() / "folder");
 }
 
-TEST_F(HeldKeyPanelTest, readsAPlaceOnce) {
+TEST_F(HeldKeyPanelTest, doesNotReadAPlaceAgain) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     auto& places = *panel.findChild<PlacesView*>();
@@ -71,7 +71,7 @@ TEST_F(HeldKeyPanelTest, readsAPlaceOnce) {
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(HeldKeyPanelTest, dismissesOnlyThePanelThatWasThereWhenItWasPressed) {
+TEST_F(HeldKeyPanelTest, dismissesOnlyThePanelInWhichItWasPressed) {
     ItemPanel& panel = savePanel();
     waitForFolder(panel, home());
     button(panel, "New folder")->click();
@@ -87,7 +87,7 @@ TEST_F(HeldKeyPanelTest, dismissesOnlyThePanelThatWasThereWhenItWasPressed) {
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(HeldKeyPanelTest, makesNoFolderAndAsksForNoneAgain) {
+TEST_F(HeldKeyPanelTest, makesNoFolderAndDoesNotAskForAName) {
     ItemPanel& panel = savePanel();
     waitForFolder(panel, home());
     QPushButton& newFolder = *button(panel, "New folder");

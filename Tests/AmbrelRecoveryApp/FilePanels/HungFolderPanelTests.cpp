@@ -33,7 +33,7 @@ protected:
 
 } // namespace
 
-TEST_F(HungFolderPanelTest, canBeLeftWhileATypedFolderIsLookedFor) {
+TEST_F(HungFolderPanelTest, canBeClosedWhileATypedFolderIsLookedUp) {
     const HungFolder hung(volume());
     ItemPanel& panel = openPanel();
     enterAndReturn(panel, QString("folder/photos/"));
@@ -43,7 +43,7 @@ TEST_F(HungFolderPanelTest, canBeLeftWhileATypedFolderIsLookedFor) {
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(HungFolderPanelTest, looksForATypedFolderOnceHoweverOftenReturnIsPressed) {
+TEST_F(HungFolderPanelTest, looksUpATypedFolderOnceHoweverOftenReturnIsPressed) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     const HungFolder hung(volume());
@@ -70,7 +70,7 @@ TEST_F(HungFolderPanelTest, goesToTheFolderThatWasTypedLast) {
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(HungFolderPanelTest, doesNotFollowWhatWasTypedOnceAnItemIsSelectedOrTheNameIsChanged) {
+TEST_F(HungFolderPanelTest, ignoresATypedFolderOnceAnItemIsSelectedOrTheNameIsChanged) {
     ItemPanel& panel = savePanel();
     row(panel, home() / "file.txt");
     for (const bool isSelected : {true, false}) {
@@ -91,7 +91,7 @@ TEST_F(HungFolderPanelTest, doesNotFollowWhatWasTypedOnceAnItemIsSelectedOrTheNa
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(HungFolderPanelTest, canBeLeftWhileTheHomeSignIsLookedFor) {
+TEST_F(HungFolderPanelTest, canBeClosedWhileATildeIsResolved) {
     ItemPanel& panel = openPanel();
     enterAndReturn(panel, QString("folder/"));
     waitForFolder(panel, volume());
@@ -102,7 +102,7 @@ TEST_F(HungFolderPanelTest, canBeLeftWhileTheHomeSignIsLookedFor) {
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(HungFolderPanelTest, canBeLeftWhileItShowsTheFolder) {
+TEST_F(HungFolderPanelTest, canBeClosedWhileItShowsTheFolder) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     const HungFolder hung(volume());
@@ -113,7 +113,7 @@ TEST_F(HungFolderPanelTest, canBeLeftWhileItShowsTheFolder) {
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(HungFolderPanelTest, isShownWhereNothingAtHomeAnswers) {
+TEST_F(HungFolderPanelTest, isShownIfTheHomeFolderHangs) {
     const HungFolder hung(home());
     ItemPanel& panel = savePanel();
     expectHungInBackground();
@@ -122,7 +122,7 @@ TEST_F(HungFolderPanelTest, isShownWhereNothingAtHomeAnswers) {
     EXPECT_EQ(HungFolder::callsOfThisThread(), 0);
 }
 
-TEST_F(HungFolderPanelTest, isShownWhereTheListOfUsualFoldersDoesNotAnswer) {
+TEST_F(HungFolderPanelTest, isShownIfTheListOfUsualFoldersHangs) {
     std::filesystem::create_directory(root() / "configuration");
     std::ofstream(root() / "configuration" / "user-dirs.dirs") << "XDG_PICTURES_DIR=\"$HOME/folder\"\n";
     const HungFolder hung(root() / "configuration");
@@ -131,7 +131,7 @@ TEST_F(HungFolderPanelTest, isShownWhereTheListOfUsualFoldersDoesNotAnswer) {
     expectHungInBackground();
 }
 
-TEST_F(HungFolderPanelTest, asksNoFolderOnThisThread) {
+TEST_F(HungFolderPanelTest, accessesNoFolderOnTheMainThread) {
     const HungFolder watched(home(), HungFolder::Answers::toOtherThreads);
     ItemPanel& panel = savePanel();
     doubleClick(panel, volume());
@@ -148,7 +148,7 @@ TEST_F(HungFolderPanelTest, asksNoFolderOnThisThread) {
     EXPECT_EQ(HungFolder::callsOfThisThread(), 0);
 }
 
-TEST_F(HungFolderPanelTest, canBeLeftWhileAFolderIsMade) {
+TEST_F(HungFolderPanelTest, canBeClosedWhileAFolderIsMade) {
     ItemPanel& panel = savePanel();
     enterAndReturn(panel, QString("folder/"));
     waitForFolder(panel, volume());

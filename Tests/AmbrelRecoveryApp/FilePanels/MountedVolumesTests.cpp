@@ -4,7 +4,7 @@
 
 using Paths = std::vector<std::filesystem::path>;
 
-TEST(MountedVolumesTest, areThoseOfTheTableEachOnce) {
+TEST(MountedVolumesTest, areThoseOfTheTableWithoutDuplicates) {
     EXPECT_EQ(MountedVolumes::forFiles("27 1 254:0 / / rw,relatime - ext4 /dev/vda rw\n"
                                        "22 27 0:21 / /proc rw - proc proc rw\n"
                                        "40 27 8:1 / /media/x/STICK rw shared:7 master:2 - vfat /dev/sdb1 rw\n"
@@ -12,19 +12,19 @@ TEST(MountedVolumesTest, areThoseOfTheTableEachOnce) {
               (Paths{"/", "/media/x/STICK"}));
 }
 
-TEST(MountedVolumesTest, haveTheirNamesAsTheyAre) {
+TEST(MountedVolumesTest, haveTheirUnescapedNames) {
     EXPECT_EQ(MountedVolumes::forFiles("1 2 3:4 / /media/My\\040Disk\\0129\\134 rw - ext4 /dev/sdb rw\n"),
               Paths{"/media/My Disk\n9\\"});
 }
 
-TEST(MountedVolumesTest, passOverLinesThatMakeNoSense) {
+TEST(MountedVolumesTest, skipMalformedLines) {
     for (const char* table : {"", "\n", "x", "1 2 3:4 / /a rw ext4", "1 2 3:4 - ext4 x", "1 2 3:4 / /a rw -",
                               "1 2 3:4 / a rw - ext4 x", "1 2 3:4 /  rw - ext4 x"}) {
         EXPECT_TRUE(MountedVolumes::forFiles(table).empty()) << table;
     }
 }
 
-TEST(MountedVolumesTest, areVolumesThatAUserMayKeepFilesOn) {
+TEST(MountedVolumesTest, includeVolumesForTheUsersFiles) {
     EXPECT_TRUE(MountedVolumes::isForFiles("/", "ext4"));
     EXPECT_TRUE(MountedVolumes::isForFiles("/", "overlay"));
     EXPECT_TRUE(MountedVolumes::isForFiles("/home", "btrfs"));
@@ -35,7 +35,7 @@ TEST(MountedVolumesTest, areVolumesThatAUserMayKeepFilesOn) {
     EXPECT_TRUE(MountedVolumes::isForFiles("/variety", "xfs"));
 }
 
-TEST(MountedVolumesTest, areNotTheSystemsOwn) {
+TEST(MountedVolumesTest, excludeTheSystemsOwnVolumes) {
     EXPECT_FALSE(MountedVolumes::isForFiles("/boot/efi", "vfat"));
     EXPECT_FALSE(MountedVolumes::isForFiles("/boot", "ext4"));
     EXPECT_FALSE(MountedVolumes::isForFiles("/snap/core22/1", "squashfs"));

@@ -27,7 +27,7 @@ TEST_F(OpenPanelTest, takesAPackageTypedKeyByKey) {
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
-TEST_F(OpenPanelTest, takesATypedPackageWithASeparatorAtItsEndWithoutEnteringIt) {
+TEST_F(OpenPanelTest, takesATypedPackageWithATrailingSeparatorWithoutEnteringIt) {
     enterAndReturn(openPanel(), QString("Family Photos.ambrel/"));
     expectOneChoice(home() / "Family Photos.ambrel");
 }
@@ -57,12 +57,12 @@ TEST_F(OpenPanelTest, takesATypedNameInTheFolderThatIsShown) {
     expectOneChoice(home() / "folder" / "sub" / "x.ambrel");
 }
 
-TEST_F(OpenPanelTest, takesAPathFromTheHomeSign) {
+TEST_F(OpenPanelTest, takesAPathThatBeginsWithATilde) {
     enterAndReturn(openPanel(), QString("~/file.txt"));
     expectOneChoice(home() / "file.txt");
 }
 
-TEST_F(OpenPanelTest, takesAnyTypedPathForTheCallerToJudge) {
+TEST_F(OpenPanelTest, takesAnyTypedPathAndLeavesItsCheckToTheCaller) {
     std::filesystem::create_symlink(home() / "nowhere", home() / "dangling.ambrel");
     for (const char* name : {"folder", "file.txt", "missing.ambrel", "dangling.ambrel", "missing/x"}) {
         choices.clear();
@@ -83,7 +83,7 @@ TEST_F(OpenPanelTest, doesNothingWithoutAName) {
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(OpenPanelTest, entersATypedFolderWithASeparatorAtItsEndAndGoesUpwards) {
+TEST_F(OpenPanelTest, entersATypedFolderWithATrailingSeparatorAndGoesUp) {
     ItemPanel& panel = openPanel();
     enterAndReturn(panel, QString("folder/"));
     waitUntilAt(panel, home() / "folder");
@@ -167,7 +167,7 @@ TEST_F(OpenPanelTest, takesWhatWasNamedOrSelectedLast) {
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
-TEST_F(OpenPanelTest, keepsATypedNameWhenASelectedItemGoesAway) {
+TEST_F(OpenPanelTest, keepsATypedNameWhenASelectedItemDisappears) {
     ItemPanel& panel = openPanel();
     select(panel, home() / "file.txt");
     nameField(panel).setText("typed");
@@ -179,7 +179,7 @@ TEST_F(OpenPanelTest, keepsATypedNameWhenASelectedItemGoesAway) {
     expectOneChoice(home() / "typed");
 }
 
-TEST_F(OpenPanelTest, takesNoOtherItemInThePlaceOfOneThatGoesAway) {
+TEST_F(OpenPanelTest, keepsTheNameOfASelectedItemThatDisappears) {
     ItemPanel& panel = openPanel();
     select(panel, home() / "Family Photos.ambrel");
     std::filesystem::remove_all(home() / "Family Photos.ambrel");
@@ -190,7 +190,7 @@ TEST_F(OpenPanelTest, takesNoOtherItemInThePlaceOfOneThatGoesAway) {
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
-TEST_F(OpenPanelTest, takesNamesAsTheyAre) {
+TEST_F(OpenPanelTest, takesNamesLiterally) {
     for (const char* name : {"a \"quoted\" name.ambrel", ":colon.ambrel", "~tilde.ambrel", "two\nlines.ambrel", "$HOME",
                              "50%25.ambrel", "\\back.ambrel"}) {
         std::filesystem::create_directory(home() / name);

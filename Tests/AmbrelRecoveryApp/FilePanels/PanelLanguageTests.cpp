@@ -95,7 +95,7 @@ protected:
 
 } // namespace
 
-TEST_F(PanelLanguageTest, everyWordIsOfTheInterfaceLanguage) {
+TEST_F(PanelLanguageTest, everyWordIsInTheInterfaceLanguage) {
     for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
         qputenv("LANGUAGE", language.toUtf8());
         const QSet<QString> known = wordsOf(language);
@@ -113,7 +113,7 @@ TEST_F(PanelLanguageTest, everyWordIsOfTheInterfaceLanguage) {
     }
 }
 
-TEST_F(PanelLanguageTest, sizesAreWrittenAsTheLanguageDoes) {
+TEST_F(PanelLanguageTest, sizesAreWrittenByTheRulesOfTheLanguage) {
     qputenv("LC_ALL", "de_DE.UTF-8");
     ItemPanel& panel = openPanel();
     const QModelIndex file = row(panel, home() / "file.txt");
@@ -123,7 +123,7 @@ TEST_F(PanelLanguageTest, sizesAreWrittenAsTheLanguageDoes) {
     qunsetenv("LC_ALL");
 }
 
-TEST_F(PanelLanguageTest, datesAreWhatTheSystemsClocksSaid) {
+TEST_F(PanelLanguageTest, datesAreInTheSystemsTimeZone) {
     using namespace std::chrono;
     constexpr sys_seconds noon = sys_days(year(2026) / 7 / 15) + hours(12);
     std::filesystem::last_write_time(home() / "file.txt", file_clock::from_sys(noon));
@@ -144,7 +144,7 @@ TEST_F(PanelLanguageTest, arabicRunsFromRightToLeft) {
     EXPECT_LT(button(panel, "Choose backup package")->x(), panel.width() / 2);
 }
 
-TEST_F(PanelLanguageTest, theSymbolOfGoingBackPointsAgainstTheDirectionOfReading) {
+TEST_F(PanelLanguageTest, theBackSymbolPointsAgainstTheReadingDirection) {
     // How far the tip, in the middle, lies to the right of the upper end.
     const auto pointsRightBy = [this](const char* language) {
         qputenv("LANGUAGE", language);
@@ -174,7 +174,7 @@ TEST_F(PanelLanguageTest, thePanelForANewFolderRunsFromRightToLeftInArabic) {
     EXPECT_LT(create->x(), asking.width() / 4);
 }
 
-TEST_F(PanelLanguageTest, theMenuOfTheNameFieldRunsAsThePanelDoes) {
+TEST_F(PanelLanguageTest, theMenuOfTheNameFieldHasTheDirectionOfThePanel) {
     for (const auto& [language, direction] : {std::pair("en", Qt::LeftToRight), std::pair("ar", Qt::RightToLeft)}) {
         qputenv("LANGUAGE", language);
         ItemPanel& panel = savePanel();
@@ -186,7 +186,7 @@ TEST_F(PanelLanguageTest, theMenuOfTheNameFieldRunsAsThePanelDoes) {
     }
 }
 
-TEST_F(PanelLanguageTest, theMenuOfTheNameFieldIsOfTheInterfaceLanguage) {
+TEST_F(PanelLanguageTest, theMenuOfTheNameFieldIsInTheInterfaceLanguage) {
     qputenv("LANGUAGE", "de");
     ItemPanel& panel = savePanel();
     QMenu& menu = menuOfNameField(panel);

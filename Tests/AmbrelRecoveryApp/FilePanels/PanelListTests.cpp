@@ -41,7 +41,7 @@ protected:
 
 } // namespace
 
-TEST_F(PanelListTest, isWalkedWithTheKeyboard) {
+TEST_F(PanelListTest, isNavigatedByKeyboard) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     EXPECT_TRUE(list(panel).hasFocus() || panel.focusWidget() == &list(panel));
@@ -56,7 +56,7 @@ TEST_F(PanelListTest, isWalkedWithTheKeyboard) {
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
-TEST_F(PanelListTest, givesATypedPathToTheNameField) {
+TEST_F(PanelListTest, movesTheFocusToTheNameFieldForATypedPath) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     QTest::keyClick(&list(panel), Qt::Key_Slash);
@@ -109,7 +109,7 @@ TEST_F(PanelListTest, showsNamesReadablyAndPassesThemUnchanged) {
     }
 }
 
-TEST_F(PanelListTest, saysWhyThereIsNothing) {
+TEST_F(PanelListTest, saysWhyItIsEmpty) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");
     waitForFolder(panel, home() / "folder");
@@ -122,7 +122,7 @@ TEST_F(PanelListTest, saysWhyThereIsNothing) {
     waitForFolder(panel, home());
 }
 
-TEST_F(PanelListTest, followsAFolderThatCouldNotBeOpenedForAWhile) {
+TEST_F(PanelListTest, followsAFolderAgainOnceItCanBeOpenedAgain) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");
     waitForFolder(panel, home() / "folder");
@@ -180,7 +180,7 @@ TEST_F(PanelListTest, placesAreHomeTheUsualFoldersThatExistAndTheVolumes) {
     EXPECT_EQ(std::ranges::count(placesOf(panel), "/"), 1);
 }
 
-TEST_F(PanelListTest, placesAreGoneToByClickAndByReturn) {
+TEST_F(PanelListTest, placesAreOpenedByClickAndByReturn) {
     ItemPanel& panel = openPanel();
     doubleClick(panel, home() / "folder");
     EXPECT_FALSE(places(panel).selectionModel()->hasSelection());
@@ -195,7 +195,7 @@ TEST_F(PanelListTest, placesAreGoneToByClickAndByReturn) {
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(PanelListTest, nothingInItCanBeChangedByMouseOrKeyboard) {
+TEST_F(PanelListTest, itsItemsCannotBeChangedByMouseOrKeyboard) {
     ItemPanel& opening = openPanel();
     EXPECT_TRUE(opening.actions().isEmpty());
     for (QAbstractItemView* const view :

@@ -60,7 +60,7 @@ private:
 
 class PanelSpaceSizeTest : public PanelSpaceTest, public testing::WithParamInterface<qreal> {};
 
-TEST_F(PanelSpaceTest, isShownInTheWordsOfTheCatalogue) {
+TEST_F(PanelSpaceTest, isShownWithTheTextsOfTheCatalogue) {
     ItemPanel& panel = savePanel(1'500'000);
     EXPECT_EQ(required(panel).text(), "Required space: 1.5 MB");
     EXPECT_TRUE(required(panel).isVisible());
@@ -74,7 +74,7 @@ TEST_F(PanelSpaceTest, isShownInTheWordsOfTheCatalogue) {
     }
 }
 
-TEST_F(PanelSpaceTest, isAWarningWhereItIsNotEnoughAndRefusesNothing) {
+TEST_F(PanelSpaceTest, isAWarningIfItIsNotEnoughButRefusesNothing) {
     for (const std::uint64_t needed : {std::uint64_t(1), tooMuch}) {
         choices.clear();
         ItemPanel& panel = savePanel(needed);
@@ -88,7 +88,7 @@ TEST_F(PanelSpaceTest, isAWarningWhereItIsNotEnoughAndRefusesNothing) {
     }
 }
 
-TEST_F(PanelSpaceTest, isLeftOutWhereItIsNotKnown) {
+TEST_F(PanelSpaceTest, isLeftOutIfItIsUnknown) {
     ItemPanel& panel = savePanel();
     EXPECT_FALSE(required(panel).isVisible());
     EXPECT_TRUE(waitUntilAvailableIsShown(panel));
@@ -101,7 +101,7 @@ TEST_F(PanelSpaceTest, isLeftOutWhereItIsNotKnown) {
     EXPECT_EQ(openPanel().findChild<SpaceView*>(), nullptr);
 }
 
-TEST_F(PanelSpaceTest, isThatOfThePlaceThatWasTyped) {
+TEST_F(PanelSpaceTest, isThatOfTheTypedPlace) {
     ItemPanel& panel = savePanel();
     ASSERT_TRUE(waitUntilAvailableIsShown(panel));
     nameField(panel).setText("folder/new");
@@ -116,7 +116,7 @@ TEST_F(PanelSpaceTest, isThatOfThePlaceThatWasTyped) {
     EXPECT_TRUE(waitUntilAvailableIsShown(panel));
 }
 
-TEST_F(PanelSpaceTest, isThatOfTheLatestFolderWhereAnotherDoesNotAnswer) {
+TEST_F(PanelSpaceTest, isThatOfTheLatestFolderWhileAnEarlierOneHangs) {
     ItemPanel& panel = savePanel();
     waitForFolder(panel, home());
     ASSERT_TRUE(waitUntilAvailableIsShown(panel));
@@ -136,7 +136,7 @@ TEST_F(PanelSpaceTest, isThatOfTheLatestFolderWhereAnotherDoesNotAnswer) {
     waitForBackground();
 }
 
-TEST_F(PanelSpaceTest, movesNothingWhenItComes) {
+TEST_F(PanelSpaceTest, movesNothingWhenItAppears) {
     for (const char* language : {"en", "ja"}) {
         qputenv("LANGUAGE", language);
         auto hung = std::make_unique<HungFolder>(home());
@@ -153,7 +153,7 @@ TEST_F(PanelSpaceTest, movesNothingWhenItComes) {
     }
 }
 
-TEST_P(PanelSpaceSizeTest, isShownWholeInEveryLanguageAtTheSmallestSize) {
+TEST_P(PanelSpaceSizeTest, isShownInFullInEveryLanguageAtTheSmallestSize) {
     TextScale::setFactor(GetParam());
     for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
         SCOPED_TRACE(language.toStdString());
@@ -181,7 +181,7 @@ TEST_P(PanelSpaceSizeTest, isShownWholeInEveryLanguageAtTheSmallestSize) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, PanelSpaceSizeTest, testing::Values(1.0, TextScale::largest));
 
-TEST_F(PanelSpaceTest, itsPanelGrowsWithTheTextsWhereTheScreenHasRoom) {
+TEST_F(PanelSpaceTest, itsPanelGrowsWithTheTextsIfTheScreenHasRoom) {
     ItemPanel& panel = savePanel();
     const QSize usual = panel.size();
     panel.close();
@@ -193,7 +193,7 @@ TEST_F(PanelSpaceTest, itsPanelGrowsWithTheTextsWhereTheScreenHasRoom) {
     EXPECT_LE(enlarged.height(), window->screen()->availableSize().height());
 }
 
-TEST_F(PanelSpaceTest, standsAtTheRightInArabic) {
+TEST_F(PanelSpaceTest, isRightAlignedInArabic) {
     qputenv("LANGUAGE", "ar");
     ItemPanel& panel = savePanel(1);
     QTest::qWait(0);

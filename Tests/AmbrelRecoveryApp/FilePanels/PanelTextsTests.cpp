@@ -21,7 +21,7 @@ const std::set<std::pair<QString, Text>> loanwords = {
 
 } // namespace
 
-TEST(PanelTextsTest, areThereInEveryLanguageOfTheInterface) {
+TEST(PanelTextsTest, existInEveryLanguageOfTheInterface) {
     for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
         for (int number = 0; number < PanelTexts::textCount; ++number) {
             SCOPED_TRACE(language.toStdString() + " " + std::to_string(number));

@@ -29,7 +29,7 @@ protected:
 
 } // namespace
 
-TEST(ThreadShortageTaskTest, neitherDoesTheWorkNorKeepsItAndCanBeStartedLater) {
+TEST(ThreadShortageTaskTest, dropsItsWorkAndCanBeStartedLater) {
     LatestTask task;
     auto captured = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = captured;
@@ -47,7 +47,7 @@ TEST(ThreadShortageTaskTest, neitherDoesTheWorkNorKeepsItAndCanBeStartedLater) {
     EXPECT_EQ(taken, 2);
 }
 
-TEST_F(ThreadShortagePanelTest, aFolderCannotBeOpenedAndAnotherOneCanLater) {
+TEST_F(ThreadShortagePanelTest, aFolderCannotBeOpenedButAnotherCanLater) {
     ItemPanel* panel = nullptr;
     {
         const ThreadShortage shortage;
@@ -61,7 +61,7 @@ TEST_F(ThreadShortagePanelTest, aFolderCannotBeOpenedAndAnotherOneCanLater) {
     expectOneChoice(std::nullopt);
 }
 
-TEST_F(ThreadShortagePanelTest, aTypedPathIsTakenForTheCallerToJudge) {
+TEST_F(ThreadShortagePanelTest, aTypedPathIsTakenAndItsCheckLeftToTheCaller) {
     ItemPanel& panel = openPanel();
     waitForFolder(panel, home());
     const ThreadShortage shortage;

@@ -67,7 +67,7 @@ TEST_F(SavePanelTest, takesATypedAbsolutePath) {
     expectOneChoice(home() / "folder" / "new");
 }
 
-TEST_F(SavePanelTest, takesNamesAsTheyAre) {
+TEST_F(SavePanelTest, takesNamesLiterally) {
     for (const char* name : {"two  spaces ", " in front", "a.b.", "...", "-leading", "100 %", "Ünïcödé 写真", "a&b",
                              "name.png", "two\nlines", ":colon", "a \"quoted\" name", "\\", "~", "$HOME"}) {
         choices.clear();
@@ -92,7 +92,7 @@ TEST_F(SavePanelTest, keepsTheNameWhenAFolderIsEntered) {
     expectOneChoice(home() / "folder" / "My photos");
 }
 
-TEST_F(SavePanelTest, entersTheSelectedFolderWithTheButtonFirst) {
+TEST_F(SavePanelTest, entersTheSelectedFolderBeforeItTakesTheNameWithTheButton) {
     ItemPanel& panel = savePanel();
     select(panel, home() / "folder");
     EXPECT_EQ(nameField(panel).text(), "Ambrel Recovered");
@@ -103,7 +103,7 @@ TEST_F(SavePanelTest, entersTheSelectedFolderWithTheButtonFirst) {
     expectOneChoice(home() / "folder" / "Ambrel Recovered");
 }
 
-TEST_F(SavePanelTest, entersATypedFolderWithASeparatorAtItsEndAndProposesTheNameAgain) {
+TEST_F(SavePanelTest, entersATypedFolderWithATrailingSeparatorAndProposesTheNameAgain) {
     ItemPanel& panel = savePanel();
     enterAndReturn(panel, QString("folder/"));
     waitUntilAt(panel, home() / "folder");
@@ -111,7 +111,7 @@ TEST_F(SavePanelTest, entersATypedFolderWithASeparatorAtItsEndAndProposesTheName
     EXPECT_TRUE(choices.empty());
 }
 
-TEST_F(SavePanelTest, takesANewNameWithASeparatorAtItsEnd) {
+TEST_F(SavePanelTest, takesANewNameWithATrailingSeparator) {
     enterAndReturn(savePanel(), QString("new/"));
     expectOneChoice(home() / "new");
 }
@@ -124,14 +124,14 @@ TEST_F(SavePanelTest, neverEntersAPackage) {
     expectOneChoice(home() / "Family Photos.ambrel");
 }
 
-TEST_F(SavePanelTest, keepsTheNameWhenTheFocusGoesThroughTheList) {
+TEST_F(SavePanelTest, keepsTheNameWhenTheListGetsTheFocus) {
     ItemPanel& panel = savePanel();
     row(panel, home() / "file.txt");
     list(panel).setFocus();
     EXPECT_EQ(nameField(panel).text(), "Ambrel Recovered");
 }
 
-TEST_F(SavePanelTest, makesAFolderAndGoesThere) {
+TEST_F(SavePanelTest, makesAFolderAndEntersIt) {
     ItemPanel& panel = savePanel();
     NewFolderPanel& asking = askForFolder(panel);
     EXPECT_EQ(nameOf(asking).selectedText(), "New folder");
@@ -148,7 +148,7 @@ TEST_F(SavePanelTest, makesAFolderAndGoesThere) {
     expectOneChoice(home() / "Recovered photos" / "Ambrel Recovered");
 }
 
-TEST_F(SavePanelTest, makesNoFolderWhereTheNameIsTakenAndAsksOn) {
+TEST_F(SavePanelTest, keepsAskingForANameIfTheFolderCannotBeMade) {
     ItemPanel& panel = savePanel();
     NewFolderPanel& asking = askForFolder(panel);
     nameOf(asking).setText("file.txt");
@@ -164,7 +164,7 @@ TEST_F(SavePanelTest, makesNoFolderWhereTheNameIsTakenAndAsksOn) {
     EXPECT_EQ(asking.accessibleDescription(), "The folder could not be created.");
 }
 
-TEST_F(SavePanelTest, takesNoNameThatNoFolderCanHave) {
+TEST_F(SavePanelTest, refusesImpossibleFolderNames) {
     ItemPanel& panel = savePanel();
     NewFolderPanel& asking = askForFolder(panel);
     for (const QString& typed : {QString(""), QString("."), QString(".."), QString("a/b"), QString(QChar(u'\0'))}) {
@@ -195,7 +195,7 @@ TEST_F(SavePanelTest, makesNothingInAPackage) {
     expectNotMade(home(), "new.ambrel");
 }
 
-TEST_F(SavePanelTest, changesNothingThatWasThereBefore) {
+TEST_F(SavePanelTest, changesNoExistingItem) {
     ItemPanel& panel = savePanel();
     select(panel, home() / "file.txt");
     for (const auto key : {Qt::Key_Delete, Qt::Key_F2}) {

@@ -16,7 +16,7 @@ constexpr int generousMilliseconds = 60'000;
 
 } // namespace
 
-TEST(BackgroundTaskTest, worksElsewhereAndCompletesOnTheMainThread) {
+TEST(BackgroundTaskTest, worksOnAnotherThreadAndCompletesOnTheMainThread) {
     const auto mainThread = std::this_thread::get_id();
     std::optional<std::thread::id> completedOn;
     std::thread::id workedOn;
@@ -40,7 +40,7 @@ TEST(BackgroundTaskTest, deliversWhatTheWorkThrew) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return caught; }, generousMilliseconds));
 }
 
-TEST(BackgroundTaskTest, givesBackWhatTheWorkCapturedBeforeItsCompletion) {
+TEST(BackgroundTaskTest, releasesWhatTheWorkCapturedBeforeItsCompletion) {
     auto captured = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = captured;
     bool gone = false;
@@ -66,7 +66,7 @@ TEST(BackgroundTaskTest, waitsForRunningWorkUpToALimit) {
     EXPECT_TRUE(completed);
 }
 
-TEST(BackgroundTaskTest, doesNotWaitForAbandonedWorkButTellsOfIt) {
+TEST(BackgroundTaskTest, doesNotWaitForAbandonedWorkButReportsIt) {
     constexpr std::chrono::hours tooLongForATest(1);
     std::promise<void> gate;
     bool completed = false;

@@ -16,7 +16,7 @@ TEST(FileNameTextTest, showsControlCharactersAsPictures) {
     EXPECT_EQ(readable("a\u0085b\u2028c"), QString("a[U+0085]b[U+2028]c"));
 }
 
-TEST(FileNameTextTest, showsCharactersThatTurnTheDirection) {
+TEST(FileNameTextTest, showsCharactersThatChangeTheDirection) {
     EXPECT_EQ(readable("photo\u202Egpj.exe"), QString("photo[U+202E]gpj.exe"));
     EXPECT_EQ(readable("\u2066a\u2069\u200F\u061C"), QString("[U+2066]a[U+2069][U+200F][U+061C]"));
 }
@@ -26,6 +26,6 @@ TEST(FileNameTextTest, showsAByteOrderMarkAtTheStart) {
     EXPECT_EQ(readable("\uFEFF"), QString("[U+FEFF]"));
 }
 
-TEST(FileNameTextTest, showsThatBytesAreNoText) {
+TEST(FileNameTextTest, showsThatBytesAreNotText) {
     EXPECT_EQ(readable("a\xFF.ambrel"), QString("a%1.ambrel").arg(QChar(QChar::ReplacementCharacter)));
 }

@@ -4,7 +4,7 @@
 
 #include <thread>
 
-TEST(MainThreadDeathTest, theMainThreadMayGoOn) {
+TEST(MainThreadDeathTest, theMainThreadMayContinue) {
     MainThread::require();
 }
 

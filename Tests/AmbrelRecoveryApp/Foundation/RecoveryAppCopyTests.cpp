@@ -36,7 +36,7 @@ TEST(RecoveryAppCopyTest, hasEveryTextInEveryLanguage) {
     }
 }
 
-TEST(RecoveryAppCopyTest, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAreIn) {
+TEST(RecoveryAppCopyTest, isInTheLanguageOfTheCatalogueWhateverTheDateLocale) {
     const ScopedEnvironment all("LC_ALL", std::nullopt);
     const ScopedEnvironment messages("LC_MESSAGES", std::nullopt);
     const std::array<const char*, 3> settings[] = {
@@ -53,7 +53,7 @@ TEST(RecoveryAppCopyTest, isInTheLanguageOfTheCatalogueWhateverTheSystemsDatesAr
     EXPECT_EQ(RecoveryAppCopy::readOnly(AmbrelStrings::currentFormattingLocale()), QStringLiteral("唯讀"));
 }
 
-TEST(RecoveryAppCopyTest, isSetByTheRulesOfItsLanguage) {
+TEST(RecoveryAppCopyTest, isTypesetByTheRulesOfItsLanguage) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         SCOPED_TRACE(expected.locale);
         const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
@@ -75,7 +75,7 @@ TEST(RecoveryAppCopyTest, isSetByTheRulesOfItsLanguage) {
     }
 }
 
-TEST(RecoveryAppCopyTest, aCompletedStepIsNotToldInTheWordOfAButton) {
+TEST(RecoveryAppCopyTest, doesNotUseTheWordOfTheDoneButtonForACompletedStep) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         const ScopedLanguage language(expected.locale, "en_US.UTF-8");
         EXPECT_NE(RecoveryAppCopy::stepCompleted(AmbrelStrings::currentFormattingLocale()),
@@ -84,14 +84,14 @@ TEST(RecoveryAppCopyTest, aCompletedStepIsNotToldInTheWordOfAButton) {
     }
 }
 
-TEST(RecoveryAppCopyTest, takesTraditionalChineseWhereverTheScriptIsNamed) {
+TEST(RecoveryAppCopyTest, isTraditionalChineseIfThatScriptIsNamed) {
     for (const char* identifier : {"zh-Hant-TW", "zh_Hant_HK", "ZH-HANT", "ja-Hant"}) {
         EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale(identifier)), QStringLiteral("zh-Hant")) << identifier;
     }
     EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh_Hant_HK")), QStringLiteral("唯讀"));
 }
 
-TEST(RecoveryAppCopyTest, takesSimplifiedChineseWhereverTheScriptIsNamed) {
+TEST(RecoveryAppCopyTest, isSimplifiedChineseIfThatScriptIsNamed) {
     EXPECT_EQ(RecoveryAppCopy::languageIdentifier(locale("zh-Hans-CN")), QStringLiteral("zh-Hans"));
     EXPECT_EQ(RecoveryAppCopy::readOnly(locale("zh-Hans-CN")), QStringLiteral("只读"));
 }
@@ -101,13 +101,13 @@ TEST(RecoveryAppCopyTest, isEnglishForChineseWithoutAScript) {
     EXPECT_EQ(RecoveryAppCopy::noAccount(locale("zh_TW")), QStringLiteral("No account"));
 }
 
-TEST(RecoveryAppCopyTest, takesThePortugueseRowInEveryCountry) {
+TEST(RecoveryAppCopyTest, isPortugueseInEveryCountry) {
     for (const char* identifier : {"pt_PT", "pt_BR"}) {
         EXPECT_EQ(RecoveryAppCopy::noAccount(locale(identifier)), QStringLiteral("Sem conta"));
     }
 }
 
-TEST(RecoveryAppCopyTest, takesTheSpanishRowInMexico) {
+TEST(RecoveryAppCopyTest, isSpanishInMexico) {
     EXPECT_EQ(RecoveryAppCopy::noAccount(locale("es_MX")), QStringLiteral("Sin cuenta"));
 }
 

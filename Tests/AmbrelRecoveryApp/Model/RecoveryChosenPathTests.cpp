@@ -59,7 +59,7 @@ TEST_F(RecoveryChosenPathTest, nothingInsideThePackageIsADestination) {
     EXPECT_EQ(refusal(path("Elsewhere/../Photos.ambrel/New")), Kind::destinationUnavailable);
 }
 
-TEST_F(RecoveryChosenPathTest, norIsWhatALinkLeadsIntoThePackage) {
+TEST_F(RecoveryChosenPathTest, nothingBehindALinkIntoThePackageIsADestination) {
     std::filesystem::create_directory_symlink(package_, path("link"));
     std::filesystem::create_directory_symlink(package_ / "payload", path("Elsewhere/deep"));
     EXPECT_EQ(refusal(path("link/New")), Kind::destinationUnavailable);
@@ -69,14 +69,14 @@ TEST_F(RecoveryChosenPathTest, norIsWhatALinkLeadsIntoThePackage) {
     EXPECT_EQ(refusal(path("Elsewhere/deep/../New")), Kind::destinationUnavailable);
 }
 
-TEST_F(RecoveryChosenPathTest, norIsWhatAProgramWouldMakeInsideThePackageAlongAPathWithMissingFolders) {
+TEST_F(RecoveryChosenPathTest, noMissingPathThatCouldLeadIntoThePackageIsADestination) {
     EXPECT_EQ(refusal(path("missing/../Photos.ambrel/New")), Kind::destinationUnavailable);
     std::filesystem::create_symlink(package_ / "not yet", path("dangling"));
     EXPECT_EQ(refusal(path("dangling/New")), Kind::destinationUnavailable);
     EXPECT_EQ(refusal(path("dangling/missing/New")), Kind::destinationUnavailable);
 }
 
-TEST_F(RecoveryChosenPathTest, thePackageIsKnownByWhatItIsAndNotByItsName) {
+TEST_F(RecoveryChosenPathTest, thePackageIsRecognizedByItsIdentityAndNotByItsName) {
     const Path link = path("Chosen.ambrel");
     std::filesystem::create_directory_symlink(package_, link);
     EXPECT_EQ(std::get<Kind>(RecoveryChosenPath::destination(package_ / "New", link)), Kind::destinationUnavailable);
@@ -84,13 +84,13 @@ TEST_F(RecoveryChosenPathTest, thePackageIsKnownByWhatItIsAndNotByItsName) {
     EXPECT_EQ(std::get<Path>(RecoveryChosenPath::destination(path("New"), link)), path("New"));
 }
 
-TEST_F(RecoveryChosenPathTest, nothingIsADestinationWhereThePackageCannotBeLookedAt) {
+TEST_F(RecoveryChosenPathTest, nothingIsADestinationIfThePackageCannotBeExamined) {
     const Path loop = path("Loop.ambrel");
     std::filesystem::create_symlink(loop, loop);
     EXPECT_EQ(std::get<Kind>(RecoveryChosenPath::destination(path("New"), loop)), Kind::destinationUnavailable);
 }
 
-TEST_F(RecoveryChosenPathTest, aFolderAroundThePackageIsADestinationAlsoWhenThePackageIsGone) {
+TEST_F(RecoveryChosenPathTest, aFolderBesideThePackageIsADestinationEvenIfThePackageIsGone) {
     std::filesystem::remove_all(package_);
     EXPECT_EQ(refusal(path("New")), std::nullopt);
 }

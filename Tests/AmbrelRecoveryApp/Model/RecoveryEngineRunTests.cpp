@@ -82,7 +82,7 @@ std::vector<std::string> almost(const std::string& identifier) {
 
 } // namespace
 
-TEST(RecoveryEngineRunTest, tellsEveryThrownErrorAsAFailure) {
+TEST(RecoveryEngineRunTest, mapsEveryThrownErrorToAFailure) {
     EXPECT_EQ(kindOf(CancellationError()), Kind::cancelled);
     EXPECT_EQ(kindOf(AmbrelRecoveryPackagePreparationError::downloadFailed), Kind::packageUnavailable);
     EXPECT_EQ(kindOf(AmbrelRecoveryProcessError::timedOut), Kind::packageUnavailable);
@@ -120,7 +120,7 @@ TEST(RecoveryEngineRunTest, doesNotStartWithoutACredentialForTheFactor) {
     EXPECT_EQ(runWith(passphrase), AmbrelRecoveryProcessError::launchFailed);
 }
 
-TEST(RecoveryEngineRunTest, handsOverTheCredentialAndReturnsWhatTheEngineLeft) {
+TEST(RecoveryEngineRunTest, handsOverTheCredentialAndReturnsWhatTheEngineWrote) {
     AmbrelRecoveryProcessRunner runner("/bin/cat");
     const AmbrelRecoveryCredentialSession session(passphrase, secret());
     const auto result = RecoveryEngineRun::run(runner, {}, session, passphrase, {});
@@ -135,7 +135,7 @@ TEST(RecoveryEngineRunTest, classifiesADocumentThatIsNotAccepted) {
               Kind::wrongRecoveryKey);
 }
 
-TEST(RecoveryEngineRunTest, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExitStatus) {
+TEST(RecoveryEngineRunTest, acceptsAnExportOfAnyStatusUnlessTheEngineFailed) {
     const std::string document = exportDocument(exportSchema);
     const auto accepted = RecoveryEngineRun::exportOutcome({0, document, "integrity verification failed"}, passphrase);
     EXPECT_EQ(std::get<0>(accepted)->failedResourceCount, 9);
@@ -143,7 +143,7 @@ TEST(RecoveryEngineRunTest, acceptsAnExportOfAnyStatusAndRefusesItWithAnotherExi
     EXPECT_EQ(std::get<Kind>(refused), Kind::generic);
 }
 
-TEST(RecoveryEngineRunTest, refusesADocumentWhoseOnlyFaultIsTheIdentifierOfTheOther) {
+TEST(RecoveryEngineRunTest, refusesADocumentWithTheIdentifierOfTheOtherKind) {
     ASSERT_TRUE(isExportAccepted(exportSchema));
     EXPECT_FALSE(isExportAccepted(inspectionSchema));
     EXPECT_FALSE(isExportAccepted(backupFormat));

@@ -89,7 +89,7 @@ TEST_F(RecoveryViewModelCancellationTest, ofADownloadEndsItAndShowsNoError) {
     EXPECT_EQ(model->phase(), Phase::chooseBackup);
 }
 
-TEST_F(RecoveryViewModelCancellationTest, discardsAResultThatIsOnItsWayAlready) {
+TEST_F(RecoveryViewModelCancellationTest, discardsAResultThatIsAlreadyQueued) {
     choosePackage();
     type("secret");
     model->inspectBackup();

@@ -98,7 +98,7 @@ TEST_F(RecoveryViewModelChoosingTest, refusesAFolderWhoseWholeNameIsTheExtension
     expectRefused(path(".ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosingTest, refusesWhatDoesNotExistAndALinkThatLeadsNowhere) {
+TEST_F(RecoveryViewModelChoosingTest, refusesAMissingPathAndADanglingLink) {
     expectRefused(path("missing.ambrel"));
     std::filesystem::create_symlink(path("missing.ambrel"), path("dangling.ambrel"));
     expectRefused(path("dangling.ambrel"));
@@ -154,7 +154,7 @@ TEST_F(RecoveryViewModelChoosingTest, isIgnoredWhileAnInspectionRuns) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelChoosingTest, ignoresAnAnswerThatComesWhenAnInspectionRunsAlready) {
+TEST_F(RecoveryViewModelChoosingTest, ignoresAnAnswerThatComesDuringAnInspection) {
     setEngineThatWaits();
     choosePackage();
     type("secret");
@@ -173,7 +173,7 @@ TEST_F(RecoveryViewModelChoosingTest, survivesAnAnswerThatComesAfterTheModelIsGo
     panels.open.at(0)(path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelChoosingTest, tellsObserversBeforeEachChange) {
+TEST_F(RecoveryViewModelChoosingTest, notifiesObserversBeforeEachChange) {
     std::vector<std::optional<std::filesystem::path>> seen;
     QObject::connect(model.get(), &RecoveryViewModel::aboutToChange, [&] { seen.push_back(model->packageURL()); });
     choosePackage();

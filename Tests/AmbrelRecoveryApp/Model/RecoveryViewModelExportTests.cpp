@@ -55,7 +55,7 @@ TEST_F(RecoveryViewModelExportTest, tellsThePanelHowMuchTheSelectedSnapshotNeeds
     EXPECT_EQ(panels.savePanels[2].requiredByteCount, std::nullopt);
 }
 
-TEST_F(RecoveryViewModelExportTest, takesNoOtherSecretFactorOrSnapshotWhileItRuns) {
+TEST_F(RecoveryViewModelExportTest, acceptsNoOtherSecretFactorOrSnapshotWhileItRuns) {
     setEngineThatWaits();
     chooseDestination(path("Ambrel Recovered"));
     waitUntilEngineRuns();
@@ -113,7 +113,7 @@ TEST_F(RecoveryViewModelExportTest, refusesADestinationThatExists) {
     expectDestinationError();
 }
 
-TEST_F(RecoveryViewModelExportTest, refusesADestinationThatIsALinkToNowhere) {
+TEST_F(RecoveryViewModelExportTest, refusesADestinationThatIsADanglingLink) {
     std::filesystem::create_symlink(path("nowhere"), path("Ambrel Recovered"));
     chooseDestination(path("Ambrel Recovered"));
     expectDestinationError();
@@ -144,7 +144,7 @@ TEST_F(RecoveryViewModelExportTest, refusesADocumentOfAnotherKind) {
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExportTest, refusesAReportWhoseOnlyFaultIsTheIdentifierOfAnInspection) {
+TEST_F(RecoveryViewModelExportTest, refusesAReportWithTheIdentifierOfAnInspection) {
     std::string report = exportDocument();
     report.replace(report.find("cli-export"), std::string_view("cli-export").size(), "cli-inspection");
     setEngineThatPrints(report);
@@ -156,7 +156,7 @@ TEST_F(RecoveryViewModelExportTest, refusesAReportWhoseOnlyFaultIsTheIdentifierO
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelExportTest, completesAlsoWhereResourcesCouldNotBeWritten) {
+TEST_F(RecoveryViewModelExportTest, completesEvenIfResourcesCouldNotBeWritten) {
     std::string report = exportDocument();
     const std::string_view none = R"("failedResourceCount":0)";
     report.replace(report.find(none), none.size(), R"("failedResourceCount":3)");

@@ -52,7 +52,7 @@ private:
 
 } // namespace
 
-TEST_F(RecoveryViewModelHungDiskTest, aPackageIsTakenWhenItsDiskHasAnswered) {
+TEST_F(RecoveryViewModelHungDiskTest, aPackageIsTakenOnceItsDiskAnswers) {
     chooseSlowPackage();
     EXPECT_FALSE(model->packageURL());
     EXPECT_FALSE(model->isBusy());
@@ -82,7 +82,7 @@ TEST_F(RecoveryViewModelHungDiskTest, anInspectionThatBeganMeanwhileWins) {
     EXPECT_EQ(model->packageURL(), path("Family Photos.ambrel"));
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, aCancellationAndAnotherStartWin) {
+TEST_F(RecoveryViewModelHungDiskTest, aCancellationAndStartingAgainWin) {
     chooseSlowPackage();
     model->cancelOperation();
     expectNoSlowPackage();
@@ -91,14 +91,14 @@ TEST_F(RecoveryViewModelHungDiskTest, aCancellationAndAnotherStartWin) {
     expectNoSlowPackage();
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, aRefusalThatComesTooLateIsNotTold) {
+TEST_F(RecoveryViewModelHungDiskTest, aRefusalThatComesTooLateIsNotShown) {
     std::filesystem::remove(path("Slow.ambrel"));
     chooseSlowPackage();
     choosePackage();
     expectNoSlowPackage();
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, anExportBeginsWhenTheDiskOfItsDestinationHasAnswered) {
+TEST_F(RecoveryViewModelHungDiskTest, anExportBeginsOnceTheDiskOfItsDestinationAnswers) {
     inspect(inspectionDocument());
     setEngineThatPrints(exportDocument());
     chooseSlowDestination();
@@ -120,7 +120,7 @@ TEST_F(RecoveryViewModelHungDiskTest, theLatestChosenDestinationWins) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, noExportBeginsThatHasBecomeImpossible) {
+TEST_F(RecoveryViewModelHungDiskTest, anExportThatHasBecomeImpossibleDoesNotBegin) {
     inspect(inspectionDocument());
     chooseSlowDestination();
     model->setSelectedSnapshotCode(std::nullopt);
@@ -129,7 +129,7 @@ TEST_F(RecoveryViewModelHungDiskTest, noExportBeginsThatHasBecomeImpossible) {
     EXPECT_FALSE(model->destinationURL());
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, noOtherSnapshotIsExportedThanTheOneThatTheDestinationWasNamedFor) {
+TEST_F(RecoveryViewModelHungDiskTest, aSnapshotSelectedMeanwhileIsNotExported) {
     inspect(inspectionDocument());
     chooseSlowDestination();
     model->setSelectedSnapshotCode("old");
@@ -139,7 +139,7 @@ TEST_F(RecoveryViewModelHungDiskTest, noOtherSnapshotIsExportedThanTheOneThatThe
     EXPECT_EQ(model->selectedSnapshotCode(), "old");
 }
 
-TEST_F(RecoveryViewModelHungDiskTest, theProcessDoesNotWaitForIt) {
+TEST_F(RecoveryViewModelHungDiskTest, theEndOfTheProcessDoesNotWaitForIt) {
     constexpr std::chrono::hours tooLongForATest(1);
     chooseSlowPackage();
     model.reset();

@@ -92,7 +92,7 @@ TEST_F(RecoveryViewModelInspectionTest, showsTheSnapshotsAndSelectsTheRecommende
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelInspectionTest, selectsNothingWhereTheHistoryForked) {
+TEST_F(RecoveryViewModelInspectionTest, selectsNothingIfTheHistoryForked) {
     inspect(inspectionDocument("unresolved-fork"));
     EXPECT_FALSE(model->selectedSnapshotCode());
     EXPECT_FALSE(model->canExport());
@@ -106,7 +106,7 @@ TEST_F(RecoveryViewModelInspectionTest, allowsExportOnlyForTheFactorThatUnlocked
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelInspectionTest, presentsTheFailureThatTheEngineTells) {
+TEST_F(RecoveryViewModelInspectionTest, presentsTheFailureThatTheEngineReports) {
     setEngineThatFails("The passphrase did not unlock the package.");
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::wrongPassphrase);
@@ -134,7 +134,7 @@ TEST_F(RecoveryViewModelInspectionTest, refusesEmptyOutputOfASuccessfulEngine) {
     expectFailure(AmbrelRecoveryFailureKind::generic);
 }
 
-TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineTellsAFailure) {
+TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenTheEngineReportsAFailure) {
     inspect(inspectionDocument());
     setEngineThatFails("package is unavailable");
     expectDroppedSession();
@@ -163,7 +163,7 @@ TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessi
     EXPECT_FALSE(model->packagePreparationProgress());
 }
 
-TEST_F(RecoveryViewModelInspectionTest, presentsAnEngineThatIsGoneAsAGenericFailure) {
+TEST_F(RecoveryViewModelInspectionTest, presentsAMissingEngineAsAGenericFailure) {
     std::filesystem::remove(path("engine"));
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::generic);
@@ -229,7 +229,7 @@ TEST_F(RecoveryViewModelInspectionTest, formatsAFractionAsAWholePercentageWithou
     EXPECT_TRUE(model->formattedPercent(1.5).contains("150"));
 }
 
-TEST_F(RecoveryViewModelInspectionTest, takesNoOtherSecretAndNoOtherFactorWhileItRuns) {
+TEST_F(RecoveryViewModelInspectionTest, acceptsNoOtherSecretOrFactorWhileItRuns) {
     setEngineThatWaits();
     startInspection();
     const auto expectIgnored = [this] {

@@ -96,7 +96,7 @@ TEST_F(RecoveryViewModelSecretTest, isThatOfTheLatestInspectionAlone) {
     EXPECT_TRUE(model->canExport());
 }
 
-TEST_F(RecoveryViewModelSecretTest, isGoneWhenTheEngineTellsAFailure) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenTheEngineReportsAFailure) {
     setEngineThatFails("did not unlock");
     startInspection();
     waitForPhase(Phase::chooseBackup);
@@ -127,7 +127,7 @@ TEST_F(RecoveryViewModelSecretTest, isGoneWhenADownloadIsCancelledWithoutAnEarli
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenAnInspectionIsCancelledWithoutAnEarlierOneAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, staysOnlyInTheRunUntilTheEngineEndsIfTheFirstInspectionIsCancelled) {
     expectSessionGoneAtOnce([this] { startInspection(); }, [this] { model->cancelOperation(); });
 }
 
@@ -155,13 +155,13 @@ TEST_F(RecoveryViewModelSecretTest, isKeptWhenAnExportIsCancelledOrFailsAndGoneW
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecretTest, isGoneWhenItStartsAgain) {
+TEST_F(RecoveryViewModelSecretTest, isGoneWhenTheUserStartsAgain) {
     inspectWell();
     model->startAgain();
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenItStartsAgainDuringAnExportAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, staysOnlyInTheRunUntilTheEngineEndsIfTheUserStartsAgainDuringAnExport) {
     inspectWell();
     expectSessionGoneAtOnce([this] { startExport(); }, [this] { model->startAgain(); });
 }
@@ -172,7 +172,7 @@ TEST_F(RecoveryViewModelSecretTest, isGoneWithTheModel) {
     EXPECT_EQ(copies(), 0);
 }
 
-TEST_F(RecoveryViewModelSecretTest, isTheRunsAloneWhenTheModelGoesDuringAnExportAndGoneWithTheEngine) {
+TEST_F(RecoveryViewModelSecretTest, staysOnlyInTheRunUntilTheEngineEndsIfTheModelIsDestroyedDuringAnExport) {
     inspectWell();
     expectSessionGoneAtOnce([this] { startExport(); }, [this] { model.reset(); });
 }

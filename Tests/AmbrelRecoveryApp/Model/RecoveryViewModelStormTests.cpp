@@ -181,7 +181,7 @@ constexpr std::array<const char*, 11> misbehaviours = {"fork",
 
 } // namespace
 
-TEST_F(RecoveryViewModelStormTest, leavesNothing) {
+TEST_F(RecoveryViewModelStormTest, leavesNothingBehind) {
     Storm storm;
     std::map<int, std::string> descriptors;
     int runs = 0;
@@ -254,7 +254,7 @@ TEST_F(RecoveryViewModelStormTest, leavesNothing) {
               << " models destroyed, " << completed << " exports complete\n";
 }
 
-TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothing) {
+TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedAfterAnyAnnouncementLeavesNothingBehind) {
     constexpr int far = 1000;
     int points = 0;
     std::map<int, std::string> descriptors;
@@ -273,7 +273,7 @@ TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedAfterAnyAnnouncementLeav
     std::cout << points << " points\n";
 }
 
-TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedWhileAnOutcomeIsOnItsWayLeavesNothing) {
+TEST_F(RecoveryViewModelStormTest, aModelThatIsDestroyedWhileAnOutcomeIsQueuedLeavesNothingBehind) {
     // The outcome of the preparation, of the inspection, and of the export, each queued when the model goes.
     for (int queued = 1; queued <= 3; ++queued) {
         int step = 0;

@@ -57,7 +57,7 @@ private:
 
 } // namespace
 
-TEST(ThreadShortageTest, isOneOfThisThreadUntilItIsOver) {
+TEST(ThreadShortageTest, preventsNewThreadsUntilItIsOver) {
     {
         const ThreadShortage shortage;
         EXPECT_THROW(std::thread([] {}), std::system_error);
@@ -65,7 +65,7 @@ TEST(ThreadShortageTest, isOneOfThisThreadUntilItIsOver) {
     std::thread([] {}).join();
 }
 
-TEST_F(RecoveryViewModelThreadShortageTest, whileAPackageIsCheckedItIsNotTaken) {
+TEST_F(RecoveryViewModelThreadShortageTest, beforeThePackageIsCheckedRefusesThePackage) {
     {
         const ThreadShortage shortage;
         model->acceptPackage(path("Family Photos.ambrel"));
@@ -98,7 +98,7 @@ TEST_F(RecoveryViewModelThreadShortageTest, betweenThePreparationAndTheEngineFai
     expectFailedInspection();
 }
 
-TEST_F(RecoveryViewModelThreadShortageTest, whileADestinationIsCheckedFailsTheExport) {
+TEST_F(RecoveryViewModelThreadShortageTest, beforeTheDestinationIsCheckedFailsTheExport) {
     inspectAndForgetArguments();
     panels.answer = path("Ambrel Recovered");
     {

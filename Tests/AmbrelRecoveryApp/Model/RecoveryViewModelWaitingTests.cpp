@@ -85,7 +85,7 @@ private:
 
 } // namespace
 
-TEST_F(RecoveryViewModelWaitingTest, anInspectionRunsWhenTheCancelledOneHasEnded) {
+TEST_F(RecoveryViewModelWaitingTest, anInspectionRunsOnceTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnInspection();
     setNextEngineThatPrints(inspectionDocument());
@@ -98,7 +98,7 @@ TEST_F(RecoveryViewModelWaitingTest, anInspectionRunsWhenTheCancelledOneHasEnded
     EXPECT_EQ(engineInput(), "secret\n");
 }
 
-TEST_F(RecoveryViewModelWaitingTest, anExportRunsWhenTheCancelledOneHasEnded) {
+TEST_F(RecoveryViewModelWaitingTest, anExportRunsOnceTheCancelledOneHasEnded) {
     makeModelThatWaits();
     cancelAnExport();
     setNextEngineThatPrints(exportDocument());
@@ -111,7 +111,7 @@ TEST_F(RecoveryViewModelWaitingTest, anExportRunsWhenTheCancelledOneHasEnded) {
     EXPECT_EQ(engineInput(), "correct horse\n");
 }
 
-TEST_F(RecoveryViewModelWaitingTest, whatWaitsCanBeCancelledAndNeverRuns) {
+TEST_F(RecoveryViewModelWaitingTest, aWaitingInspectionCanBeCancelledAndNeverRuns) {
     makeModelThatWaits();
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -126,7 +126,7 @@ TEST_F(RecoveryViewModelWaitingTest, whatWaitsCanBeCancelledAndNeverRuns) {
     waitForPhase(Phase::snapshots);
 }
 
-TEST_F(RecoveryViewModelWaitingTest, whatWaitsNeverRunsOnceTheModelIsGone) {
+TEST_F(RecoveryViewModelWaitingTest, aWaitingInspectionNeverRunsOnceTheModelIsGone) {
     makeModelThatWaits();
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -137,7 +137,7 @@ TEST_F(RecoveryViewModelWaitingTest, whatWaitsNeverRunsOnceTheModelIsGone) {
     EXPECT_FALSE(isNextEngineStarted());
 }
 
-TEST_F(RecoveryViewModelWaitingTest, behindAnEngineThatNeverEndsAnInspectionFailsAndGivesTheSecretBack) {
+TEST_F(RecoveryViewModelWaitingTest, anInspectionFailsAndReturnsTheSecretIfTheEarlierEngineNeverEnds) {
     makeModelThatWaits(std::chrono::milliseconds(1));
     cancelAnInspection();
     setEngineThatPrints(inspectionDocument());
@@ -155,7 +155,7 @@ TEST_F(RecoveryViewModelWaitingTest, behindAnEngineThatNeverEndsAnInspectionFail
     EXPECT_TRUE(model->credential().view().isEmpty());
 }
 
-TEST_F(RecoveryViewModelWaitingTest, behindAnEngineThatNeverEndsAnExportFailsAndKeepsTheSecret) {
+TEST_F(RecoveryViewModelWaitingTest, anExportFailsAndKeepsTheSecretIfTheEarlierEngineNeverEnds) {
     makeModelThatWaits(std::chrono::milliseconds(1));
     cancelAnExport();
     setEngineThatPrints(exportDocument());

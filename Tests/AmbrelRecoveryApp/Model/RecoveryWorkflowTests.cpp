@@ -97,7 +97,7 @@ protected:
 
 } // namespace
 
-TEST_F(RecoveryWorkflowTest, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
+TEST_F(RecoveryWorkflowTest, everyOperationPublishesItsChangesInOrderIfEverythingIsAvailable) {
     for (const WorkflowTable::Operation& last : operations()) {
         WorkflowWalk walk(folder_);
         ASSERT_TRUE(takeEverything(walk));
@@ -112,7 +112,7 @@ TEST_F(RecoveryWorkflowTest, whereEverythingIsThereEachChangeIsSeenInItsPlace) {
     }
 }
 
-TEST_F(RecoveryWorkflowTest, everySequenceOfThreeIsAsTheTableSays) {
+TEST_F(RecoveryWorkflowTest, everySequenceOfThreeFollowsTheTable) {
     for (const WorkflowTable::Operation& first : operations()) {
         for (const WorkflowTable::Operation& second : operations()) {
             for (const WorkflowTable::Operation& third : operations()) {
@@ -122,7 +122,7 @@ TEST_F(RecoveryWorkflowTest, everySequenceOfThreeIsAsTheTableSays) {
     }
 }
 
-TEST_F(RecoveryWorkflowTest, everyLongerSequenceThatLeadsOnIsAsTheTableSays) {
+TEST_F(RecoveryWorkflowTest, everyLongerSequenceThatChangesSomethingFollowsTheTable) {
     const char* const asked = std::getenv("AMBREL_SEQUENCE_LENGTH");
     const int length = asked == nullptr ? 4 : std::atoi(asked);
     ASSERT_TRUE(length > 0 && length <= WorkflowDriver::longestWalk);

@@ -9,7 +9,7 @@ namespace {
 
 using Phase = RecoveryScreenState::Phase;
 
-TEST(HeaderContentTest, isTheSameInEveryPhase) {
+TEST(HeaderContentTest, hasABadgeATitleAndABody) {
     const HeaderContent content = headerContent();
     EXPECT_EQ(content.badge, QStringLiteral("AMBREL RECOVERY"));
     EXPECT_EQ(content.title, QStringLiteral("Ambrel Recovery"));
@@ -38,7 +38,7 @@ TEST(ChooseBackupContentTest, showsAFileNameInAnyScript) {
     EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral("صور العائلة & <b>写真.ambrel"));
 }
 
-TEST(ChooseBackupContentTest, showsCharactersThatWouldNotBeSeenOrTurnTheRestAround) {
+TEST(ChooseBackupContentTest, showsInvisibleAndDirectionChangingCharacters) {
     RecoveryScreenState state;
     state.packageURL = "/backups/a\nb\u202Elerbma.ambrel";
     EXPECT_EQ(chooseBackupContent(state).package.name, QStringLiteral(u"a\u240Ab[U+202E]lerbma.ambrel"));
@@ -109,7 +109,7 @@ TEST(ChooseBackupContentTest, asksForTheRecoveryKeyOnceItIsChosen) {
     EXPECT_EQ(credential.prompt, QStringLiteral("Recovery key"));
 }
 
-TEST(ChooseBackupContentTest, theInspectionTakesThePlaceOfItsButton) {
+TEST(ChooseBackupContentTest, theRunningInspectionReplacesItsButton) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(chooseBackupContent(stateIn(phase)).inspecting.has_value(), phase == Phase::inspecting);
     }
@@ -137,7 +137,7 @@ TEST(ChooseBackupContentTest, hasTheFootnote) {
                     .footnote.startsWith(QStringLiteral("Inspecting reads the package and shows its snapshots.")));
 }
 
-TEST(ChooseBackupContentTest, differsAsSoonAsTheLanguageDoes) {
+TEST(ChooseBackupContentTest, differsInAnotherLanguage) {
     const ChooseBackupContent english = chooseBackupContent(stateIn(Phase::preparingPackage));
     const ScopedLanguage german("de", "de_DE.UTF-8");
     const ChooseBackupContent other = chooseBackupContent(stateIn(Phase::preparingPackage));

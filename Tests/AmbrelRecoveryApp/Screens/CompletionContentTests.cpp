@@ -19,14 +19,14 @@ TEST(CompletionContentTest, showsHowManyItemsWereRecovered) {
     EXPECT_EQ(content.startAgainLabel, QStringLiteral("Choose another package"));
 }
 
-TEST(CompletionContentTest, withoutAReportOnlyTheLineIsAbsent) {
+TEST(CompletionContentTest, lacksOnlyTheCountWithoutAReport) {
     const CompletionContent content = completionContent(stateIn(Phase::complete));
     EXPECT_EQ(content.exported, std::nullopt);
     EXPECT_FALSE(content.revealLabel.isEmpty());
     EXPECT_FALSE(content.startAgainLabel.isEmpty());
 }
 
-TEST(CompletionContentTest, showsThatNoItemWasRecoveredInTheDigitsOfTheLocale) {
+TEST(CompletionContentTest, showsZeroRecoveredItemsInTheDigitsOfTheLocale) {
     RecoveryScreenState state = stateIn(Phase::complete);
     state.exportResult = exportResult({});
     EXPECT_EQ(completionContent(state).exported, QStringLiteral("Exported: 0"));
@@ -43,7 +43,7 @@ TEST(CompletionContentTest, followsTheLanguage) {
     EXPECT_EQ(completionContent(stateIn(Phase::complete)).revealLabel, QStringLiteral("Im Finder anzeigen"));
 }
 
-TEST(ErrorAlertContentTest, thereIsNoneWithoutAnError) {
+TEST(ErrorAlertContentTest, isAbsentWithoutAnError) {
     EXPECT_EQ(errorAlertContent(RecoveryScreenState()), std::nullopt);
 }
 

@@ -69,7 +69,7 @@ private:
     }
 };
 
-TEST_F(DropAreaTest, aDroppedPackageIsTheChosenOne) {
+TEST_F(DropAreaTest, aDroppedPackageIsChosen) {
     open();
     drag({path("Family Photos.ambrel")});
     EXPECT_TRUE(enter());
@@ -95,7 +95,7 @@ TEST_F(DropAreaTest, aNameInAnyEncodingIsTakenAsItIs) {
     std::filesystem::remove(package);
 }
 
-TEST_F(DropAreaTest, whatIsNoPackageIsRefusedWithTheErrorOfTheOpenPanel) {
+TEST_F(DropAreaTest, whatIsNotAPackageIsRefusedWithTheErrorOfTheOpenPanel) {
     open();
     drag({path("engine")});
     dragAndDrop();
@@ -105,7 +105,7 @@ TEST_F(DropAreaTest, whatIsNoPackageIsRefusedWithTheErrorOfTheOpenPanel) {
     EXPECT_FALSE(model->packageURL());
 }
 
-TEST_F(DropAreaTest, nothingButOneLocalItemIsTaken) {
+TEST_F(DropAreaTest, onlyASingleLocalItemIsTaken) {
     open();
     const auto isRefused = [this] {
         const bool entered = enter();
@@ -129,7 +129,7 @@ TEST_F(DropAreaTest, nothingButOneLocalItemIsTaken) {
     EXPECT_FALSE(model->presentedError());
 }
 
-TEST_F(DropAreaTest, whatCouldOnlyBeMovedIsNotTaken) {
+TEST_F(DropAreaTest, aDragThatAllowsOnlyMovingIsNotTaken) {
     open();
     drag({path("Family Photos.ambrel")});
     EXPECT_FALSE(enter(Qt::MoveAction));
@@ -138,7 +138,7 @@ TEST_F(DropAreaTest, whatCouldOnlyBeMovedIsNotTaken) {
     EXPECT_EQ(action, Qt::LinkAction);
 }
 
-TEST_F(DropAreaTest, theHintGoesWithTheDrag) {
+TEST_F(DropAreaTest, theHintIsHiddenWhenTheDragLeaves) {
     open();
     drag({path("Family Photos.ambrel")});
     enter();

@@ -43,13 +43,13 @@ TEST(FocusPlanTest, goesToTheListAfterAnInspection) {
     EXPECT_EQ(between(Phase::inspecting, Phase::snapshots), Target::snapshotList);
 }
 
-TEST(FocusPlanTest, goesToTheWayBackWhereThereAreNoSnapshots) {
+TEST(FocusPlanTest, goesToTheButtonForAnotherPackageIfThereAreNoSnapshots) {
     RecoveryScreenState empty = stateIn(Phase::snapshots);
     empty.snapshots = std::make_shared<SortedSnapshots>(inspection({}));
     EXPECT_EQ(FocusPlan::target(stateIn(Phase::inspecting), empty), Target::chooseAnotherButton);
 }
 
-TEST(FocusPlanTest, goesToTheExportButtonAfterAnExportThatCameToNothing) {
+TEST(FocusPlanTest, goesToTheExportButtonAfterAnUnfinishedExport) {
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), Target::exportButton);
 }
 
@@ -62,7 +62,7 @@ TEST(FocusPlanTest, goesToTheBeginningWhenTheUserStartsAgain) {
     EXPECT_EQ(FocusPlan::first(RecoveryScreenState()), Target::chooseButton);
 }
 
-TEST(FocusPlanTest, beginsWhereAViewThatIsMadeAnewWouldHaveIt) {
+TEST(FocusPlanTest, beginsAtTheMainControlOfThePhaseInANewView) {
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::inspecting)), Target::cancelButton);
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::snapshots)), Target::snapshotList);
     EXPECT_EQ(FocusPlan::first(stateIn(Phase::complete)), Target::revealButton);
@@ -74,7 +74,7 @@ TEST(InterfaceDirectionTest, followsTheLanguageOfTheTexts) {
     EXPECT_EQ(interfaceDirection(), Qt::RightToLeft);
 }
 
-TEST(InterfaceDirectionTest, isThatOfEnglishWhereTheCatalogueLacksTheLanguage) {
+TEST(InterfaceDirectionTest, isThatOfEnglishIfTheCatalogueLacksTheLanguage) {
     const ScopedLanguage hebrew("he", "he_IL.UTF-8");
     EXPECT_EQ(interfaceDirection(), Qt::LeftToRight);
 }

@@ -46,7 +46,7 @@ protected:
     JourneyRail rail;
 };
 
-TEST_F(RailStepTest, areTheItemsOfAListInTheirOrder) {
+TEST_F(RailStepTest, areListItemsInTheirOrder) {
     show(Phase::chooseBackup);
     QStringList names;
     for (RailStep* const step : steps()) {
@@ -60,7 +60,7 @@ TEST_F(RailStepTest, areTheItemsOfAListInTheirOrder) {
                                   QStringLiteral("Export complete")}));
 }
 
-TEST_F(RailStepTest, tellWhichOneIsShownAndWhichAreCompleted) {
+TEST_F(RailStepTest, exposeWhichOneIsCurrentAndWhichAreCompleted) {
     const Told notYet{.isSelected = false, .isChecked = false, .description = {}};
     const Told shown{.isSelected = true, .isChecked = false, .description = {}};
     const Told completed{.isSelected = false, .isChecked = true, .description = QStringLiteral("Completed")};
@@ -76,7 +76,7 @@ TEST_F(RailStepTest, tellWhichOneIsShownAndWhichAreCompleted) {
     EXPECT_EQ(told(), (std::vector<Told>{completed, completed, shown}));
 }
 
-TEST_F(RailStepTest, canBeInTheStatesThatTheyTellButCannotBeChanged) {
+TEST_F(RailStepTest, areSelectableAndCheckableButReadOnly) {
     show(Phase::snapshots);
     for (RailStep* const step : steps()) {
         const QAccessibleInterface& item = *QAccessible::queryAccessibleInterface(step);

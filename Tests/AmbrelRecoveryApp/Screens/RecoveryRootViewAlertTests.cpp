@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(RecoveryRootViewAlertTest, aRefusedSecretShowsTheAlertAndThenTheField) {
+TEST_F(RecoveryRootViewAlertTest, aRefusedSecretShowsTheAlertAndReturnsToTheField) {
     openAndBeRefused();
     ASSERT_TRUE(isAlertShown());
     QAccessibleInterface& accessible = *QAccessible::queryAccessibleInterface(&alert());
@@ -87,7 +87,7 @@ TEST_F(RecoveryRootViewAlertTest, theSameErrorAgainIsAnotherAlert) {
     EXPECT_EQ(focused(), QStringLiteral("OK"));
 }
 
-TEST_F(RecoveryRootViewAlertTest, inAWindowThatIsNotActiveNothingBehindTheAlertReceivesTheFocus) {
+TEST_F(RecoveryRootViewAlertTest, nothingBehindTheAlertReceivesTheFocusInAnInactiveWindow) {
     open();
     choosePackage();
     redraw();
@@ -118,7 +118,7 @@ TEST_F(RecoveryRootViewAlertTest, nothingBehindTheAlertTakesTheFocus) {
     EXPECT_EQ(focused(), QStringLiteral("OK"));
 }
 
-TEST_F(RecoveryRootViewAlertTest, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
+TEST_F(RecoveryRootViewAlertTest, aStartupErrorIsShownAsSoonAsTheWindowIs) {
     model =
         std::make_unique<RecoveryViewModel>(std::nullopt, RecoveryViewModel::Desktop{panels, fileViewer, cloudItems});
     openOnModel();
@@ -131,7 +131,7 @@ TEST_F(RecoveryRootViewAlertTest, anErrorOfTheStartIsShownAsSoonAsTheWindowIs) {
     EXPECT_EQ(announced(), std::nullopt);
 }
 
-TEST_F(RecoveryRootViewAlertTest, anotherErrorTakesThePlaceOfTheOneThatIsShown) {
+TEST_F(RecoveryRootViewAlertTest, anotherErrorReplacesTheOneThatIsShown) {
     openAndBeRefused();
     const RecoveryViewModel::PresentedError first = *model->presentedError();
     EXPECT_EQ(announced(), first.title + u'\n' + first.body);

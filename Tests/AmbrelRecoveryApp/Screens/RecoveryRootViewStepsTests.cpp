@@ -48,7 +48,7 @@ protected:
     static QAccessibleInterface* accessible(QWidget& widget) { return QAccessible::queryAccessibleInterface(&widget); }
 };
 
-TEST_F(RecoveryRootViewStepsTest, whileABackupIsInspectedItsSecretCannotBeTypedAndItsKindNotChanged) {
+TEST_F(RecoveryRootViewStepsTest, theSecretAndItsKindCannotBeChangedDuringAnInspection) {
     setEngineThatWaits();
     open();
     choosePackage();
@@ -69,7 +69,7 @@ TEST_F(RecoveryRootViewStepsTest, whileABackupIsInspectedItsSecretCannotBeTypedA
     EXPECT_TRUE(control<QRadioButton>(QStringLiteral("Recovery key"))->isEnabled());
 }
 
-TEST_F(RecoveryRootViewStepsTest, whileASnapshotIsExportedNoOtherCanBeChosen) {
+TEST_F(RecoveryRootViewStepsTest, noOtherSnapshotCanBeChosenDuringAnExport) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -111,7 +111,7 @@ TEST_F(RecoveryRootViewStepsTest, theSnapshotsHaveAWayBackByKeyboard) {
     }
 }
 
-TEST_F(RecoveryRootViewStepsTest, thereIsNoWayBackWhileASnapshotIsExported) {
+TEST_F(RecoveryRootViewStepsTest, thereIsNoWayBackDuringAnExport) {
     open();
     inspect(inspectionDocument());
     redraw();

@@ -97,7 +97,7 @@ TEST_F(RecoveryRootViewTest, theSecretLeavesTheFieldAtOnceWhenItIsUsed) {
     model->cancelOperation();
 }
 
-TEST_F(RecoveryRootViewTest, theWholeRoadCanBeWalkedByKeyboard) {
+TEST_F(RecoveryRootViewTest, aWholeRecoveryCanBeDoneByKeyboard) {
     open();
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
     panels.answer = path("Family Photos.ambrel");
@@ -129,7 +129,7 @@ TEST_F(RecoveryRootViewTest, theWholeRoadCanBeWalkedByKeyboard) {
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
 }
 
-TEST_F(RecoveryRootViewTest, theFirstKeyShowsWhereTheKeyboardIs) {
+TEST_F(RecoveryRootViewTest, theFirstKeyShowsTheFocus) {
     open();
     QTest::mouseClick(view.get(), Qt::LeftButton, {}, QPoint(5, 5));
     QAbstractButton* const choose = button("Choose backup package");
@@ -185,7 +185,7 @@ TEST_F(RecoveryRootViewTest, theStepBackToTheFirstScreenIsAnnounced) {
     EXPECT_EQ(announced(), QStringLiteral("Choose backup package"));
 }
 
-TEST_F(RecoveryRootViewTest, aChosenRowIsTheSelectedSnapshot) {
+TEST_F(RecoveryRootViewTest, choosingARowSelectsItsSnapshot) {
     open();
     inspect(inspectionDocument("unresolved-fork"));
     redraw();
@@ -197,7 +197,7 @@ TEST_F(RecoveryRootViewTest, aChosenRowIsTheSelectedSnapshot) {
     EXPECT_TRUE(button("Export")->isEnabled());
 }
 
-TEST_F(RecoveryRootViewTest, whatIsHiddenCannotBePressed) {
+TEST_F(RecoveryRootViewTest, hiddenButtonsCannotBePressed) {
     const auto expectHiddenButtonsDisabled = [this](const char* when) {
         redraw();
         for (const QAbstractButton* const candidate : view->findChildren<QAbstractButton*>()) {
@@ -216,7 +216,7 @@ TEST_F(RecoveryRootViewTest, whatIsHiddenCannotBePressed) {
     expectHiddenButtonsDisabled("at the next start");
 }
 
-TEST_F(RecoveryRootViewTest, theNextStartLetsGoOfTheLastBackup) {
+TEST_F(RecoveryRootViewTest, startingAgainReleasesTheLastBackup) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -226,7 +226,7 @@ TEST_F(RecoveryRootViewTest, theNextStartLetsGoOfTheLastBackup) {
     EXPECT_EQ(list().model()->rowCount(), 0);
 }
 
-TEST_F(RecoveryRootViewTest, everyControlInSightHasAName) {
+TEST_F(RecoveryRootViewTest, everyVisibleControlHasAName) {
     open();
     inspect(inspectionDocument());
     redraw();
@@ -237,7 +237,7 @@ TEST_F(RecoveryRootViewTest, everyControlInSightHasAName) {
     }
 }
 
-TEST_F(RecoveryRootViewTest, textsAndDirectionFollowTheLanguageAtTheNextRedraw) {
+TEST_F(RecoveryRootViewTest, textsFollowTheLanguageAtTheNextRedraw) {
     open();
     const ScopedLanguage german("de", "de_DE.UTF-8");
     model->setFactor(AmbrelRecoveryAppFactor::recoveryKey);
@@ -246,7 +246,7 @@ TEST_F(RecoveryRootViewTest, textsAndDirectionFollowTheLanguageAtTheNextRedraw) 
     EXPECT_EQ(field().accessibleName(), QStringLiteral("Wiederherstellungsschlüssel"));
 }
 
-TEST_F(RecoveryRootViewTest, drawsOnADarkGroundWhateverTheDesktopSays) {
+TEST_F(RecoveryRootViewTest, drawsOnADarkBackgroundWhateverThePaletteOfTheDesktop) {
     QPalette light;
     light.setColor(QPalette::Window, Qt::white);
     QApplication::setPalette(light);

@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(RecoveryWindowContentTest, aNewViewTakesThePlaceOfTheOldOneWithTheFocusAndTheTypedSecret) {
+TEST_F(RecoveryWindowContentTest, aNewViewReplacesTheOldOneAndKeepsTheFocusAndTheTypedSecret) {
     makeModel();
     choosePackage();
     RecoveryWindow window;

@@ -43,7 +43,7 @@ protected:
     SecureField* const field = new SecureField;
 };
 
-TEST_F(RecoveryWindowTest, hasAnIconInWhichItsSymbolIsSeenInEverySize) {
+TEST_F(RecoveryWindowTest, hasAnIconWithAVisibleSymbolInEverySize) {
     for (const int size : {16, 24, 32, 48, 64, 128}) {
         EXPECT_TRUE(window.windowIcon().availableSizes().contains(QSize(size, size))) << size;
         EXPECT_GT(pixelsOf(window.windowIcon(), size, RecoveryPalette::copper()), size * size / 4) << size;
@@ -55,7 +55,7 @@ TEST_F(RecoveryWindowTest, isKnownToTheDesktopByTheNameOfItsEntry) {
     EXPECT_EQ(QGuiApplication::desktopFileName(), QStringLiteral("com.ambrel.recovery"));
 }
 
-TEST_F(RecoveryWindowTest, isClosedByTheKeysForIt) {
+TEST_F(RecoveryWindowTest, isClosedByItsShortcuts) {
     open();
     for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
         window.show();
@@ -66,7 +66,7 @@ TEST_F(RecoveryWindowTest, isClosedByTheKeysForIt) {
     }
 }
 
-TEST_F(RecoveryWindowTest, isNotClosedByKeysThatAreMeantForAnOpenPanel) {
+TEST_F(RecoveryWindowTest, isNotClosedByItsShortcutsInAnOpenPanel) {
     open();
     QDialog panel(&window);
     panel.open();

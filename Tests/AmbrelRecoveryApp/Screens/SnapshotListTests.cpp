@@ -70,21 +70,21 @@ TEST_F(SnapshotListTest, theGapBetweenTwoRowsChoosesNothing) {
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTest, aSecondClickDoesNotTakeTheChoiceBack) {
+TEST_F(SnapshotListTest, aControlClickDoesNotUndoTheChoice) {
     select("1");
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, rect(1).center());
     EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(1, 0)));
     EXPECT_EQ(list.selectionModel()->selectedIndexes().size(), 1);
 }
 
-TEST_F(SnapshotListTest, arrowsChoose) {
+TEST_F(SnapshotListTest, arrowKeysChoose) {
     select("0");
     QTest::keyClick(&list, Qt::Key_Down);
     ASSERT_EQ(choices.count(), 1);
     EXPECT_EQ(choices[0].first().toInt(), 1);
 }
 
-TEST_F(SnapshotListTest, whereNoneIsChosenTheFirstKeyChooses) {
+TEST_F(SnapshotListTest, theFirstKeyChoosesIfNoneIsChosen) {
     for (const int count : {1, 3}) {
         const int last = count - 1;
         for (const auto& [key, row] : std::initializer_list<std::pair<Qt::Key, int>>{{Qt::Key_Down, 0},
@@ -109,7 +109,7 @@ TEST_F(SnapshotListTest, keysThatDoNotNavigateChooseNothing) {
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTest, whereNoneIsChosenTheFirstRowHasTheFocusAlsoInLaterInspections) {
+TEST_F(SnapshotListTest, theFirstRowHasTheFocusIfNoneIsChosenEvenInLaterInspections) {
     list.activateWindow();
     list.setFocus();
     for (int inspection = 0; inspection < 3; ++inspection) {
@@ -133,7 +133,7 @@ TEST_F(SnapshotListTest, showingASelectionIsNoChoice) {
     EXPECT_TRUE(list.selectionModel()->selectedIndexes().isEmpty());
 }
 
-TEST_F(SnapshotListTest, theScrollPositionSurvivesAChoiceInSight) {
+TEST_F(SnapshotListTest, theScrollPositionSurvivesTheChoiceOfAVisibleRow) {
     show(1000);
     list.verticalScrollBar()->setValue(5000);
     const int row = list.indexAt(QPoint(100, 150)).row();
@@ -154,7 +154,7 @@ TEST_F(SnapshotListTest, otherSnapshotsReplaceTheRows) {
     EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(SnapshotListTest, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
+TEST_F(SnapshotListTest, theClickedOneOfTwoSnapshotsWithTheSameCodeStaysCurrent) {
     state.snapshots = std::make_shared<SortedSnapshots>(inspection({snapshot("same", 2), snapshot("same", 1)}));
     apply();
     click(rect(1).center());
@@ -162,7 +162,7 @@ TEST_F(SnapshotListTest, ofTwoSnapshotsWithOneCodeTheClickedOneStaysCurrent) {
     EXPECT_EQ(list.currentIndex().row(), 1);
 }
 
-TEST_F(SnapshotListTest, aHundredThousandRowsAreThereAndNamed) {
+TEST_F(SnapshotListTest, aHundredThousandRowsExistAndAreNamed) {
     show(100'000);
     select("99999");
     EXPECT_EQ(list.model()->rowCount(), 100'000);
@@ -194,7 +194,7 @@ TEST_F(SnapshotListTest, aRowIsChosenByAssistiveTechnology) {
     EXPECT_EQ(choices[0].first().toInt(), 2);
 }
 
-TEST_F(SnapshotListTest, aRowThatIsGoneIsNotValidAnyMore) {
+TEST_F(SnapshotListTest, aRemovedRowIsNoLongerValid) {
     QAccessibleInterface* const row = accessible().child(2);
     show(1);
     EXPECT_FALSE(row->isValid());

@@ -25,7 +25,7 @@ QRect mirrored(const QRect& place) {
     return QStyle::visualRect(Qt::RightToLeft, row, place);
 }
 
-TEST(SnapshotRowLayoutTest, goesFromTheMarkOverTheTextsToThePayload) {
+TEST(SnapshotRowLayoutTest, placesTheMarkTheTextsAndThePayloadInOrder) {
     const SnapshotRowLayout layout = layoutIn(Qt::LeftToRight);
     EXPECT_LT(row.left(), layout.mark.left());
     EXPECT_LT(layout.mark.right(), layout.date.place.left());
@@ -36,7 +36,7 @@ TEST(SnapshotRowLayoutTest, goesFromTheMarkOverTheTextsToThePayload) {
     EXPECT_LT(layout.payload.place.right(), row.right());
 }
 
-TEST(SnapshotRowLayoutTest, isItsOwnMirrorImageFromRightToLeft) {
+TEST(SnapshotRowLayoutTest, isMirroredFromRightToLeft) {
     const SnapshotRowLayout layout = layoutIn(Qt::LeftToRight);
     const SnapshotRowLayout arabic = layoutIn(Qt::RightToLeft);
     EXPECT_EQ(arabic.mark, mirrored(layout.mark));

@@ -30,7 +30,7 @@ std::vector<std::string> codes(const SortedSnapshots& snapshots) {
     return codes;
 }
 
-TEST(SortedSnapshotsTest, theNewestStandsFirst) {
+TEST(SortedSnapshotsTest, theNewestComesFirst) {
     const SortedSnapshots sorted(inspection({snapshot("old", 1), snapshot("new", 3), snapshot("middle", 2)}));
     EXPECT_EQ(codes(sorted), (std::vector<std::string>{"new", "middle", "old"}));
 }
@@ -76,7 +76,7 @@ TEST(SnapshotsContentTest, withoutAnInspectionTheListIsEmpty) {
     EXPECT_EQ(content.forkNotice, std::nullopt);
 }
 
-TEST(SnapshotsContentTest, saysSoWhereABackupHoldsNoSnapshots) {
+TEST(SnapshotsContentTest, saysSoIfABackupHoldsNoSnapshots) {
     EXPECT_EQ(snapshotsContent(stateWith({})).emptyText,
               QStringLiteral("This backup holds no snapshots, so there is nothing to export. Choose another package."));
     EXPECT_EQ(snapshotsContent(stateWith({snapshot("a", 0)})).emptyText, std::nullopt);
@@ -150,7 +150,7 @@ TEST(SnapshotsContentTest, theEnginesVerdictDecidesThePayloadState) {
     EXPECT_TRUE(rowOf({.payloadFileEvidence = {.complete = true, .missingFileCount = 7}}).isComplete);
 }
 
-TEST(SnapshotsContentTest, theExportTakesThePlaceOfItsButton) {
+TEST(SnapshotsContentTest, theRunningExportReplacesItsButton) {
     for (const Phase phase : allPhases) {
         EXPECT_EQ(snapshotsContent(stateIn(phase)).exporting.has_value(), phase == Phase::exporting);
     }

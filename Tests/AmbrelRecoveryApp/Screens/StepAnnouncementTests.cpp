@@ -73,13 +73,13 @@ TEST(StepAnnouncementTest, readsTheSameErrorAgainOnlyWhenItIsAnotherOne) {
     EXPECT_NE(stepAnnouncement(shown, withError(stateIn(Phase::chooseBackup), QUuid::createUuid())), std::nullopt);
 }
 
-TEST(StepAnnouncementTest, saysNothingWhenTheUserIsBackWhereTheyWere) {
+TEST(StepAnnouncementTest, saysNothingWhenAnOperationEndsWhereItBegan) {
     EXPECT_EQ(between(Phase::inspecting, Phase::chooseBackup), std::nullopt);
     EXPECT_EQ(between(Phase::exporting, Phase::snapshots), std::nullopt);
     EXPECT_EQ(between(Phase::preparingPackage, Phase::chooseBackup), std::nullopt);
 }
 
-TEST(StepAnnouncementTest, saysThatTheWayBeginsAgain) {
+TEST(StepAnnouncementTest, saysWhatToDoWhenTheUserStartsAgain) {
     for (const Phase phase : {Phase::snapshots, Phase::complete}) {
         EXPECT_EQ(between(phase, Phase::chooseBackup), QStringLiteral("Choose backup package"));
     }

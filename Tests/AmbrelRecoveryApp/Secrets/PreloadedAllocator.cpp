@@ -109,7 +109,7 @@ void* reallocarray(void* block, std::size_t count, std::size_t size) noexcept {
     return realloc(block, count * size);
 }
 
-#ifdef TELLS_SIZES
+#ifdef REPORTS_SIZES
 std::size_t malloc_usable_size(void* block) noexcept {
     return block == nullptr ? 0 : sizeOf(block);
 }

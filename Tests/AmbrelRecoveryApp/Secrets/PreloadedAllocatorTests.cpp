@@ -71,7 +71,7 @@ void expectBlocksArePassedOn() {
 
 } // namespace
 
-TEST(TellingAllocatorTest, getsEveryBlockBackWiped) {
+TEST(ReportingAllocatorTest, getsEveryBlockBackWiped) {
     ASSERT_GT(count("preloadedAllocatorGotBack"), 0U) << "the allocator is not preloaded";
     expectBlocksArePassedOn();
     EXPECT_EQ(count("preloadedAllocatorGotBackUnwiped"), 0U);
@@ -84,7 +84,7 @@ TEST(SilentAllocatorTest, getsEveryBlockBack) {
     EXPECT_GT(count("preloadedAllocatorGotBackUnwiped"), 0U);
 }
 
-TEST(PassingAllocatorTest, losesNothingOfTheAllocatorBehind) {
+TEST(ForwardingAllocatorTest, isStillCalled) {
     const std::size_t before = count("preloadedAllocatorHandedOut");
     ASSERT_GT(before, 0U) << "the allocator is not preloaded";
     giveBack();

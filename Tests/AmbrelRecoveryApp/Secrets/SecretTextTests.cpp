@@ -27,12 +27,12 @@ TEST(SecretTextTest, convertsToUtf8WithoutTrimming) {
     EXPECT_EQ(utf8(u"\u00FC\u4E2D\U0001F5DD"), "\u00FC\u4E2D\U0001F5DD");
 }
 
-TEST(SecretTextTest, replacesWhatIsNoText) {
+TEST(SecretTextTest, replacesInvalidText) {
     const char16_t loneSurrogate[] = {u'a', 0xD800, u'b'};
     EXPECT_EQ(utf8(QStringView(loneSurrogate, 3)), "a\uFFFDb");
 }
 
-TEST(SecretTextTest, comesBackFromUtf8AsItWas) {
+TEST(SecretTextTest, survivesTheRoundTripThroughUtf8) {
     for (const QStringView text : {u"", u" plain ", u"\u00FC\u4E2D\U0001F5DD", u"\uFEFFmark"}) {
         EXPECT_EQ(SecretText::ofUtf8(SecretText(text).utf8()).view(), text);
     }
@@ -60,7 +60,7 @@ TEST(SecretTextTest, replacesCharacters) {
     EXPECT_TRUE(text.view().isEmpty());
 }
 
-TEST(SecretTextTest, isBlankWithoutAnythingButWhiteSpace) {
+TEST(SecretTextTest, isBlankIfItHasOnlyWhiteSpace) {
     EXPECT_TRUE(SecretText().isBlank());
     EXPECT_TRUE(SecretText(u" \t\n\r\u00A0\u2029").isBlank());
     EXPECT_FALSE(SecretText(u" x").isBlank());

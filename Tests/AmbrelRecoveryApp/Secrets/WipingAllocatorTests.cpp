@@ -91,7 +91,7 @@ protected:
 
 } // namespace
 
-TEST(WipingAllocatorTest, wipesWhatIsGivenBack) {
+TEST(WipingAllocatorTest, wipesFreedBlocks) {
     for (const std::size_t size : blockSizes) {
         std::free(markedBlock(size));
         EXPECT_EQ(marksInNextBlock(size), 0) << size;
@@ -99,7 +99,7 @@ TEST(WipingAllocatorTest, wipesWhatIsGivenBack) {
     std::free(nullptr);
 }
 
-TEST(WipingAllocatorTest, wipesABlockThatGrowsElsewhere) {
+TEST(WipingAllocatorTest, wipesTheOldPlaceOfABlockThatMoves) {
     for (const std::size_t size : blockSizes) {
         void* const old = markedBlock(size);
         // Keeps the block from growing where it is.
@@ -139,7 +139,7 @@ TEST_P(WipingAllocatorLargeBlockTest, keepTheirBeginningWhenTheyShrink) {
     std::free(smaller);
 }
 
-TEST_P(WipingAllocatorLargeBlockTest, areWipedAlsoWhereTheirPagesAreLocked) {
+TEST_P(WipingAllocatorLargeBlockTest, areWipedEvenIfTheirPagesAreLocked) {
     if (mlock(block_, size_) != 0) {
         GTEST_SKIP() << "this user may not lock so much memory";
     }
@@ -153,7 +153,7 @@ TEST_P(WipingAllocatorLargeBlockTest, areWipedAlsoWhereTheirPagesAreLocked) {
     std::free(next);
 }
 
-TEST(WipingAllocatorTest, makesNothingResidentThatWasNeverUsed) {
+TEST(WipingAllocatorTest, doesNotMakeUnusedMemoryResident) {
     forgetPeak();
     const std::size_t before = peakOfResidentMemory();
     void* const block = unknownToCompiler(std::malloc(hugeSize));
@@ -177,7 +177,7 @@ TEST(WipingAllocatorTest, wipesABlockThatShrinksToNothing) {
     }
 }
 
-TEST(WipingAllocatorTest, refusesABlockOfMoreThanThereIs) {
+TEST(WipingAllocatorTest, refusesAnImpossibleSize) {
     // Not known to the compiler, which would refuse it first.
     volatile std::size_t tooMany = std::numeric_limits<std::size_t>::max() / 2 + 2;
     errno = 0;

@@ -46,14 +46,14 @@ private:
     const QFont before_ = QApplication::font();
 };
 
-TEST_F(InterfaceFontTest, drawsHanCharactersAsTheReadersOfTheLanguageWriteThem) {
+TEST_F(InterfaceFontTest, drawsHanCharactersInTheFormsOfTheLanguage) {
     EXPECT_EQ(familyIn("zh-Hans", "zh_CN.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK SC"));
     EXPECT_EQ(familyIn("zh-Hant", "zh_TW.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK TC"));
     EXPECT_EQ(familyIn("ja", "ja_JP.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK JP"));
     EXPECT_EQ(familyIn("ko", "ko_KR.UTF-8", boneCharacter), QStringLiteral("Noto Sans CJK KR"));
 }
 
-TEST_F(InterfaceFontTest, prefersTheFormsOfTheLanguageToThoseOfADesktopInAnother) {
+TEST_F(InterfaceFontTest, prefersTheFormsOfTheLanguageToThoseOfTheDesktop) {
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Noto Sans CJK SC"), AmbrelInterfaceLanguage::japanese),
               QStringList({"Noto Sans CJK JP", "Noto Sans CJK SC"}));
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Inter"), AmbrelInterfaceLanguage::japanese),
@@ -61,7 +61,7 @@ TEST_F(InterfaceFontTest, prefersTheFormsOfTheLanguageToThoseOfADesktopInAnother
     EXPECT_EQ(interfaceFontFamilies(QStringLiteral("Inter"), AmbrelInterfaceLanguage::polish), QStringList("Inter"));
 }
 
-TEST_F(InterfaceFontTest, drawsArabicWithTheSansSerifOfTheSameFamilies) {
+TEST_F(InterfaceFontTest, drawsArabicInAMatchingSansSerif) {
     EXPECT_EQ(familyIn("ar", "ar_EG.UTF-8", QStringLiteral("اختيار")), QStringLiteral("Noto Sans Arabic"));
 }
 
@@ -71,7 +71,7 @@ TEST_F(InterfaceFontTest, drawsLatinLettersWithTheFontOfTheDesktop) {
     EXPECT_EQ(familyIn("ar", "ar_EG.UTF-8", QStringLiteral("Photos")), ofTheDesktop);
 }
 
-TEST_F(InterfaceFontTest, leavesTheFontOfTheDesktopAloneAgainInOtherLanguages) {
+TEST_F(InterfaceFontTest, restoresTheFontOfTheDesktopInOtherLanguages) {
     const QStringList families = QApplication::font().families();
     familyIn("ja", "ja_JP.UTF-8", boneCharacter);
     familyIn("de", "de_DE.UTF-8", boneCharacter);

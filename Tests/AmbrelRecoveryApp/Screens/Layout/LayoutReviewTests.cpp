@@ -49,7 +49,7 @@ protected:
     QWidget window;
 };
 
-TEST_F(LayoutReviewTest, findsNothingWhereEveryTextHasItsPlace) {
+TEST_F(LayoutReviewTest, findsNothingIfEveryTextFits) {
     label(QStringLiteral("Unlock the backup"), {10, 10, 200, 30});
     label(QStringLiteral("Unlock the backup"), {10, 50, 60, 90});
     EXPECT_THAT(findings(), IsEmpty());
@@ -60,12 +60,12 @@ TEST_F(LayoutReviewTest, reportsALabelThatIsTooNarrowForItsText) {
     EXPECT_THAT(findings(), Contains(HasSubstr("“Unlock the backup” (TextLabel): needs")));
 }
 
-TEST_F(LayoutReviewTest, reportsAWordThatIsTorn) {
+TEST_F(LayoutReviewTest, reportsABrokenWord) {
     label(QStringLiteral("Wiederherstellung"), {10, 10, 60, 90});
     EXPECT_THAT(findings(), Contains(HasSubstr("is torn within a word")));
 }
 
-TEST_F(LayoutReviewTest, doesNotTakeALineBreakBetweenIdeographsForATornWord) {
+TEST_F(LayoutReviewTest, doesNotMistakeALineBreakBetweenIdeographsForABrokenWord) {
     label(QStringLiteral("バックアップパッケージを選択"), {10, 10, 60, 120});
     EXPECT_THAT(findings(), IsEmpty());
 }
@@ -75,7 +75,7 @@ TEST_F(LayoutReviewTest, reportsALabelThatReachesOutOfTheWindow) {
     EXPECT_THAT(findings(), Contains(HasSubstr("reaches out of")));
 }
 
-TEST_F(LayoutReviewTest, reportsTextsThatLieOverOneAnother) {
+TEST_F(LayoutReviewTest, reportsOverlappingTexts) {
     label(QStringLiteral("one"), {10, 10, 100, 30});
     label(QStringLiteral("other"), {50, 30, 100, 30});
     EXPECT_THAT(findings(), Contains(HasSubstr("“one” (TextLabel): lies over “other”")));

@@ -4,13 +4,13 @@
 
 namespace {
 
-TEST(PseudoLocalizedLayoutTest, everyTextIsShownWholeAtTheSmallestSize) {
+TEST(PseudoLocalizedLayoutTest, everyTextIsShownInFullAtTheSmallestSize) {
     const std::string texts = expectWholeTexts(systemLanguages.front());
     // “Snapshots”, by which it is known that the pseudo-localized table was found.
     EXPECT_NE(texts.find("⟦Šñːåþːšħːöţːš⟧"), std::string::npos);
 }
 
-TEST(PseudoLocalizedLayoutTest, everyTextIsShownWholeWhereTextsAreLarge) {
+TEST(PseudoLocalizedLayoutTest, everyTextIsShownInFullIfTextsAreEnlarged) {
     expectWholeTexts(systemLanguages.front(), 1.5);
 }
 

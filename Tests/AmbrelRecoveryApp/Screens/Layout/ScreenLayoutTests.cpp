@@ -8,14 +8,14 @@ namespace {
 
 class ScreenLayoutTest : public testing::TestWithParam<SystemLanguage> {};
 
-TEST_P(ScreenLayoutTest, everyTextIsShownWholeAtTheSmallestSize) {
+TEST_P(ScreenLayoutTest, everyTextIsShownInFullAtTheSmallestSize) {
     const std::string texts = expectWholeTexts(GetParam());
     const ScopedLanguage language(GetParam().tag, GetParam().locale);
     const QString title = AmbrelStrings::localized(AmbrelStrings::recoveryCredentialTitle());
     EXPECT_NE(texts.find(title.toStdString()), std::string::npos) << title.toStdString();
 }
 
-TEST_P(ScreenLayoutTest, everyTextIsShownWholeWhereTextsAreLarge) {
+TEST_P(ScreenLayoutTest, everyTextIsShownInFullIfTextsAreEnlarged) {
     for (const qreal scale : {1.25, 1.5}) {
         expectWholeTexts(GetParam(), scale);
     }

@@ -1,4 +1,4 @@
-"""The whole road with the engine that the application was built with."""
+"""A whole recovery with the engine that the application was built with."""
 
 import pathlib
 import tempfile
@@ -11,7 +11,7 @@ from walkthrough import walk
 import case_results
 
 
-class WholeRoad(RecoveryTestCase):
+class WholeRecovery(RecoveryTestCase):
     def export(self, application, name="Recovered"):
         destination = self.scratch / name
         application.choose_destination(destination)
@@ -52,7 +52,7 @@ class WholeRoad(RecoveryTestCase):
         self.assertTrue(exported)
         self.assertLess(set(exported.values()), originals)
 
-    def test_a_fork_is_told_and_each_history_can_be_exported(self):
+    def test_a_fork_is_reported_and_a_snapshot_can_be_exported(self):
         made = sample("forked")
         application = self.start()
         application.choose_package(made.package)

@@ -52,7 +52,7 @@ TEST(AmbrelInterfaceLanguageTest, hasItsTextsInDeclarationOrder) {
 }
 
 TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystems) {
-    EXPECT_EQ(Language::system.localeIdentifier(), std::nullopt);
+    EXPECT_EQ(Language(Language::system).localeIdentifier(), std::nullopt);
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.localeIdentifier(), language.rawValue());
     }
@@ -91,9 +91,9 @@ TEST(AmbrelInterfaceLanguageTest, isTheSystemsWhereNothingValidIsStored) {
 }
 
 TEST(AmbrelInterfaceLanguageTest, hasTheLocaleOfItsIdentifier) {
-    EXPECT_STREQ(Language::brazilianPortuguese.locale().getName(), "pt_BR");
-    EXPECT_STREQ(Language::traditionalChinese.locale().getName(), "zh_Hant");
-    EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
+    EXPECT_STREQ(Language(Language::brazilianPortuguese).locale().getName(), "pt_BR");
+    EXPECT_STREQ(Language(Language::traditionalChinese).locale().getName(), "zh_Hant");
+    EXPECT_STREQ(Language(Language::japanese).locale().getName(), "ja");
 }
 
 TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystems) {
@@ -102,14 +102,14 @@ TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystems) {
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.shown(), language);
     }
-    EXPECT_EQ(Language::system.shown(), Language::french);
+    EXPECT_EQ(Language(Language::system).shown(), Language::french);
     variables.set("LC_TIME", "de_DE.UTF-8");
-    EXPECT_EQ(Language::system.shown(), Language::french);
+    EXPECT_EQ(Language(Language::system).shown(), Language::french);
     variables.set("LANGUAGE", "nl:zh_TW:de");
-    EXPECT_EQ(Language::system.shown(), Language::traditionalChinese);
+    EXPECT_EQ(Language(Language::system).shown(), Language::traditionalChinese);
     variables.set("LANGUAGE", "nl");
     variables.set("LANG", "nl_NL.UTF-8");
-    EXPECT_EQ(Language::system.shown(), Language::english);
+    EXPECT_EQ(Language(Language::system).shown(), Language::english);
 }
 
 struct SystemSetting {
@@ -144,7 +144,7 @@ TEST(AmbrelInterfaceLanguageTest, hasTheLanguageShownInTheSystemsRegionWhileItIs
         variables.set("LANGUAGE", setting.language);
         variables.set("LC_MESSAGES", setting.messages);
         variables.set("LC_TIME", setting.time);
-        EXPECT_STREQ(Language::system.locale().getName(), setting.expected);
+        EXPECT_STREQ(Language(Language::system).locale().getName(), setting.expected);
     }
 }
 

@@ -51,7 +51,7 @@ TEST(AmbrelInterfaceLanguageTest, hasItsTextsInDeclarationOrder) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsSystem) {
     EXPECT_EQ(Language(Language::system).localeIdentifier(), std::nullopt);
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.localeIdentifier(), language.rawValue());
@@ -81,7 +81,7 @@ TEST(AmbrelInterfaceLanguageTest, isFoundByItsExactRawValue) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, isTheSystemsWhereNothingValidIsStored) {
+TEST(AmbrelInterfaceLanguageTest, isSystemIfNothingValidIsStored) {
     EXPECT_EQ(Language::fromStoredValue(std::nullopt), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QString()), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QStringLiteral("EN")), Language::system);
@@ -96,7 +96,7 @@ TEST(AmbrelInterfaceLanguageTest, hasTheLocaleOfItsIdentifier) {
     EXPECT_STREQ(Language(Language::japanese).locale().getName(), "ja");
 }
 
-TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsSystem) {
     ScopedLocaleVariables variables;
     variables.set("LANG", "fr_CA.UTF-8");
     for (const Language language : Language::selectableLanguages()) {
@@ -119,7 +119,7 @@ struct SystemSetting {
     const char* expected;
 };
 
-TEST(AmbrelInterfaceLanguageTest, hasTheLanguageShownInTheSystemsRegionWhileItIsTheSystems) {
+TEST(AmbrelInterfaceLanguageTest, hasTheShownLanguageInTheSystemsRegionIfItIsSystem) {
     const SystemSetting settings[] = {
         {"", "fr_CA.UTF-8", "fr_CA.UTF-8", "fr_CA"},
         {"", "de_DE.UTF-8", "en_GB.UTF-8", "de_GB"},

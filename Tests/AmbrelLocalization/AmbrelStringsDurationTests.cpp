@@ -45,7 +45,7 @@ TEST(FormattedDurationTest, roundsTheLastUnit) {
     EXPECT_EQ(duration(23h + 59min + 40s), QStringLiteral("1 day"));
 }
 
-TEST(FormattedDurationTest, hasOneSignWhereItIsNegative) {
+TEST(FormattedDurationTest, hasOneSignIfItIsNegative) {
     EXPECT_EQ(duration(-3'661s), QStringLiteral("-1 hr, 1 min"));
 }
 

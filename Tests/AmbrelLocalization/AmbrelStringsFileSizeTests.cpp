@@ -43,7 +43,7 @@ TEST(FormattedFileSizeTest, neverShowsAThousandOfAUnit) {
     EXPECT_EQ(size(999'995'000'000), QStringLiteral("1 TB"));
 }
 
-TEST(FormattedFileSizeTest, hasASignWhereItIsNegative) {
+TEST(FormattedFileSizeTest, hasASignIfItIsNegative) {
     EXPECT_EQ(size(-1'500'000), QStringLiteral("-1.5 MB"));
     EXPECT_EQ(size(std::numeric_limits<std::int64_t>::min()), QStringLiteral("-9,223.37 PB"));
 }

@@ -83,7 +83,7 @@ TEST(InterfaceResourcesTest, haveEveryKeyOnceAndTheRecoveryGroupFirst) {
     EXPECT_EQ(std::ranges::count_if(resources, isRecovery), 97);
 }
 
-TEST_F(AmbrelStringsTest, areInTheSystemsLanguageWhereNothingIsStored) {
+TEST_F(AmbrelStringsTest, areInTheSystemsLanguageIfNothingIsStored) {
     EXPECT_EQ(AmbrelStrings::currentInterfaceLanguage(), Language::system);
     EXPECT_EQ(localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in fr"));
 }
@@ -107,7 +107,7 @@ TEST_F(AmbrelStringsTest, areInTheLanguageThatAnotherProcessSavedLast) {
     EXPECT_EQ(localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in fr"));
 }
 
-TEST_F(AmbrelStringsTest, areStoredInTheHomeFolderWhereNoConfigurationFolderIsSet) {
+TEST_F(AmbrelStringsTest, areStoredInTheHomeFolderIfNoConfigurationFolderIsSet) {
     const TemporaryDirectory home;
     const ScopedEnvironment homeVariable("HOME", home.path());
     const ScopedEnvironment configuration("XDG_CONFIG_HOME", std::nullopt);

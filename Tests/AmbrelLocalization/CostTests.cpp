@@ -34,27 +34,27 @@ TEST_F(CostTest, isCounted) {
     EXPECT_EQ(callsOf([] { EXPECT_TRUE(std::filesystem::exists("/etc/passwd")); }).states, 1U);
 }
 
-TEST_F(CostTest, ofALookupIsTwoStates) {
+TEST_F(CostTest, ofALookupIsTwoStatCalls) {
     AmbrelStrings::localized(AmbrelStrings::genericCancel());
     const CountedFileCalls calls = callsOf([] { AmbrelStrings::localized(AmbrelStrings::genericCancel()); });
     EXPECT_EQ(calls, (CountedFileCalls{.states = 2, .openings = 0}));
 }
 
-TEST_F(CostTest, ofALookupInTheSystemsLanguageIsTwoStates) {
+TEST_F(CostTest, ofALookupInTheSystemsLanguageIsTwoStatCalls) {
     std::filesystem::remove(defaults_->path());
     AmbrelStrings::localized(AmbrelStrings::genericCancel());
     const CountedFileCalls calls = callsOf([] { AmbrelStrings::localized(AmbrelStrings::genericCancel()); });
     EXPECT_EQ(calls, (CountedFileCalls{.states = 2, .openings = 0}));
 }
 
-TEST_F(CostTest, ofTheFormattingLocaleIsOneState) {
+TEST_F(CostTest, ofTheFormattingLocaleIsOneStatCall) {
     AmbrelStrings::currentFormattingLocale();
     EXPECT_EQ(callsOf([] { AmbrelStrings::currentFormattingLocale(); }),
               (CountedFileCalls{.states = 1, .openings = 0}));
 }
 
 // Besides what the C library does for the time zone, which is not counted here.
-TEST_F(CostTest, ofADateIsNoFile) {
+TEST_F(CostTest, ofADateIsNoFileCall) {
     const icu::Locale locale = AmbrelStrings::currentFormattingLocale();
     const std::chrono::sys_time<std::chrono::milliseconds> date;
     AmbrelStrings::formattedDateTime(date, locale);

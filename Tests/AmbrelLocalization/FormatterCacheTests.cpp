@@ -24,7 +24,7 @@ TEST(FormatterCacheTest, tellsKeysApartByTheirParts) {
     EXPECT_EQ(*cache.formatter({"abc"}, make), 3);
 }
 
-TEST(FormatterCacheTest, triesAgainWhereNoneCouldBeMade) {
+TEST(FormatterCacheTest, triesAgainIfNoneCouldBeMade) {
     FormatterCache<int> cache;
     EXPECT_EQ(cache.formatter({"first"}, [] { return std::unique_ptr<int>(); }), nullptr);
     EXPECT_EQ(*cache.formatter({"first"}, [] { return std::make_unique<int>(1); }), 1);

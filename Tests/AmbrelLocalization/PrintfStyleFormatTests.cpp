@@ -49,18 +49,18 @@ TEST(PrintfStyleFormatTest, writesOnePercentSignForTwo) {
     EXPECT_EQ(filled(QStringLiteral("%%%lld%%"), {5}), QStringLiteral("%5%"));
 }
 
-TEST(PrintfStyleFormatTest, leavesWhatNoValueFitsAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesPlaceholdersWithoutAValue) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3}), QStringLiteral("3 of %lld"));
     EXPECT_EQ(filled(QStringLiteral("%3$lld"), {1, 2}), QStringLiteral("%3$lld"));
     EXPECT_EQ(filled(QStringLiteral("%@"), {}), QStringLiteral("%@"));
 }
 
-TEST(PrintfStyleFormatTest, leavesOutSurplusValues) {
+TEST(PrintfStyleFormatTest, ignoresSurplusValues) {
     EXPECT_EQ(filled(QStringLiteral("none"), {1, 2}), QStringLiteral("none"));
     EXPECT_EQ(filled(QString(), {1}), QString());
 }
 
-TEST(PrintfStyleFormatTest, leavesWhatItDoesNotUnderstandAsItIsWritten) {
+TEST(PrintfStyleFormatTest, leavesUnknownPlaceholders) {
     for (const char* format :
          {"%",        "100 %",  "%s",     "%n",       "%f",    "%p",   "%x",  "%c",
           "%5d",      "%05lld", "%-d",    "%+d",      "% d",   "%.3d", "%*d", "%1$",

@@ -58,7 +58,7 @@ private:
     mutable std::unique_ptr<StringCatalogue> catalogue_;
 };
 
-TEST_F(StringCatalogueTest, followsTheSystemWhereNothingIsStored) {
+TEST_F(StringCatalogueTest, followsTheSystemIfNothingIsStored) {
     EXPECT_EQ(text("both"), QStringLiteral("Français"));
     variables_.set("LANG", "zh_TW.UTF-8");
     EXPECT_EQ(text("both"), QStringLiteral("中文"));
@@ -119,7 +119,7 @@ TEST_F(StringCatalogueTest, fallsBackToEnglishForADamagedTable) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("geheilt"));
 }
 
-TEST_F(StringCatalogueTest, fallsBackToTheKeyWhereEnglishIsDamagedToo) {
+TEST_F(StringCatalogueTest, fallsBackToTheKeyIfEnglishIsDamagedToo) {
     writeTable("en", "{");
     EXPECT_EQ(text("english", "de"), QStringLiteral("english"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
@@ -127,7 +127,7 @@ TEST_F(StringCatalogueTest, fallsBackToTheKeyWhereEnglishIsDamagedToo) {
     EXPECT_EQ(text("english", "de"), QStringLiteral("english"));
 }
 
-TEST_F(StringCatalogueTest, fallsBackWhereAFolderOrNoPermissionIsInTheTablesPlace) {
+TEST_F(StringCatalogueTest, fallsBackIfTheTableIsAFolderOrUnreadable) {
     std::filesystem::remove(folder_.path() / table("de"));
     std::filesystem::create_directory(folder_.path() / table("de"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("English both"));
@@ -144,7 +144,7 @@ TEST_F(StringCatalogueTest, seesATableThatIsReplaced) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D"));
 }
 
-TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
+TEST_F(StringCatalogueTest, keepsItsTextsIfTheApplicationIsMovedAway) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
     const TemporaryDirectory elsewhere;
     std::filesystem::rename(folder_.path() / "Resources", elsewhere / "Resources");
@@ -160,13 +160,13 @@ TEST_F(StringCatalogueTest, keepsItsTextsWhereTheApplicationIsTakenAway) {
 }
 
 // The program's own folder holds the bundle only among its resources, so the copy of the build stands in.
-TEST_F(StringCatalogueTest, takesTheModulesBundleWhereTheApplicationHasNone) {
+TEST_F(StringCatalogueTest, usesTheModulesBundleIfTheApplicationHasNone) {
     std::filesystem::remove_all(folder_.path() / "Resources" / ResourceBundleAccessor::bundleName);
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("both"));
 }
 
-TEST_F(StringCatalogueTest, takesTheModulesBundleWhereTheApplicationHasNoResources) {
+TEST_F(StringCatalogueTest, usesTheModulesBundleIfTheApplicationHasNoResources) {
     std::filesystem::remove_all(folder_.path() / "Resources");
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
 }

@@ -71,7 +71,7 @@ TEST_F(StringTableFileTest, isReadAgainWhenTheFileIsReplaced) {
     }
 }
 
-TEST_F(StringTableFileTest, leavesAValueInUseAsItIs) {
+TEST_F(StringTableFileTest, doesNotChangeATableInUse) {
     writeInPlace(folder_ / "file", tableOf("one"));
     const auto first = file_.current();
     ASSERT_NE(first, nullptr);
@@ -80,7 +80,7 @@ TEST_F(StringTableFileTest, leavesAValueInUseAsItIs) {
     EXPECT_EQ(first->text("key"), QStringLiteral("one"));
 }
 
-TEST_F(StringTableFileTest, isReadAgainAfterAFailureThatHadNothingToDoWithTheFile) {
+TEST_F(StringTableFileTest, isReadAgainAfterAFailureUnrelatedToTheFile) {
     waitUntilSettled(writeInPlace(folder_ / "file", tableOf("one")));
     {
         const NoFreeDescriptors descriptors;

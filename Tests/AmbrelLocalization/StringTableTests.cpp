@@ -17,7 +17,7 @@ TEST(StringTableTest, hasItsTextsByKey) {
     EXPECT_EQ(table.text(""), std::nullopt);
 }
 
-TEST(StringTableTest, isEmptyWhereTheTextIsNoJsonObject) {
+TEST(StringTableTest, isEmptyIfTheTextIsNotAJsonObject) {
     for (const std::string_view bytes :
          {"", "{", "[]", "\"text\"", "null", "{\"a\": \"b\"", "{\"a\": \"b\",}", "{\"a\" \"b\"}", "{\"a\": 'b'}",
           "{\"a\": \"b\"} trailing", "{\"a\": \"b\"}{}", "{\"a\": \"\\ud800\"}", "{\"a\": \"b\x80\"}",

@@ -36,7 +36,7 @@ protected:
     ScopedLocaleVariables variables_;
 };
 
-TEST_F(SystemLocaleTest, prefersNoLanguageWhereNoneIsSet) {
+TEST_F(SystemLocaleTest, prefersNoLanguageIfNoneIsSet) {
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList());
     variables_.set("LANG", "C.UTF-8");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList());
@@ -50,7 +50,7 @@ TEST_F(SystemLocaleTest, prefersTheListBeforeTheLocale) {
     EXPECT_EQ(SystemLocale::preferredLanguages(), expected);
 }
 
-TEST_F(SystemLocaleTest, takesEmptyEntriesOfTheListForNothing) {
+TEST_F(SystemLocaleTest, ignoresEmptyEntriesOfTheList) {
     variables_.set("LANGUAGE", "::de::");
     EXPECT_EQ(SystemLocale::preferredLanguages(), QStringList{QStringLiteral("de")});
     variables_.set("LANGUAGE", ":");
@@ -81,7 +81,7 @@ TEST_F(SystemLocaleTest, takesTheRegionFromTheFirstVariableThatIsSet) {
     EXPECT_EQ(SystemLocale::region(), "419");
 }
 
-TEST_F(SystemLocaleTest, hasNoRegionWhereNoneIsNamed) {
+TEST_F(SystemLocaleTest, hasNoRegionIfNoneIsNamed) {
     EXPECT_EQ(SystemLocale::region(), "");
     for (const char* name :
          {"C", "POSIX", "C.UTF-8", "", "%%%", "_", "1", "de-\xFF\xFE", "x-private", "de", "zh-Hant"}) {

@@ -259,7 +259,7 @@ TEST(AmbrelRecoveryInspectionDocumentTest, recommendsTheOnlySnapshotWithoutAReta
     EXPECT_EQ(withSnapshots("single-head", "-").recommendedSnapshotCode(), "0");
 }
 
-TEST(AmbrelRecoveryInspectionDocumentTest, recommendsNothingWhereTheChoiceIsNotClear) {
+TEST(AmbrelRecoveryInspectionDocumentTest, recommendsNothingIfTheChoiceIsUnclear) {
     for (const char* const signs : {"", "++", "+-+", "--", "---"}) {
         EXPECT_EQ(withSnapshots("single-head", signs).recommendedSnapshotCode(), std::nullopt) << signs;
     }

@@ -130,7 +130,7 @@ TEST_F(ProcessRunnerContractTest, passesTheArgumentsVerbatim) {
                             "--", "-", "caf\\xc3\\xa9", "not UTF-8: \\xff\\xfe", "%s%n"));
 }
 
-TEST_F(ProcessRunnerContractTest, passesNoArgumentWhereThereIsNone) {
+TEST_F(ProcessRunnerContractTest, passesNoArgumentIfThereIsNone) {
     const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "print-arguments");
     EXPECT_EQ(run({}).standardOutput, "");
 }
@@ -199,7 +199,7 @@ TEST_F(ProcessRunnerContractTest, namesEveryPrivateDirectoryWithAFreshRandomIden
     EXPECT_EQ(seen.size(), 10U);
 }
 
-TEST_F(ProcessRunnerContractTest, usesTheCommonTemporaryDirectoryWhereNoneIsConfigured) {
+TEST_F(ProcessRunnerContractTest, usesTheCommonTemporaryDirectoryIfNoneIsConfigured) {
     for (const std::optional<std::string>& value : {std::optional<std::string>(), std::optional<std::string>("")}) {
         const ScopedEnvironment unconfigured("TMPDIR", value);
         const std::string line = valuesOf(run({"print-output-files"}).standardOutput, "directory").front();

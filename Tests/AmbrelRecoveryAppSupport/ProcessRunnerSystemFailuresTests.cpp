@@ -85,7 +85,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, thatHideTheStatusNeverLookLikeASuccess) 
     EXPECT_EQ(waitid(P_ALL, 0, &information, WEXITED), 0);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, toGetADescriptorOutOfTheWayOfTheStandardStreamsFailTheRun) {
+TEST_F(ProcessRunnerSystemFailuresTest, toMoveADescriptorAboveTheStandardStreamsFailTheRun) {
     const std::string outcome = ChildProcess::outcome([this] {
         close(STDIN_FILENO);
         std::string findings;
@@ -133,7 +133,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, areNotCausedByTerminationRequestsToAnIde
     EXPECT_EQ(SystemCallFaults::calls("pidfd_send_signal"), 1) << "nothing else is asked to end";
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, anEngineWhoseApplicationIsGoneByThenDoesNotBegin) {
+TEST_F(ProcessRunnerSystemFailuresTest, anEngineWhoseApplicationIsGoneDoesNotBegin) {
     // The new process finds another parent than the one that launched it.
     constexpr int mostCalls = 4;
     for (int occurrence = 1; occurrence <= mostCalls; ++occurrence) {

@@ -2,6 +2,9 @@
 
 #include <QFile>
 
+#include <cstdint>
+#include <string_view>
+
 namespace {
 
 constexpr std::uint64_t maximumSize = 10'000'000;

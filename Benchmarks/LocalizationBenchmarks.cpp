@@ -4,8 +4,7 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/AmbrelUserDefaults.h"
-#include "AmbrelLocalization/FileContents.h"
-#include "AmbrelLocalization/StringTable.h"
+#include "AmbrelLocalization/StringTableFile.h"
 
 #include <QFile>
 #include <QHash>
@@ -28,7 +27,6 @@
 
 namespace {
 
-constexpr std::size_t largestTable = 1'000'000;
 constexpr const char* key = "ambrel.recovery.choose-package.action";
 
 const QString& storageKey() {
@@ -129,9 +127,8 @@ BENCHMARK(lookupIcuResourceBundle);
 
 void loadAmbrel(benchmark::State& state) {
     for (auto _ : state) {
-        const auto contents = FileContents::read(AMBREL_ENGLISH_TABLE, largestTable);
-        const StringTable table = StringTable::decoded(contents ? contents->bytes : std::string());
-        if (table.size() != AmbrelStrings::interfaceResources().size()) {
+        const auto table = StringTableFile(AMBREL_ENGLISH_TABLE).current();
+        if (!table || table->size() != AmbrelStrings::interfaceResources().size()) {
             state.SkipWithError("the table was not loaded");
         }
     }

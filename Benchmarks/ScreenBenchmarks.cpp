@@ -9,7 +9,7 @@
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
-#include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
+#include "AmbrelRecoveryAppSupport/CloudItems.h"
 #include "BareRows.h"
 #include "RowWidgets.h"
 #include "SampleSnapshots.h"
@@ -160,7 +160,7 @@ private:
     DesktopFileViewer viewer_;
 
 public:
-    RecoveryViewModel model{"/bin/true", {panels_, viewer_, std::make_shared<LocalCloudItems>()}};
+    RecoveryViewModel model{"/bin/true", {panels_, viewer_, std::make_shared<CloudItems>()}};
     RecoveryRootView view{model};
 };
 

@@ -31,6 +31,4 @@ struct AmbrelDateFormatStyle {
     std::optional<QString> calendar = std::nullopt;
 
     CapitalizationContext capitalizationContext = CapitalizationContext::unknown;
-
-    friend bool operator==(const AmbrelDateFormatStyle&, const AmbrelDateFormatStyle&) = default;
 };

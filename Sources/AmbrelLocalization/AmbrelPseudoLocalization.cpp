@@ -1,10 +1,8 @@
 #include "AmbrelLocalization/AmbrelPseudoLocalization.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelLocalization/IcuText.h"
-#include "AmbrelLocalization/UserPerceivedCharacters.h"
 
-#include <unicode/uchar.h>
+#include <QTextBoundaryFinder>
 
 #include <cstddef>
 #include <cstdint>
@@ -31,10 +29,6 @@ void appendAccented(QString& result, QStringView character) {
     }
 }
 
-bool isLetter(QStringView character) {
-    return u_isalpha(IcuText::view(character).char32At(0)) != 0;
-}
-
 } // namespace
 
 namespace AmbrelPseudoLocalization {
@@ -45,13 +39,15 @@ QString expanded(const QString& text, const LocalizedStringResource& resource) {
     }
     QString result(openingBracket);
     std::int64_t letterCount = 0;
-    UserPerceivedCharacters characters(text);
-    while (!characters.isAtEnd()) {
-        const QStringView character = characters.next();
+    QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, text);
+    qsizetype start = 0;
+    for (qsizetype end = boundaries.toNextBoundary(); end > start; end = boundaries.toNextBoundary()) {
+        const QStringView character = QStringView(text).sliced(start, end - start);
         appendAccented(result, character);
-        if (isLetter(character) && ++letterCount % 2 == 0) {
+        if (QChar::isLetter(character.toUcs4().front()) && ++letterCount % 2 == 0) {
             result += QChar(expansionMark);
         }
+        start = end;
     }
     return result + QChar(closingBracket);
 }

@@ -9,6 +9,8 @@
 #include <unicode/simpletz.h>
 #include <unicode/smpdtfmt.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -19,86 +21,26 @@ namespace {
 
 using Style = AmbrelDateFormatStyle;
 
+// The fields of the parts of a style, and its contexts, in the order of their enumerators.
+constexpr std::array dateFields = {"", "yMd", "yMMMd", "yMMMMd", "yMMMMEEEEd"};
+constexpr std::array timeFields = {"", "jm", "jms", "jmsz"};
+constexpr std::array contexts = {
+    UDISPCTX_CAPITALIZATION_NONE, UDISPCTX_CAPITALIZATION_FOR_STANDALONE, UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU,
+    UDISPCTX_CAPITALIZATION_FOR_BEGINNING_OF_SENTENCE, UDISPCTX_CAPITALIZATION_FOR_MIDDLE_OF_SENTENCE};
+
 /// The fields of a style as a CLDR skeleton; the language determines their order and separators.
 std::string skeleton(const Style& style) {
-    const bool isEmpty = style.date == Style::Date::none && style.time == Style::Time::none;
-    std::string result;
-    switch (isEmpty ? Style::Date::numeric : style.date) {
-    case Style::Date::none:
-        break;
-    case Style::Date::numeric:
-        result = "yMd";
-        break;
-    case Style::Date::abbreviated:
-        result = "yMMMd";
-        break;
-    case Style::Date::longForm:
-        result = "yMMMMd";
-        break;
-    case Style::Date::complete:
-        result = "yMMMMEEEEd";
-        break;
+    if (style.date == Style::Date::none && style.time == Style::Time::none) {
+        return skeleton({.date = Style::Date::numeric, .time = Style::Time::shortened});
     }
-    switch (isEmpty ? Style::Time::shortened : style.time) {
-    case Style::Time::none:
-        break;
-    case Style::Time::shortened:
-        result += "jm";
-        break;
-    case Style::Time::standard:
-        result += "jms";
-        break;
-    case Style::Time::complete:
-        result += "jmsz";
-        break;
-    }
-    return result;
+    return std::string(dateFields[static_cast<std::size_t>(style.date)]) +
+           timeFields[static_cast<std::size_t>(style.time)];
 }
 
-UDisplayContext displayContext(Style::CapitalizationContext context) {
-    switch (context) {
-    case Style::CapitalizationContext::unknown:
-        break;
-    case Style::CapitalizationContext::standalone:
-        return UDISPCTX_CAPITALIZATION_FOR_STANDALONE;
-    case Style::CapitalizationContext::listItem:
-        return UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU;
-    case Style::CapitalizationContext::beginningOfSentence:
-        return UDISPCTX_CAPITALIZATION_FOR_BEGINNING_OF_SENTENCE;
-    case Style::CapitalizationContext::middle:
-        return UDISPCTX_CAPITALIZATION_FOR_MIDDLE_OF_SENTENCE;
-    }
-    return UDISPCTX_CAPITALIZATION_NONE;
-}
-
-constexpr std::size_t longestUsualDescription = 80;
-
-/// The parameters of a date formatter, with the system's calendar already resolved.
-struct Recipe {
-    std::string skeleton;
-    std::string calendar;
-    UDisplayContext context = UDISPCTX_CAPITALIZATION_NONE;
-
-    explicit Recipe(const Style& style)
-        : skeleton(AmbrelStrings::skeleton(style)),
-          calendar(style.calendar ? style.calendar->toStdString() : SystemLocale::calendar()),
-          context(displayContext(style.capitalizationContext)) {}
-
-    /// Uniquely identifies this recipe in this locale.
-    std::string description(const icu::Locale& locale) const {
-        std::string result;
-        result.reserve(longestUsualDescription);
-        result.append(skeleton).append("|");
-        result.append(std::to_string(context)).append("|");
-        // Both names can contain any character; the length prefix keeps them apart.
-        result.append(std::to_string(calendar.size())).append("|").append(calendar).append(locale.getName());
-        return result;
-    }
-};
-
-std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, icu::Locale locale) {
+std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Style& style, icu::Locale locale) {
+    const std::string calendar = style.calendar ? style.calendar->toStdString() : SystemLocale::calendar();
     UErrorCode status = U_ZERO_ERROR;
-    locale.setKeywordValue("calendar", recipe.calendar.c_str(), status);
+    locale.setKeywordValue("calendar", calendar.c_str(), status);
     // An invalid calendar name keeps the locale's default calendar.
     status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
@@ -106,19 +48,23 @@ std::unique_ptr<const icu::SimpleDateFormat> newFormatter(const Recipe& recipe, 
     if (U_FAILURE(status) || !generator) {
         return nullptr;
     }
-    const icu::UnicodeString pattern = generator->getBestPattern(icu::UnicodeString::fromUTF8(recipe.skeleton), status);
+    const icu::UnicodeString pattern = generator->getBestPattern(icu::UnicodeString::fromUTF8(skeleton(style)), status);
     auto formatter = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
     if (U_FAILURE(status)) {
         return nullptr;
     }
-    formatter->setContext(recipe.context, status);
+    formatter->setContext(contexts[static_cast<std::size_t>(style.capitalizationContext)], status);
     return formatter;
 }
 
 std::shared_ptr<const icu::SimpleDateFormat> dateFormatter(const Style& style, const icu::Locale& locale) {
     static FormatterCache<icu::SimpleDateFormat> cache;
-    const Recipe recipe(style);
-    return cache.formatter(recipe.description(locale), [&] { return newFormatter(recipe, locale); });
+    // The system's conventions are a cheaper key than the calendar that follows from them.
+    return cache.formatter({skeleton(style), std::to_string(static_cast<int>(style.capitalizationContext)),
+                            style.calendar ? "calendar" : "conventions",
+                            style.calendar ? style.calendar->toStdString() : SystemLocale::conventions(),
+                            locale.getName()},
+                           [&] { return newFormatter(style, locale); });
 }
 
 std::chrono::seconds offset(std::chrono::sys_time<std::chrono::milliseconds> date, const Style& style) {

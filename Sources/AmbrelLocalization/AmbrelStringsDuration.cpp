@@ -63,7 +63,7 @@ Amounts largestAmounts(double seconds) {
 
 std::shared_ptr<const icu::MeasureFormat> durationFormatter(const icu::Locale& locale) {
     static FormatterCache<icu::MeasureFormat> cache;
-    return cache.formatter(locale.getName(), [&locale] {
+    return cache.formatter({locale.getName()}, [&locale] {
         UErrorCode status = U_ZERO_ERROR;
         auto formatter = std::make_unique<icu::MeasureFormat>(locale, UMEASFMT_WIDTH_SHORT, status);
         return U_SUCCESS(status) ? std::move(formatter) : nullptr;

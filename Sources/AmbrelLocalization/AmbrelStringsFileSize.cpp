@@ -8,6 +8,7 @@
 #include <unicode/rbnf.h>
 
 #include <array>
+#include <cmath>
 #include <vector>
 
 namespace AmbrelStrings {
@@ -19,24 +20,22 @@ using icu::number::LocalizedNumberFormatter;
 using icu::number::NumberFormatter;
 
 struct Unit {
-    std::uint64_t bytes;
-    unsigned fractionDigits;
+    /// The smallest part of the unit that is shown, in bytes, and how many of them make the unit.
+    double step;
+    double steps;
     icu::MeasureUnit (*measure)();
 };
 
 constexpr std::array<Unit, 6> units = {{
-    {1, 0, icu::MeasureUnit::getByte},
-    {1'000, 0, icu::MeasureUnit::getKilobyte},
-    {1'000'000, 1, icu::MeasureUnit::getMegabyte},
-    {1'000'000'000, 2, icu::MeasureUnit::getGigabyte},
-    {1'000'000'000'000, 2, icu::MeasureUnit::getTerabyte},
-    {1'000'000'000'000'000, 2, icu::MeasureUnit::getPetabyte},
+    {1, 1, icu::MeasureUnit::getByte},
+    {1e3, 1, icu::MeasureUnit::getKilobyte},
+    {1e5, 10, icu::MeasureUnit::getMegabyte},
+    {1e7, 100, icu::MeasureUnit::getGigabyte},
+    {1e10, 100, icu::MeasureUnit::getTerabyte},
+    {1e13, 100, icu::MeasureUnit::getPetabyte},
 }};
+constexpr std::size_t byte = 0;
 constexpr std::size_t kilobyte = 1;
-
-constexpr std::uint64_t powerOfTen(unsigned exponent) {
-    return exponent == 0 ? 1 : 10 * powerOfTen(exponent - 1);
-}
 
 struct Amount {
     double value;
@@ -45,18 +44,12 @@ struct Amount {
 
 /// The size in the largest unit in which it is at least one after rounding (half to even), so that 999,999 bytes are
 /// one megabyte, not 1,000 kilobytes.
-Amount rounded(std::uint64_t byteCount) {
+Amount rounded(double byteCount) {
     for (std::size_t index = 0;; ++index) {
         const Unit& unit = units[index];
-        const std::uint64_t scale = powerOfTen(unit.fractionDigits);
-        const std::uint64_t step = unit.bytes / scale;
-        std::uint64_t steps = byteCount / step;
-        const std::uint64_t rest = byteCount % step;
-        if (rest > step - rest || (rest == step - rest && steps % 2 == 1)) {
-            ++steps;
-        }
-        if (steps < 1'000 * scale || index + 1 == units.size()) {
-            return {static_cast<double>(steps) / static_cast<double>(scale), index};
+        const double value = std::nearbyint(byteCount / unit.step) / unit.steps;
+        if (std::abs(value) < 1'000 || index + 1 == units.size()) {
+            return {value, index};
         }
     }
 }
@@ -97,16 +90,13 @@ QString zeroText(const LocalizedNumberFormatter& formatter, const icu::Locale& l
 
 std::shared_ptr<const Formatters> sizeFormatters(const icu::Locale& locale) {
     static FormatterCache<Formatters> cache;
-    return cache.formatter(locale.getName(), [&locale] {
+    return cache.formatter({locale.getName()}, [&locale] {
         auto formatters = std::make_unique<Formatters>();
-        for (const Unit& unit : units) {
+        for (std::size_t index = 0; index < units.size(); ++index) {
             // Bytes are spelled out, since their abbreviation alone is unclear.
-            const auto width = unit.bytes == 1 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
-            const auto digits = static_cast<std::int32_t>(unit.fractionDigits);
-            formatters->ofUnit.push_back(NumberFormatter::withLocale(locale)
-                                             .unit(unit.measure())
-                                             .unitWidth(width)
-                                             .precision(icu::number::Precision::maxFraction(digits)));
+            const auto width = index == byte ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT;
+            formatters->ofUnit.push_back(
+                NumberFormatter::withLocale(locale).unit(units[index].measure()).unitWidth(width));
         }
         formatters->zero = zeroText(formatters->ofUnit[kilobyte], locale);
         return formatters;
@@ -120,13 +110,9 @@ QString formattedFileSize(std::int64_t byteCount, const icu::Locale& locale) {
     if (byteCount == 0 && !formatters->zero.isEmpty()) {
         return formatters->zero;
     }
-    const bool isNegative = byteCount < 0;
-    const auto bits = static_cast<std::uint64_t>(byteCount);
-    const Amount amount = rounded(isNegative ? 0 - bits : bits);
+    const Amount amount = rounded(static_cast<double>(byteCount));
     UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString text = formatters->ofUnit[amount.unit]
-                                        .formatDouble(isNegative ? -amount.value : amount.value, status)
-                                        .toString(status);
+    const icu::UnicodeString text = formatters->ofUnit[amount.unit].formatDouble(amount.value, status).toString(status);
     return U_SUCCESS(status) ? IcuText::toQString(text) : QString::number(byteCount);
 }
 

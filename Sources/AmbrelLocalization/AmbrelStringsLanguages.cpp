@@ -1,6 +1,7 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/AmbrelUserDefaults.h"
+#include "AmbrelLocalization/SystemLocale.h"
 
 #include <string_view>
 
@@ -9,22 +10,13 @@ namespace AmbrelStrings {
 namespace {
 
 /// The locale of a tag, or the root locale if the tag is invalid or its language code does not have two letters.
-icu::Locale parsedTag(const QString& tag) {
-    // A tag is ASCII and short; anything else is not passed to the parser.
+icu::Locale parsedTag(QString tag) {
     constexpr qsizetype longestTag = 100;
-    UErrorCode status = U_ZERO_ERROR;
-    if (tag.size() > longestTag) {
-        return icu::Locale::getRoot();
-    }
-    QString hyphenated = tag;
-    hyphenated.replace(u'_', u'-');
+    tag.replace(u'_', u'-');
     // Only two-letter codes can match, but the parser would shorten equivalent longer codes.
-    const qsizetype codeLength = (hyphenated + u'-').indexOf(u'-');
-    if (codeLength != 2) {
-        return icu::Locale::getRoot();
-    }
-    const icu::Locale locale = icu::Locale::forLanguageTag(hyphenated.toStdString(), status);
-    return U_SUCCESS(status) && !locale.isBogus() ? locale : icu::Locale::getRoot();
+    const bool hasTwoLetters = (tag + u'-').indexOf(u'-') == 2;
+    return hasTwoLetters && tag.size() <= longestTag ? SystemLocale::localeOfTag(tag.toStdString())
+                                                     : icu::Locale::getRoot();
 }
 
 QString chineseLocaleIdentifier(const icu::Locale& locale) {

@@ -16,14 +16,14 @@ using icu::number::NumberFormatter;
 
 std::shared_ptr<const LocalizedNumberFormatter> numberFormatter(const icu::Locale& locale) {
     static FormatterCache<LocalizedNumberFormatter> cache;
-    return cache.formatter(locale.getName(), [&locale] {
+    return cache.formatter({locale.getName()}, [&locale] {
         return std::make_unique<LocalizedNumberFormatter>(NumberFormatter::withLocale(locale));
     });
 }
 
 std::shared_ptr<const LocalizedNumberFormatter> percentFormatter(const icu::Locale& locale) {
     static FormatterCache<LocalizedNumberFormatter> cache;
-    return cache.formatter(locale.getName(), [&locale] {
+    return cache.formatter({locale.getName()}, [&locale] {
         return std::make_unique<LocalizedNumberFormatter>(NumberFormatter::withLocale(locale)
                                                               .unit(icu::NoUnit::percent())
                                                               .scale(icu::number::Scale::powerOfTen(2))

@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include <sys/stat.h>
+
 namespace {
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -10,7 +12,11 @@ std::int64_t nanoseconds(const timespec& time) {
 
 } // namespace
 
-FileStamp FileStamp::fromStatus(const struct stat& status) {
+std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
     FileStamp stamp;
     stamp.device_ = status.st_dev;
     stamp.inode_ = status.st_ino;
@@ -18,22 +24,6 @@ FileStamp FileStamp::fromStatus(const struct stat& status) {
     stamp.modifiedNanoseconds_ = nanoseconds(status.st_mtim);
     stamp.changedNanoseconds_ = nanoseconds(status.st_ctim);
     return stamp;
-}
-
-std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
-    }
-    return fromStatus(status);
-}
-
-std::optional<FileStamp> FileStamp::ofDescriptor(int descriptor) {
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
-    }
-    return fromStatus(status);
 }
 
 bool FileStamp::isSettled() const {

@@ -1,27 +1,28 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
-#include <shared_mutex>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 /// A cache of formatters, each created at first use and shared by all threads. The const functions of a formatter must
 /// be safe to call from several threads at once, as ICU's are.
 template<typename Formatter>
 class FormatterCache {
 public:
-    /// Returns the formatter for `description`, calling `make()` (which returns a unique or shared pointer) if there is
-    /// none yet. Null only if `make` returns null, which is not cached.
+    /// What tells the formatter from others: its locale and its further parameters, in a fixed order.
+    using Key = std::vector<std::string>;
+
+    /// Returns the formatter for `key`, calling `make()` (which returns a unique or shared pointer) if there is none
+    /// yet. Null only if `make` returns null, which is not cached.
     template<typename Make>
-    std::shared_ptr<const Formatter> formatter(std::string_view description, const Make& make) {
+    std::shared_ptr<const Formatter> formatter(const Key& key, const Make& make) {
         {
-            const std::shared_lock lock(mutex_);
-            if (const auto found = formatters_.find(description); found != formatters_.end()) {
+            const std::lock_guard lock(mutex_);
+            if (const auto found = formatters_.find(key); found != formatters_.end()) {
                 return found->second;
             }
         }
@@ -30,21 +31,17 @@ public:
         if (!made) {
             return made;
         }
-        const std::unique_lock lock(mutex_);
+        const std::lock_guard lock(mutex_);
         if (formatters_.size() >= capacity) {
             formatters_.clear();
         }
-        return formatters_.try_emplace(std::string(description), std::move(made)).first->second;
+        return formatters_.try_emplace(key, std::move(made)).first->second;
     }
 
 private:
     // Far more than the languages that one program shows; bounds the memory if callers keep asking for new ones.
     static constexpr std::size_t capacity = 128;
 
-    struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
-    };
-
-    std::shared_mutex mutex_;
-    std::unordered_map<std::string, std::shared_ptr<const Formatter>, Hash, std::equal_to<>> formatters_;
+    std::mutex mutex_;
+    std::map<Key, std::shared_ptr<const Formatter>> formatters_;
 };

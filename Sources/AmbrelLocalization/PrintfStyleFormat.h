@@ -1,17 +1,15 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 #include <unicode/locid.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <variant>
 #include <vector>
 
 /// Fills in the catalogue's formats. They look like printf formats but are parsed here: an unknown placeholder, or one
-/// without a matching value, stays in the text unchanged. May be used on any thread.
+/// without a value, stays in the text unchanged. May be used on any thread.
 namespace PrintfStyleFormat {
 
 enum class Kind : std::uint8_t {
@@ -35,13 +33,12 @@ struct Placeholder {
     friend bool operator==(const Placeholder&, const Placeholder&) = default;
 };
 
-/// Returns the placeholders of `format` in order. Flags, widths and precisions are not supported.
-std::vector<Placeholder> placeholders(QStringView format);
+/// Returns the placeholders of `format` in order. Flags, widths and precisions are not supported. Text that is not
+/// valid UTF-16 has no placeholders.
+std::vector<Placeholder> placeholders(const QString& format);
 
-using Value = std::variant<std::int64_t, QString>;
-
-/// Returns `format` with its placeholders filled in: integers as formatted by `AmbrelStrings::formattedNumber` for
-/// `locale`, texts unchanged. A %@ accepts an integer, too. Surplus values are ignored.
-QString filled(QStringView format, std::span<const Value> values, const icu::Locale& locale);
+/// Returns `format` with its placeholders filled in with integers, as formatted by `AmbrelStrings::formattedNumber` for
+/// `locale`. Surplus values are ignored.
+QString filled(const QString& format, std::span<const std::int64_t> values, const icu::Locale& locale);
 
 } // namespace PrintfStyleFormat

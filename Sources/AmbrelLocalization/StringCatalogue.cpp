@@ -1,5 +1,6 @@
 #include "AmbrelLocalization/StringCatalogue.h"
 
+#include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelLocalization/AmbrelUserDefaults.h"
 #include "AmbrelLocalization/resource_bundle_accessor.h"
 
@@ -31,33 +32,23 @@ const StringCatalogue& StringCatalogue::ofProcess() {
 
 StringCatalogue::StringCatalogue(const ApplicationBundle& application,
                                  AmbrelInterfaceLanguagePreferenceStore preferences)
-    : preferences_(std::move(preferences)), tables_(resourceBundle(application)) {}
+    : preferences_(std::move(preferences)) {
+    const std::filesystem::path bundle = resourceBundle(application);
+    for (const QString& identifier : AmbrelStrings::completeLocaleIdentifiers()) {
+        tables_.try_emplace(identifier, bundle / (identifier.toStdString() + ".lproj") / "Localizable.json");
+    }
+    // English replaces missing texts of other languages, even after the bundle has been removed.
+    tables_.at(AmbrelStrings::sourceLocaleIdentifier()).current();
+}
 
 QString StringCatalogue::text(std::string_view key, const std::optional<QString>& localeIdentifier) const {
-    const std::optional<AmbrelInterfaceLanguage> wanted = language(localeIdentifier);
-    if (wanted) {
-        if (const auto text = textInTable(*wanted, key)) {
-            return *text;
-        }
-    }
-    if (wanted != AmbrelInterfaceLanguage::english) {
-        if (const auto text = textInTable(AmbrelInterfaceLanguage::english, key)) {
+    const QString wanted = localeIdentifier ? *localeIdentifier : preferences_.load().shown().rawValue();
+    for (const QString& identifier : {wanted, AmbrelStrings::sourceLocaleIdentifier()}) {
+        const auto file = tables_.find(identifier);
+        const auto table = file != tables_.end() ? file->second.current() : nullptr;
+        if (const auto text = table ? table->text(key) : std::nullopt) {
             return *text;
         }
     }
     return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
-}
-
-std::optional<AmbrelInterfaceLanguage> StringCatalogue::language(const std::optional<QString>& localeIdentifier) const {
-    if (!localeIdentifier) {
-        return preferences_.load().shown();
-    }
-    const std::optional<AmbrelInterfaceLanguage> named = AmbrelInterfaceLanguage::fromRawValue(*localeIdentifier);
-    // As an identifier, "system" names no table; as a stored choice, it selects the system's language.
-    return named == AmbrelInterfaceLanguage::system ? std::nullopt : named;
-}
-
-std::optional<QString> StringCatalogue::textInTable(AmbrelInterfaceLanguage language, std::string_view key) const {
-    const std::shared_ptr<const StringTable> table = tables_.table(language);
-    return table ? table->text(key) : std::nullopt;
 }

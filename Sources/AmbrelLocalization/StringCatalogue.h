@@ -1,12 +1,12 @@
 #pragma once
 
-#include "AmbrelLocalization/AmbrelInterfaceLanguage.h"
 #include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
-#include "AmbrelLocalization/StringTableSet.h"
+#include "AmbrelLocalization/StringTableFile.h"
 #include "AmbrelPlatform/ApplicationBundle.h"
 
 #include <QString>
 
+#include <map>
 #include <optional>
 #include <string_view>
 
@@ -29,9 +29,7 @@ public:
     QString text(std::string_view key, const std::optional<QString>& localeIdentifier = std::nullopt) const;
 
 private:
-    std::optional<AmbrelInterfaceLanguage> language(const std::optional<QString>& localeIdentifier) const;
-    std::optional<QString> textInTable(AmbrelInterfaceLanguage language, std::string_view key) const;
-
     AmbrelInterfaceLanguagePreferenceStore preferences_;
-    StringTableSet tables_;
+    /// Those of all languages, by identifier.
+    std::map<QString, StringTableFile> tables_;
 };

@@ -21,8 +21,6 @@ public:
     StringTable(StringTable&&) = default;
     StringTable& operator=(StringTable&&) = default;
 
-    bool isEmpty() const { return texts_.empty(); }
-
     /// Returns the text under `key`, or std::nullopt if it is missing or blank.
     std::optional<QString> text(std::string_view key) const;
 

@@ -1,29 +1,22 @@
 #include "AmbrelLocalization/SystemLocale.h"
 
+#include <QByteArray>
 #include <unicode/calendar.h>
-#include <unicode/strenum.h>
+#include <unicode/timezone.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <initializer_list>
 #include <memory>
-#include <mutex>
-#include <utility>
 
 namespace {
 
 // Longer names are not languages and need not reach a tag parser.
 constexpr std::size_t longestName = 100;
 
-std::string_view environment(const char* name) {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): see the header
-    return value ? value : std::string_view();
-}
-
-std::string_view firstSet(std::initializer_list<const char*> names) {
+std::string firstSet(std::initializer_list<const char*> names) {
     for (const char* name : names) {
-        if (const std::string_view value = environment(name); !value.empty()) {
-            return value;
+        if (!qEnvironmentVariableIsEmpty(name)) {
+            return qgetenv(name).toStdString();
         }
     }
     return {};
@@ -39,59 +32,8 @@ std::string_view scriptOfModifier(std::string_view modifier) {
     return modifier == "devanagari" ? "Deva" : std::string_view();
 }
 
-/// Returns the locale of `tag`, or std::nullopt if it is not a language tag.
-std::optional<icu::Locale> parsed(const std::string& tag) {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::Locale locale = icu::Locale::forLanguageTag(tag, status);
-    return U_FAILURE(status) || locale.isBogus() ? std::nullopt : std::optional(std::move(locale));
-}
-
-/// Values derived from the locale name for dates; computing them at every lookup would be too expensive.
-class Conventions {
-public:
-    explicit Conventions(std::string_view name) : posixName(name), tag_(SystemLocale::languageTag(name)) {
-        if (const std::optional<icu::Locale> locale = tag_ ? parsed(*tag_) : std::nullopt) {
-            region = locale->getCountry();
-        }
-    }
-
-    /// Computed when first needed, with the first date: it requires data that nothing else loads.
-    const std::string& calendar() const {
-        std::call_once(calendarIsKnown_, [this] {
-            const std::optional<icu::Locale> locale = parsed(tag_.value_or("und"));
-            if (!locale) {
-                return;
-            }
-            UErrorCode status = U_ZERO_ERROR;
-            const std::unique_ptr<icu::StringEnumeration> names(
-                icu::Calendar::getKeywordValuesForLocale("calendar", *locale, true, status));
-            const char* first = names ? names->next(nullptr, status) : nullptr;
-            if (U_SUCCESS(status) && first) {
-                calendar_ = first;
-            }
-        });
-        return calendar_;
-    }
-
-    const std::string posixName;
-    std::string region;
-
-private:
-    std::optional<std::string> tag_;
-    mutable std::once_flag calendarIsKnown_;
-    mutable std::string calendar_ = "gregorian";
-};
-
-std::shared_ptr<const Conventions> currentConventions() {
-    static std::mutex mutex;
-    static std::shared_ptr<const Conventions> known;
-
-    const std::string_view name = firstSet({"LC_ALL", "LC_TIME", "LANG"});
-    const std::lock_guard lock(mutex);
-    if (!known || known->posixName != name) {
-        known = std::make_shared<const Conventions>(name);
-    }
-    return known;
+icu::Locale localeOfConventions() {
+    return SystemLocale::localeOfTag(SystemLocale::languageTag(SystemLocale::conventions()).value_or("und"));
 }
 
 void append(QStringList& tags, std::string_view posixName) {
@@ -106,22 +48,26 @@ namespace SystemLocale {
 
 QStringList preferredLanguages() {
     QStringList tags;
-    std::string_view list = environment("LANGUAGE");
-    while (!list.empty()) {
-        const std::size_t length = std::min(list.find(':'), list.size());
-        append(tags, list.substr(0, length));
-        list.remove_prefix(std::min(length + 1, list.size()));
+    for (const QByteArray& name : qgetenv("LANGUAGE").split(':')) {
+        append(tags, name.toStdString());
     }
     append(tags, firstSet({"LC_ALL", "LC_MESSAGES", "LANG"}));
     return tags;
 }
 
+std::string conventions() {
+    return firstSet({"LC_ALL", "LC_TIME", "LANG"});
+}
+
 std::string region() {
-    return currentConventions()->region;
+    return localeOfConventions().getCountry();
 }
 
 std::string calendar() {
-    return currentConventions()->calendar();
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Calendar> calendar(
+        icu::Calendar::createInstance(*icu::TimeZone::getGMT(), localeOfConventions(), status));
+    return U_SUCCESS(status) && calendar ? calendar->getType() : "gregorian";
 }
 
 std::optional<std::string> languageTag(std::string_view posixName) {
@@ -137,6 +83,12 @@ std::optional<std::string> languageTag(std::string_view posixName) {
         tag.insert(std::min(tag.find('-'), tag.size()), "-" + std::string(script));
     }
     return tag;
+}
+
+icu::Locale localeOfTag(const std::string& tag) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale = icu::Locale::forLanguageTag(tag, status);
+    return U_SUCCESS(status) && !locale.isBogus() ? locale : icu::Locale::getRoot();
 }
 
 } // namespace SystemLocale

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 
 /// Locates the module's resource bundle if it is not among the application's resources.
 namespace ResourceBundleAccessor {

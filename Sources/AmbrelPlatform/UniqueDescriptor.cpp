@@ -9,11 +9,8 @@
 UniqueDescriptor::UniqueDescriptor(UniqueDescriptor&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
-UniqueDescriptor& UniqueDescriptor::operator=(UniqueDescriptor&& other) noexcept {
-    if (this != &other) {
-        close();
-        descriptor_ = std::exchange(other.descriptor_, -1);
-    }
+UniqueDescriptor& UniqueDescriptor::operator=(UniqueDescriptor other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
     return *this;
 }
 

@@ -9,9 +9,8 @@ public:
     explicit UniqueDescriptor(int descriptor) : descriptor_(descriptor) {}
 
     UniqueDescriptor(UniqueDescriptor&& other) noexcept;
-    UniqueDescriptor& operator=(UniqueDescriptor&& other) noexcept;
+    UniqueDescriptor& operator=(UniqueDescriptor other) noexcept;
     UniqueDescriptor(const UniqueDescriptor&) = delete;
-    UniqueDescriptor& operator=(const UniqueDescriptor&) = delete;
     ~UniqueDescriptor();
 
     /// The descriptor, or a negative number if none is held.

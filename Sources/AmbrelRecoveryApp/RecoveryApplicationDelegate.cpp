@@ -14,7 +14,7 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
-#include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
+#include "AmbrelRecoveryAppSupport/CloudItems.h"
 
 #include <QApplication>
 
@@ -50,7 +50,7 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     panels_ = std::make_unique<FilePanels>(window_.get());
     fileViewer_ = std::make_unique<DesktopFileViewer>();
     model_ = std::make_unique<RecoveryViewModel>(
-        engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<LocalCloudItems>()});
+        engine(), RecoveryViewModel::Desktop{*panels_, *fileViewer_, std::make_shared<CloudItems>()});
     showView();
     desktopPreferences_ = std::make_unique<DesktopPreferences>();
     QObject::connect(desktopPreferences_.get(), &DesktopPreferences::lookChanged, window_.get(),

@@ -1,5 +1,7 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryAppFactor.h"
 
+#include <algorithm>
+
 std::string_view rawValue(AmbrelRecoveryAppFactor factor) {
     return commandFlag(factor).substr(std::string_view("--").size());
 }
@@ -9,10 +11,6 @@ std::string_view commandFlag(AmbrelRecoveryAppFactor factor) {
 }
 
 std::optional<AmbrelRecoveryAppFactor> recoveryAppFactor(std::string_view wanted) {
-    for (const AmbrelRecoveryAppFactor factor : allRecoveryAppFactors) {
-        if (rawValue(factor) == wanted) {
-            return factor;
-        }
-    }
-    return std::nullopt;
+    const auto* const found = std::ranges::find(allRecoveryAppFactors, wanted, rawValue);
+    return found == allRecoveryAppFactors.end() ? std::nullopt : std::optional(*found);
 }

@@ -5,10 +5,6 @@
 AmbrelRecoveryCredentialSession::AmbrelRecoveryCredentialSession(AmbrelRecoveryAppFactor factor, SecretBytes credential)
     : factor_(factor), credential_(std::move(credential)) {}
 
-AmbrelRecoveryCredentialSession::~AmbrelRecoveryCredentialSession() {
-    invalidate();
-}
-
 std::optional<SecretBytes> AmbrelRecoveryCredentialSession::credential(AmbrelRecoveryAppFactor factor) const {
     const std::lock_guard lock(mutex_);
     if (!holdsCredential(factor)) {

@@ -16,9 +16,6 @@ public:
     AmbrelRecoveryCredentialSession(const AmbrelRecoveryCredentialSession&) = delete;
     AmbrelRecoveryCredentialSession& operator=(const AmbrelRecoveryCredentialSession&) = delete;
 
-    /// Invalidates the session, so that the bytes are always wiped.
-    ~AmbrelRecoveryCredentialSession();
-
     AmbrelRecoveryAppFactor factor() const { return factor_; }
 
     /// Returns a copy of the credential, which the caller must wipe. Returns std::nullopt if `factor` is not the
@@ -36,6 +33,6 @@ private:
 
     const AmbrelRecoveryAppFactor factor_;
     mutable std::mutex mutex_;
-    /// Empty after invalidation. Guarded by mutex_.
+    /// Empty after invalidation; wipes itself when the session is destroyed. Guarded by mutex_.
     SecretBytes credential_;
 };

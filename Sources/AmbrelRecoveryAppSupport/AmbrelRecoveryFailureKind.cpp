@@ -9,31 +9,25 @@
 
 namespace {
 
+using enum AmbrelRecoveryFailureKind;
+
 struct FailureText {
     /// In lower case; matched anywhere in the engine's error text.
     std::string_view text;
-    AmbrelRecoveryFailureKind withPassphrase;
-    AmbrelRecoveryFailureKind withRecoveryKey;
-
-    constexpr FailureText(std::string_view wanted, AmbrelRecoveryFailureKind kind) : FailureText(wanted, kind, kind) {}
-    constexpr FailureText(std::string_view wanted, AmbrelRecoveryFailureKind passphraseKind,
-                          AmbrelRecoveryFailureKind recoveryKeyKind)
-        : text(wanted), withPassphrase(passphraseKind), withRecoveryKey(recoveryKeyKind) {}
+    AmbrelRecoveryFailureKind kind;
 };
 
-using enum AmbrelRecoveryFailureKind;
-
-/// Searched in this order; the first match decides.
-constexpr std::array failureTexts = {
-    FailureText("did not unlock", wrongPassphrase, wrongRecoveryKey),
-    FailureText("credential is invalid", wrongPassphrase, wrongRecoveryKey),
-    FailureText("invalid or unsupported", invalidPackage),
-    FailureText("package is unavailable", packageUnavailable),
-    FailureText("integrity verification failed", integrityFailure),
-    FailureText("destination already exists", destinationExists),
-    FailureText("destination is unavailable", destinationUnavailable),
-    FailureText("output could not be written", destinationUnavailable),
-};
+/// Searched in this order; the first match decides. The first two concern the credential of either factor.
+constexpr std::array<FailureText, 8> failureTexts = {{
+    {"did not unlock", wrongPassphrase},
+    {"credential is invalid", wrongPassphrase},
+    {"invalid or unsupported", invalidPackage},
+    {"package is unavailable", packageUnavailable},
+    {"integrity verification failed", integrityFailure},
+    {"destination already exists", destinationExists},
+    {"destination is unavailable", destinationUnavailable},
+    {"output could not be written", destinationUnavailable},
+}};
 
 /// All texts searched for are ASCII, so only characters whose lower case is an ASCII letter matter: the ASCII letters,
 /// and the Kelvin sign, whose lower case is a plain k.
@@ -62,7 +56,8 @@ AmbrelRecoveryFailureKind classify(const AmbrelRecoveryProcessResult& result, Am
     const std::string errorText = lowerCased(result.standardError);
     for (const FailureText& failure : failureTexts) {
         if (errorText.find(failure.text) != std::string::npos) {
-            return factor == AmbrelRecoveryAppFactor::recoveryKey ? failure.withRecoveryKey : failure.withPassphrase;
+            const bool isWrongKey = failure.kind == wrongPassphrase && factor == AmbrelRecoveryAppFactor::recoveryKey;
+            return isWrongKey ? wrongRecoveryKey : failure.kind;
         }
     }
     return generic;

@@ -81,12 +81,8 @@ std::optional<std::string> AmbrelRecoveryInspectionDocument::recommendedSnapshot
     if (branchDisposition == unresolvedFork || branchDisposition == noPublishedHead) {
         return std::nullopt;
     }
-    const auto firstTip = std::ranges::find_if(snapshots, &Snapshot::retainedTip);
     if (std::ranges::count_if(snapshots, &Snapshot::retainedTip) == 1) {
-        return firstTip->selectionCode;
+        return std::ranges::find_if(snapshots, &Snapshot::retainedTip)->selectionCode;
     }
-    if (snapshots.size() == 1) {
-        return snapshots.front().selectionCode;
-    }
-    return std::nullopt;
+    return snapshots.size() == 1 ? std::optional(snapshots.front().selectionCode) : std::nullopt;
 }

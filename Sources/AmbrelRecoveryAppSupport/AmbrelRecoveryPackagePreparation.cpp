@@ -9,39 +9,20 @@
 #include <condition_variable>
 #include <mutex>
 #include <system_error>
-#include <utility>
 
 namespace {
 
-/// Sleeps, or throws CancellationError as soon as the token is stopped. If the machine sleeps in the meantime, the rest
-/// of the duration may elapse after it wakes up: the standard library waits on a clock that is stopped while the
-/// machine sleeps.
-void sleepUnlessCancelled(std::chrono::milliseconds duration, std::stop_token stopToken) {
+/// Sleeps, at most until the token is stopped. If the machine sleeps in the meantime, the rest of the duration may
+/// elapse after it wakes up: the standard library waits on a clock that is stopped while the machine sleeps.
+void sleepUnlessCancelled(std::chrono::milliseconds duration, const std::stop_token& stopToken) {
     std::mutex mutex;
     std::condition_variable_any condition;
     std::unique_lock lock(mutex);
-    const std::stop_token token = stopToken;
-    condition.wait_until(lock, std::move(stopToken), BootClock::now() + duration, [] { return false; });
-    if (token.stop_requested()) {
-        throw CancellationError();
-    }
+    condition.wait_until(lock, stopToken, BootClock::now() + duration, [] { return false; });
 }
 
-void startDownloading(const std::filesystem::path& package, CloudItems& cloudItems) {
-    try {
-        cloudItems.startDownloading(package);
-    } catch (const std::system_error&) {
-        throw AmbrelRecoveryPackagePreparationError::downloadFailed;
-    }
-}
-
-std::optional<double> fractionOf(double percent) {
-    return std::isnan(percent) ? std::nullopt : std::optional(std::clamp(percent / 100.0, 0.0, 1.0));
-}
-
-bool isDownloaded(const CloudItems::Properties& properties) {
-    return properties.downloadingStatus == CloudItems::DownloadingStatus::current ||
-           properties.downloadingStatus == CloudItems::DownloadingStatus::downloaded;
+std::optional<double> fractionOf(std::optional<double> percent) {
+    return percent && !std::isnan(*percent) ? std::optional(std::clamp(*percent / 100, 0.0, 1.0)) : std::nullopt;
 }
 
 } // namespace
@@ -54,11 +35,15 @@ void AmbrelRecoveryPackagePreparation::prepareForRead(const std::filesystem::pat
             onProgress(fraction);
         }
     };
-    if (!cloudItems.properties(package).isUbiquitous.value_or(false)) {
+    if (!cloudItems.properties(package).isUbiquitous) {
         report(1.0);
         return;
     }
-    startDownloading(package, cloudItems);
+    try {
+        cloudItems.startDownloading(package);
+    } catch (const std::system_error&) {
+        throw AmbrelRecoveryPackagePreparationError::downloadFailed;
+    }
     for (;;) {
         if (stopToken.stop_requested()) {
             throw CancellationError();
@@ -67,12 +52,8 @@ void AmbrelRecoveryPackagePreparation::prepareForRead(const std::filesystem::pat
         if (properties.hasDownloadingError) {
             throw AmbrelRecoveryPackagePreparationError::downloadFailed;
         }
-        std::optional<double> fraction = cloudItems.percentDownloaded(package);
-        if (fraction) {
-            fraction = fractionOf(*fraction);
-        }
-        report(fraction);
-        if (isDownloaded(properties)) {
+        report(fractionOf(cloudItems.percentDownloaded(package)));
+        if (properties.isDownloaded) {
             report(1.0);
             return;
         }

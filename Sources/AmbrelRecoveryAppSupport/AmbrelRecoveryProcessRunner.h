@@ -27,7 +27,6 @@ public:
 
     AmbrelRecoveryProcessRunner(const AmbrelRecoveryProcessRunner&) = delete;
     AmbrelRecoveryProcessRunner& operator=(const AmbrelRecoveryProcessRunner&) = delete;
-    ~AmbrelRecoveryProcessRunner();
 
     /// The engine's path, absolute, without "." and "..".
     const std::filesystem::path& executableURL() const { return executableURL_; }

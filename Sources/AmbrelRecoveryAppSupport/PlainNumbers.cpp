@@ -55,8 +55,7 @@ std::optional<Spelling> spellingOf(std::string_view token) {
     Spelling spelling;
     spelling.isNegative = takeOneOf(token, "-");
     spelling.whole = takeWhile(token, isDigit);
-    bool isValid = spelling.whole == "0" || !spelling.whole.starts_with('0');
-    isValid = isValid && !spelling.whole.empty();
+    bool isValid = spelling.whole == "0" || (!spelling.whole.empty() && !spelling.whole.starts_with('0'));
     if (takeOneOf(token, ".")) {
         spelling.fraction = takeWhile(token, isDigit);
         isValid = isValid && !spelling.fraction.empty();
@@ -101,19 +100,14 @@ std::string plainly(const Spelling& spelling) {
     return isHeld ? digits : std::string(anyFraction);
 }
 
-/// Whether an odd number of backslashes precedes `place`.
-bool isEscaped(std::string_view text, std::size_t place) {
-    const std::size_t before = text.substr(0, place).find_last_not_of('\\');
-    return (place - before) % 2 == 0;
-}
-
 /// Consumes a string with its quotation marks; an unterminated one extends to the end of the text.
 std::string_view takeString(std::string_view& rest) {
-    std::size_t end = rest.find('"', 1);
-    while (end != std::string_view::npos && isEscaped(rest, end)) {
-        end = rest.find('"', end + 1);
+    std::size_t end = 1;
+    while (end < rest.size() && rest[end] != '"') {
+        const std::size_t escaped = rest[end] == '\\' ? 1 : 0;
+        end += 1 + escaped;
     }
-    const std::string_view string = rest.substr(0, end == std::string_view::npos ? end : end + 1);
+    const std::string_view string = rest.substr(0, end + 1);
     rest.remove_prefix(string.size());
     return string;
 }

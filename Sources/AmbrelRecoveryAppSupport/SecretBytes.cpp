@@ -16,12 +16,9 @@ SecretBytes SecretBytes::copyOf(std::span<const std::byte> bytes) {
 SecretBytes::SecretBytes(SecretBytes&& other) noexcept
     : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)) {}
 
-SecretBytes& SecretBytes::operator=(SecretBytes&& other) noexcept {
-    if (this != &other) {
-        wipe();
-        data_ = std::exchange(other.data_, nullptr);
-        size_ = std::exchange(other.size_, 0);
-    }
+SecretBytes& SecretBytes::operator=(SecretBytes other) noexcept {
+    std::swap(data_, other.data_);
+    std::swap(size_, other.size_);
     return *this;
 }
 

@@ -17,9 +17,8 @@ public:
     static SecretBytes copyOf(std::span<const std::byte> bytes);
 
     SecretBytes(SecretBytes&& other) noexcept;
-    SecretBytes& operator=(SecretBytes&& other) noexcept;
+    SecretBytes& operator=(SecretBytes other) noexcept;
     SecretBytes(const SecretBytes&) = delete;
-    SecretBytes& operator=(const SecretBytes&) = delete;
     ~SecretBytes();
 
     std::size_t size() const { return size_; }

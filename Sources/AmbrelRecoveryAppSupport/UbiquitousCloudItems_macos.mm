@@ -19,17 +19,9 @@ NSURL* fileURL(const std::filesystem::path& item) {
     throw std::system_error(isPosix ? static_cast<int>(underlying.code) : EIO, std::generic_category());
 }
 
-std::optional<CloudItems::DownloadingStatus> downloadingStatus(NSString* status) {
-    if ([status isEqualToString:NSURLUbiquitousItemDownloadingStatusCurrent]) {
-        return CloudItems::DownloadingStatus::current;
-    }
-    if ([status isEqualToString:NSURLUbiquitousItemDownloadingStatusDownloaded]) {
-        return CloudItems::DownloadingStatus::downloaded;
-    }
-    if ([status isEqualToString:NSURLUbiquitousItemDownloadingStatusNotDownloaded]) {
-        return CloudItems::DownloadingStatus::notDownloaded;
-    }
-    return std::nullopt;
+bool isDownloaded(NSString* status) {
+    return [status isEqualToString:NSURLUbiquitousItemDownloadingStatusCurrent] ||
+           [status isEqualToString:NSURLUbiquitousItemDownloadingStatusDownloaded];
 }
 
 } // namespace
@@ -44,10 +36,10 @@ CloudItems::Properties UbiquitousCloudItems::properties(const std::filesystem::p
         if (values == nil) {
             throwSystemError(error);
         }
-        NSNumber* const isUbiquitous = values[NSURLIsUbiquitousItemKey];
+        // Properties that are absent count as no, as every message to nil does.
         return {
-            .isUbiquitous = isUbiquitous == nil ? std::nullopt : std::optional<bool>(isUbiquitous.boolValue),
-            .downloadingStatus = downloadingStatus(values[NSURLUbiquitousItemDownloadingStatusKey]),
+            .isUbiquitous = static_cast<bool>([values[NSURLIsUbiquitousItemKey] boolValue]),
+            .isDownloaded = isDownloaded(values[NSURLUbiquitousItemDownloadingStatusKey]),
             .hasDownloadingError = values[NSURLUbiquitousItemDownloadingErrorKey] != nil,
         };
     }

@@ -23,7 +23,7 @@ TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, hasTheGivenDefaultsAndTheStan
     EXPECT_EQ(store_.storageKey(), QStringLiteral("ambrel.interface-language.v1"));
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemLanguageIfNothingIsStored) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsSystemIfNothingIsStored) {
     EXPECT_EQ(store_.load(), Language::system);
     EXPECT_FALSE(std::filesystem::exists(defaults_->path())) << "loading must not write";
 }
@@ -36,14 +36,14 @@ TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsWhatItSaved) {
     }
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, storesTheSystemLanguageAsText) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, storesSystemAsText) {
     store_.save(Language::german);
     store_.save(Language::system);
     EXPECT_EQ(defaults_->string(store_.storageKey()), QStringLiteral("system"));
     EXPECT_EQ(store_.load(), Language::system);
 }
 
-TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsTheSystemLanguageForUnknownTexts) {
+TEST_F(AmbrelInterfaceLanguagePreferenceStoreTest, loadsSystemForUnknownTexts) {
     for (const char* text : {"EN", "zh_Hant", "", "klingon", "de ", "pt-br"}) {
         defaults_->setString(store_.storageKey(), QString::fromUtf8(text));
         EXPECT_EQ(store_.load(), Language::system) << text;

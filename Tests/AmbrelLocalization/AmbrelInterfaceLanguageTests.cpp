@@ -51,8 +51,8 @@ TEST(AmbrelInterfaceLanguageTest, listsItsCasesInOrderWithTheirTexts) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsTheSystemLanguage) {
-    EXPECT_EQ(Language::system.localeIdentifier(), std::nullopt);
+TEST(AmbrelInterfaceLanguageTest, hasALocaleIdentifierUnlessItIsSystem) {
+    EXPECT_EQ(Language(Language::system).localeIdentifier(), std::nullopt);
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.localeIdentifier(), language.rawValue());
     }
@@ -81,7 +81,7 @@ TEST(AmbrelInterfaceLanguageTest, isFoundByItsExactRawValue) {
     }
 }
 
-TEST(AmbrelInterfaceLanguageTest, isTheSystemLanguageIfNothingValidIsStored) {
+TEST(AmbrelInterfaceLanguageTest, isSystemIfNothingValidIsStored) {
     EXPECT_EQ(Language::fromStoredValue(std::nullopt), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QString()), Language::system);
     EXPECT_EQ(Language::fromStoredValue(QStringLiteral("EN")), Language::system);
@@ -91,25 +91,25 @@ TEST(AmbrelInterfaceLanguageTest, isTheSystemLanguageIfNothingValidIsStored) {
 }
 
 TEST(AmbrelInterfaceLanguageTest, hasTheLocaleOfItsIdentifier) {
-    EXPECT_STREQ(Language::brazilianPortuguese.locale().getName(), "pt_BR");
-    EXPECT_STREQ(Language::traditionalChinese.locale().getName(), "zh_Hant");
-    EXPECT_STREQ(Language::japanese.locale().getName(), "ja");
+    EXPECT_STREQ(Language(Language::brazilianPortuguese).locale().getName(), "pt_BR");
+    EXPECT_STREQ(Language(Language::traditionalChinese).locale().getName(), "zh_Hant");
+    EXPECT_STREQ(Language(Language::japanese).locale().getName(), "ja");
 }
 
-TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsTheSystemLanguage) {
+TEST(AmbrelInterfaceLanguageTest, isShownAsItselfUnlessItIsSystem) {
     ScopedLocaleVariables variables;
     variables.set("LANG", "fr_CA.UTF-8");
     for (const Language language : Language::selectableLanguages()) {
         EXPECT_EQ(language.shown(), language);
     }
-    EXPECT_EQ(Language::system.shown(), Language::french);
+    EXPECT_EQ(Language(Language::system).shown(), Language::french);
     variables.set("LC_TIME", "de_DE.UTF-8");
-    EXPECT_EQ(Language::system.shown(), Language::french);
+    EXPECT_EQ(Language(Language::system).shown(), Language::french);
     variables.set("LANGUAGE", "nl:zh_TW:de");
-    EXPECT_EQ(Language::system.shown(), Language::traditionalChinese);
+    EXPECT_EQ(Language(Language::system).shown(), Language::traditionalChinese);
     variables.set("LANGUAGE", "nl");
     variables.set("LANG", "nl_NL.UTF-8");
-    EXPECT_EQ(Language::system.shown(), Language::english);
+    EXPECT_EQ(Language(Language::system).shown(), Language::english);
 }
 
 struct SystemSetting {
@@ -119,7 +119,7 @@ struct SystemSetting {
     const char* expected;
 };
 
-TEST(AmbrelInterfaceLanguageTest, hasTheSystemsRegionInItsLocaleIfItIsTheSystemLanguage) {
+TEST(AmbrelInterfaceLanguageTest, hasTheShownLanguageInTheSystemsRegionIfItIsSystem) {
     const SystemSetting settings[] = {
         {"", "fr_CA.UTF-8", "fr_CA.UTF-8", "fr_CA"},
         {"", "de_DE.UTF-8", "en_GB.UTF-8", "de_GB"},
@@ -144,7 +144,7 @@ TEST(AmbrelInterfaceLanguageTest, hasTheSystemsRegionInItsLocaleIfItIsTheSystemL
         variables.set("LANGUAGE", setting.language);
         variables.set("LC_MESSAGES", setting.messages);
         variables.set("LC_TIME", setting.time);
-        EXPECT_STREQ(Language::system.locale().getName(), setting.expected);
+        EXPECT_STREQ(Language(Language::system).locale().getName(), setting.expected);
     }
 }
 

@@ -73,6 +73,13 @@ TEST(PseudoLocalizationTest, countsLettersOfEveryScript) {
 TEST(PseudoLocalizationTest, countsALetterWithCombiningMarksAsOne) {
     EXPECT_EQ(expanded(QStringLiteral("éé")), QStringLiteral("⟦ééː⟧"));
     EXPECT_EQ(expanded(QStringLiteral("e\u0301e\u0301")), QStringLiteral("⟦e\u0301e\u0301ː⟧"));
+    EXPECT_EQ(expanded(QStringLiteral("\u1100\u1161\u11A8x")), QStringLiteral("⟦\u1100\u1161\u11A8ẍː⟧"))
+        << "one syllable";
+}
+
+TEST(PseudoLocalizationTest, keepsATextThatIsNotWellFormed) {
+    const QString halves = QString(QChar(u'\xDC00')) + QChar(u'\xD800');
+    EXPECT_EQ(expanded(halves + u'a'), QStringLiteral("⟦") + halves + QStringLiteral("å⟧"));
 }
 
 TEST(PseudoLocalizationTest, expandsPlaceholdersToo) {

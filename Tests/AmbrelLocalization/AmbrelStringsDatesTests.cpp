@@ -36,7 +36,7 @@ protected:
     ScopedEnvironment zone_{"TZ", "UTC"};
 };
 
-TEST_F(FormattedDateTest, hasTheOrderAndTheDigitsOfTheLanguage) {
+TEST_F(FormattedDateTest, hasTheOrderAndDigitsOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
     EXPECT_EQ(dateTime(evening, Language::english), QStringLiteral("Jun 14, 2026, 8:02\u202FPM"));
     EXPECT_EQ(dateTime(morning, Language::spanish), QStringLiteral("14 jun 2026, 9:41"));
@@ -90,7 +90,7 @@ std::string differencesFromTheCommand(const std::vector<std::int64_t>& times) {
     return differences;
 }
 
-TEST_F(FormattedDateTest, agreesWithTheDateCommandInEveryTimeZone) {
+TEST_F(FormattedDateTest, equalsTheOutputOfTheDateCommandInEveryZone) {
     std::vector<std::string> settings = {"",
                                          "UTC0",
                                          "CET-1CEST,M3.5.0,M10.5.0/3",
@@ -123,7 +123,7 @@ TEST_F(FormattedDateTest, hasTheSystemsCalendarAndTheNamesOfTheLanguage) {
     EXPECT_EQ(dateTime(morning, Language::english), QStringLiteral("Jun 14, 2026, 9:41\u202FAM"));
 }
 
-TEST_F(FormattedDateTest, isInTheShownLanguageAndTheFormatOfTheSystemsRegion) {
+TEST_F(FormattedDateTest, usesTheShownLanguageAndTheConventionsOfTheRegion) {
     variables_.set("LANG", "de_DE.UTF-8");
     EXPECT_EQ(dateTime(evening, Language::system), QStringLiteral("14. Juni 2026, 20:02"));
     variables_.set("LC_TIME", "en_US.UTF-8");
@@ -171,7 +171,7 @@ TEST_F(FormattedDateTest, hasTheTimeZoneOfItsStyle) {
     EXPECT_EQ(formatted(style), QStringLiteral("9:41\u202FAM"));
 }
 
-TEST_F(FormattedDateTest, doesNotConfuseNamesThatConcatenateToTheSameText) {
+TEST_F(FormattedDateTest, keepsCalendarAndLocaleNamesApart) {
     Style style{.date = Style::Date::longForm, .time = Style::Time::none, .calendar = QStringLiteral("buddhist")};
     EXPECT_EQ(AmbrelStrings::formattedDate(morning, style, icu::Locale("en")), QStringLiteral("June 14, 2569 BE"));
     // The same letters, were both names only written one after the other.

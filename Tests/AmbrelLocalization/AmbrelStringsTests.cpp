@@ -107,7 +107,7 @@ TEST_F(AmbrelStringsTest, areInTheLanguageThatAnotherProcessSavedLast) {
     EXPECT_EQ(localized(AmbrelStrings::genericCancel()), QStringLiteral("cancel in fr"));
 }
 
-TEST_F(AmbrelStringsTest, storeTheLanguageInTheHomeFolderIfNoConfigurationFolderIsSet) {
+TEST_F(AmbrelStringsTest, areStoredInTheHomeFolderIfNoConfigurationFolderIsSet) {
     const TemporaryDirectory home;
     const ScopedEnvironment homeVariable("HOME", home.path());
     const ScopedEnvironment configuration("XDG_CONFIG_HOME", std::nullopt);

@@ -75,7 +75,7 @@ TEST_F(AmbrelUserDefaultsTest, keepAnyText) {
     }
 }
 
-TEST_F(AmbrelUserDefaultsTest, treatValuesThatAreNotTextsAsAbsent) {
+TEST_F(AmbrelUserDefaultsTest, treatValuesThatAreNotTextAsAbsent) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=de, fr\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@ByteArray(de)\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@Invalid()\n"), std::nullopt);
@@ -83,7 +83,7 @@ TEST_F(AmbrelUserDefaultsTest, treatValuesThatAreNotTextsAsAbsent) {
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1=@Size(1 2)\n"), std::nullopt);
 }
 
-TEST_F(AmbrelUserDefaultsTest, readTheIntactLinesOfBrokenFiles) {
+TEST_F(AmbrelUserDefaultsTest, readTheIntactPartOfABrokenFile) {
     EXPECT_EQ(readFrom("[General\nambrel.interface-language.v1=de\n"), QStringLiteral("de"));
     EXPECT_EQ(readFrom("[General]\nambrel.interface-language.v1\n"), std::nullopt);
     EXPECT_EQ(readFrom("[General]\n\"ambrel.interface-language.v1=de\n"), std::nullopt);

@@ -1,8 +1,7 @@
 #include "AmbrelLocalization/AmbrelInterfaceLanguagePreferenceStore.h"
 #include "AmbrelLocalization/AmbrelPseudoLocalization.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelLocalization/FileBackedValue.h"
-#include "AmbrelLocalization/StringTable.h"
+#include "AmbrelLocalization/StringTableFile.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -113,13 +112,13 @@ TEST_F(ConcurrencyTest, lookupsSeeWholeTablesWhileTheyAreReplaced) {
                R"(", "second": ")" + text + R"("})";
     };
     writeInPlace(folder / "file", table("old"));
-    FileBackedValue<StringTable> value(folder.path() / "file", 1'000'000);
+    const StringTableFile file(folder.path() / "file");
     onEveryThread([&](std::ptrdiff_t thread) {
         for (int round = 0; round < 50; ++round) {
             if (thread == 0) {
                 std::filesystem::rename(writeInPlace(folder / "new", table(round % 2 == 0 ? "new" : "old")),
                                         folder.path() / "file");
-            } else if (const auto current = value.current()) {
+            } else if (const auto current = file.current()) {
                 EXPECT_EQ(current->text("first"), current->text("second"));
                 EXPECT_EQ(current->size(), 3U);
             } else {

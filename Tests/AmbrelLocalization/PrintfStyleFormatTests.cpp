@@ -13,10 +13,9 @@ namespace {
 using PrintfStyleFormat::Kind;
 using PrintfStyleFormat::Placeholder;
 using PrintfStyleFormat::placeholders;
-using PrintfStyleFormat::Value;
 
-QString filled(const QString& format, std::initializer_list<Value> values, const char* locale = "en") {
-    return PrintfStyleFormat::filled(format, std::vector<Value>(values), icu::Locale(locale));
+QString filled(const QString& format, std::initializer_list<std::int64_t> values, const char* locale = "en") {
+    return PrintfStyleFormat::filled(format, std::vector<std::int64_t>(values), icu::Locale(locale));
 }
 
 TEST(PrintfStyleFormatTest, fillsIntegersInOrder) {
@@ -29,7 +28,8 @@ TEST(PrintfStyleFormatTest, fillsIntegersInOrder) {
 TEST(PrintfStyleFormatTest, fillsIntegersByTheirPosition) {
     EXPECT_EQ(filled(QStringLiteral("%2$lld > %1$lld"), {3, 10}), QStringLiteral("10 > 3"));
     EXPECT_EQ(filled(QStringLiteral("%1$lld %1$lld"), {3}), QStringLiteral("3 3"));
-    EXPECT_EQ(filled(QStringLiteral("%2$@, %1$lld"), {3, QStringLiteral("x")}), QStringLiteral("x, 3"));
+    EXPECT_EQ(filled(QStringLiteral("%2$@, %1$lld"), {3, 4}), QStringLiteral("4, 3"));
+    EXPECT_EQ(filled(QStringLiteral("%007$lld %99$d"), {1, 2, 3, 4, 5, 6, 7}), QStringLiteral("7 %99$d"));
 }
 
 TEST(PrintfStyleFormatTest, writesIntegersInTheDigitsOfTheLocale) {
@@ -40,10 +40,8 @@ TEST(PrintfStyleFormatTest, writesIntegersInTheDigitsOfTheLocale) {
     EXPECT_EQ(filled(QStringLiteral("%d"), {5'000'000'000}), QStringLiteral("5,000,000,000")) << "not cut off";
 }
 
-TEST(PrintfStyleFormatTest, fillsTextsUnchanged) {
-    EXPECT_EQ(filled(QStringLiteral("“%@”"), {QStringLiteral("%lld %@ %%")}), QStringLiteral("“%lld %@ %%”"));
-    EXPECT_EQ(filled(QStringLiteral("%@"), {7}), QStringLiteral("7"));
-    EXPECT_EQ(filled(QStringLiteral("<%@>"), {QString()}), QStringLiteral("<>"));
+TEST(PrintfStyleFormatTest, fillsIntegersInThePlaceOfTexts) {
+    EXPECT_EQ(filled(QStringLiteral("“%@”"), {7}), QStringLiteral("“7”"));
 }
 
 TEST(PrintfStyleFormatTest, writesOnePercentSignForTwo) {
@@ -51,10 +49,9 @@ TEST(PrintfStyleFormatTest, writesOnePercentSignForTwo) {
     EXPECT_EQ(filled(QStringLiteral("%%%lld%%"), {5}), QStringLiteral("%5%"));
 }
 
-TEST(PrintfStyleFormatTest, leavesPlaceholdersThatNoValueFits) {
+TEST(PrintfStyleFormatTest, leavesPlaceholdersWithoutAValue) {
     EXPECT_EQ(filled(QStringLiteral("%lld of %lld"), {3}), QStringLiteral("3 of %lld"));
     EXPECT_EQ(filled(QStringLiteral("%3$lld"), {1, 2}), QStringLiteral("%3$lld"));
-    EXPECT_EQ(filled(QStringLiteral("%lld"), {QStringLiteral("text")}), QStringLiteral("%lld"));
     EXPECT_EQ(filled(QStringLiteral("%@"), {}), QStringLiteral("%@"));
 }
 
@@ -78,8 +75,8 @@ TEST(PrintfStyleFormatTest, leavesUnknownPlaceholders) {
 TEST(PrintfStyleFormatTest, findsItsPlaceholders) {
     const std::vector<Placeholder> expected = {
         {0, 4, Kind::integer, 0}, {5, 2, Kind::percentSign, 0}, {8, 4, Kind::text, 2}, {13, 2, Kind::text, 1}};
-    EXPECT_EQ(placeholders(u"%lld %% %3$@ %@ %s"), expected);
-    EXPECT_TRUE(placeholders(u"").empty());
+    EXPECT_EQ(placeholders(QStringLiteral("%lld %% %3$@ %@ %s")), expected);
+    EXPECT_TRUE(placeholders(QString()).empty());
 }
 
 TEST(PrintfStyleFormatTest, isHarmlessForAnyText) {
@@ -90,7 +87,7 @@ TEST(PrintfStyleFormatTest, isHarmlessForAnyText) {
         for (auto length = random() % 12; length > 0; --length) {
             format += QChar(signs[random() % signs.size()]);
         }
-        const QString result = filled(format, {1, QStringLiteral("x")});
+        const QString result = filled(format, {1, 2});
         // Without a placeholder the text stays the same, and with some every other character stays.
         qsizetype placeholderLength = 0;
         for (const Placeholder& placeholder : placeholders(format)) {

@@ -28,7 +28,7 @@ TEST_F(ResourceBundleAccessorTest, doesNotMistakeAFileForABundle) {
 
 using ResourceBundleAccessorDeathTest = ResourceBundleAccessorTest;
 
-TEST_F(ResourceBundleAccessorDeathTest, endsTheProcessIfThereIsNoBundle) {
+TEST_F(ResourceBundleAccessorDeathTest, endsTheProcessIfThereIsNone) {
     EXPECT_DEATH(bundleAmong("/nowhere/a.bundle", "/nowhere/b.bundle"),
                  "could not load resource bundle: from /nowhere/a.bundle or /nowhere/b.bundle");
 }

@@ -127,7 +127,7 @@ TEST_F(StringCatalogueTest, fallsBackToTheKeyIfEnglishIsDamagedToo) {
     EXPECT_EQ(text("english", "de"), QStringLiteral("english"));
 }
 
-TEST_F(StringCatalogueTest, fallsBackToEnglishForATableThatIsAFolderOrUnreadable) {
+TEST_F(StringCatalogueTest, fallsBackIfTheTableIsAFolderOrUnreadable) {
     std::filesystem::remove(folder_.path() / table("de"));
     std::filesystem::create_directory(folder_.path() / table("de"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("English both"));
@@ -144,7 +144,7 @@ TEST_F(StringCatalogueTest, noticesAReplacedTable) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Neues D"));
 }
 
-TEST_F(StringCatalogueTest, keepsItsTextsWhenTheApplicationIsMovedAway) {
+TEST_F(StringCatalogueTest, keepsItsTextsIfTheApplicationIsMovedAway) {
     EXPECT_EQ(text("both", "de"), QStringLiteral("Deutsch"));
     const TemporaryDirectory elsewhere;
     std::filesystem::rename(folder_.path() / "Resources", elsewhere / "Resources");
@@ -160,13 +160,13 @@ TEST_F(StringCatalogueTest, keepsItsTextsWhenTheApplicationIsMovedAway) {
 }
 
 // The program's own folder holds the bundle only among its resources, so the copy of the build stands in.
-TEST_F(StringCatalogueTest, takesTheModulesBundleIfTheApplicationHasNone) {
+TEST_F(StringCatalogueTest, usesTheModulesBundleIfTheApplicationHasNone) {
     std::filesystem::remove_all(folder_.path() / "Resources" / ResourceBundleAccessor::bundleName);
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
     EXPECT_EQ(text("both", "de"), QStringLiteral("both"));
 }
 
-TEST_F(StringCatalogueTest, takesTheModulesBundleIfTheApplicationHasNoResources) {
+TEST_F(StringCatalogueTest, usesTheModulesBundleIfTheApplicationHasNoResources) {
     std::filesystem::remove_all(folder_.path() / "Resources");
     EXPECT_EQ(text("ambrel.brand.display-name", "en"), QStringLiteral("Ambrel"));
 }

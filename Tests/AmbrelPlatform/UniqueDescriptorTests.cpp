@@ -109,7 +109,7 @@ TEST(UniqueDescriptorTest, isMovedOutOfTheStandardStreams) {
     }
 }
 
-TEST(UniqueDescriptorTest, isClosedIfTheSystemRefusesToMoveIt) {
+TEST(UniqueDescriptorTest, isEmptyIfTheSystemRefusesToMoveIt) {
     const std::string outcome = ChildProcess::outcome([] {
         close(STDIN_FILENO);
         UniqueDescriptor descriptor(openNullDevice());

@@ -84,7 +84,7 @@ TEST_F(AmbrelRecoveryExecutableLocatorTest, looksInNoOtherPlace) {
     EXPECT_EQ(located(), std::nullopt);
 }
 
-TEST_F(AmbrelRecoveryExecutableLocatorTest, doesNotLookInTheWorkingDirectoryIfTheBundleHasNoFolder) {
+TEST_F(AmbrelRecoveryExecutableLocatorTest, ignoresTheWorkingDirectoryForABundleWithoutAFolder) {
     fs::create_directories(engine_.parent_path());
     TestFiles::write(engine_, "#!/bin/sh\n", 0755);
     const fs::path before = fs::current_path();

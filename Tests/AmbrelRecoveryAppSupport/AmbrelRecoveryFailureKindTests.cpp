@@ -77,7 +77,7 @@ TEST(AmbrelRecoveryFailureKindTest, ignoresTheCaseOfTheText) {
     }
 }
 
-TEST(AmbrelRecoveryFailureKindTest, ignoresTheCaseOfLettersThatFoldToPlainOnes) {
+TEST(AmbrelRecoveryFailureKindTest, takesTheKelvinSignForAK) {
     // The sign for kelvin in lower case is the letter k.
     EXPECT_EQ(kindOf("DID NOT UNLOC\xE2\x84\xAA", backupPassphrase), wrongPassphrase);
     EXPECT_EQ(kindOf("PAC\xE2\x84\xAA"

@@ -14,7 +14,6 @@ using testing::IsEmpty;
 namespace {
 
 using Look = ScriptedCloudItems::Look;
-using Status = CloudItems::DownloadingStatus;
 using Error = AmbrelRecoveryPackagePreparationError;
 
 const std::error_code denied = std::make_error_code(std::errc::permission_denied);
@@ -23,8 +22,8 @@ Look downloading(std::optional<double> percent = std::nullopt) {
     return ScriptedCloudItems::downloading(percent);
 }
 
-Look arrived(std::optional<double> percent, Status status = Status::current) {
-    return ScriptedCloudItems::arrived(percent, status);
+Look arrived(std::optional<double> percent) {
+    return ScriptedCloudItems::arrived(percent);
 }
 
 Look withError(Look look) {
@@ -61,26 +60,18 @@ std::optional<Expected> errorOf(const Call& call) {
 } // namespace
 
 TEST_F(AmbrelRecoveryPackagePreparationTest, aLocalPackageIsReadyAtOnce) {
-    for (const std::optional<bool>& ubiquitous : {std::optional<bool>(), std::optional<bool>(false)}) {
-        reports_.clear();
-        // Neither the status nor an error matters for an item that lives in no cloud.
-        Look look = withError(downloading(10.0));
-        look.properties.isUbiquitous = ubiquitous;
-        ScriptedCloudItems items({look});
-        prepare(items);
-        EXPECT_THAT(reports_, ElementsAre(1.0));
-        EXPECT_THAT(items.calls(), ElementsAre("properties"));
-    }
+    // An error does not matter for an item that is in no cloud.
+    ScriptedCloudItems items({withError(ScriptedCloudItems::local())});
+    prepare(items);
+    EXPECT_THAT(reports_, ElementsAre(1.0));
+    EXPECT_THAT(items.calls(), ElementsAre("properties"));
 }
 
 TEST_F(AmbrelRecoveryPackagePreparationTest, aPackageThatIsAlreadyHereReportsItsFractionAndThenOne) {
-    for (const Status status : {Status::current, Status::downloaded}) {
-        reports_.clear();
-        ScriptedCloudItems items({arrived(100.0, status), arrived(42.0, status)});
-        prepare(items);
-        EXPECT_THAT(reports_, ElementsAre(0.42, 1.0));
-        EXPECT_THAT(items.calls(), ElementsAre("properties", "start", "properties", "percent"));
-    }
+    ScriptedCloudItems items({arrived(100.0), arrived(42.0)});
+    prepare(items);
+    EXPECT_THAT(reports_, ElementsAre(0.42, 1.0));
+    EXPECT_THAT(items.calls(), ElementsAre("properties", "start", "properties", "percent"));
 }
 
 TEST_F(AmbrelRecoveryPackagePreparationTest, passesThatNeedNoSleepTakeNoTime) {
@@ -134,10 +125,8 @@ TEST_F(AmbrelRecoveryPackagePreparationTest, passesWithoutMetadataReportNoFracti
     EXPECT_THAT(reports_, ElementsAre(std::nullopt, std::nullopt, std::nullopt, 1.0));
 }
 
-TEST_F(AmbrelRecoveryPackagePreparationTest, anAbsentStatusDoesNotEndTheWait) {
-    Look unknown = downloading(100.0);
-    unknown.properties.downloadingStatus = std::nullopt;
-    ScriptedCloudItems items({unknown, unknown, arrived(100.0)});
+TEST_F(AmbrelRecoveryPackagePreparationTest, aWholeFractionAloneDoesNotEndIt) {
+    ScriptedCloudItems items({downloading(100.0), downloading(100.0), arrived(100.0)});
     prepare(items);
     EXPECT_THAT(reports_, ElementsAre(1.0, 1.0, 1.0));
 }

@@ -49,7 +49,7 @@ std::string errorName(AmbrelRecoveryProcessRunner& runner, const std::vector<std
 
 } // namespace
 
-TEST_F(ProcessRunnerHostileEngineTest, outputsAreReadEvenIfTheirFilesWereRemoved) {
+TEST_F(ProcessRunnerHostileEngineTest, outputsAreReadEvenIfTheyWereRenamedOrRemoved) {
     EXPECT_EQ(run({"remove-output-directory"}).standardOutput, fromTheEngine);
     EXPECT_EQ(run({"remove-output-file", "stdout"}).standardOutput, fromTheEngine);
     EXPECT_EQ(run({"remove-output-file", "stderr"}, "credential").standardOutput, fromTheEngine);
@@ -71,7 +71,7 @@ TEST_F(ProcessRunnerHostileEngineTest, anOutputOfMoreThanAGibibyteIsReadInFull) 
     EXPECT_EQ(result.standardOutput.size(), static_cast<std::size_t>(length));
 }
 
-TEST_F(ProcessRunnerHostileEngineTest, anOutputThatIsLongerThanAnyTextFailsTheRun) {
+TEST_F(ProcessRunnerHostileEngineTest, anOutputLongerThanAnyTextCannotBeRead) {
     // Files in memory may be that long.
     const ScopedEnvironment temporary("TMPDIR", "/dev/shm");
     const std::string longest = std::to_string(std::numeric_limits<long long>::max());

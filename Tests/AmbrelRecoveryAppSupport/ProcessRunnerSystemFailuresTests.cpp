@@ -85,7 +85,7 @@ TEST_F(ProcessRunnerSystemFailuresTest, aLostStatusNeverLooksLikeASuccess) {
     EXPECT_EQ(waitid(P_ALL, 0, &information, WEXITED), 0);
 }
 
-TEST_F(ProcessRunnerSystemFailuresTest, aDescriptorThatCannotBeMovedOutOfTheStandardStreamsFailsTheRun) {
+TEST_F(ProcessRunnerSystemFailuresTest, toMoveADescriptorAboveTheStandardStreamsFailTheRun) {
     const std::string outcome = ChildProcess::outcome([this] {
         close(STDIN_FILENO);
         std::string findings;

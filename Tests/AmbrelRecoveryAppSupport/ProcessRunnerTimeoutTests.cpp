@@ -14,7 +14,7 @@ const std::string largeCredential(1U << 20U, 'x');
 
 } // namespace
 
-TEST_F(ProcessRunnerTimeoutTest, aZeroOrNegativeTimeoutEndsARunningEngine) {
+TEST_F(ProcessRunnerTimeoutTest, aTimeoutOfZeroEndsARunningEngine) {
     for (const double timeout : {0.0, -0.0, -1.0, -1e300, -std::numeric_limits<double>::infinity()}) {
         EXPECT_EQ(errorOfRun({"wait"}, std::nullopt, timeout), Error::timedOut) << timeout;
         EXPECT_EQ(errorOfRun({"wait"}, "credential", timeout), Error::timedOut) << timeout;

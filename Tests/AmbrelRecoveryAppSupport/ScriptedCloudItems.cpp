@@ -5,19 +5,19 @@
 #include <stdexcept>
 
 ScriptedCloudItems::Look ScriptedCloudItems::local() {
-    return {{.isUbiquitous = false, .downloadingStatus = std::nullopt}};
+    return {};
 }
 
 ScriptedCloudItems::Look ScriptedCloudItems::downloading(std::optional<double> percent) {
-    return {{.isUbiquitous = true, .downloadingStatus = DownloadingStatus::notDownloaded}, percent};
+    return {{.isUbiquitous = true}, percent};
 }
 
-ScriptedCloudItems::Look ScriptedCloudItems::arrived(std::optional<double> percent, DownloadingStatus status) {
-    return {{.isUbiquitous = true, .downloadingStatus = status}, percent};
+ScriptedCloudItems::Look ScriptedCloudItems::arrived(std::optional<double> percent) {
+    return {{.isUbiquitous = true, .isDownloaded = true}, percent};
 }
 
 ScriptedCloudItems::Look ScriptedCloudItems::unreadable(std::error_code failure) {
-    return {{.isUbiquitous = std::nullopt, .downloadingStatus = std::nullopt}, std::nullopt, failure};
+    return {{}, std::nullopt, failure};
 }
 
 CloudItems::Properties ScriptedCloudItems::properties(const std::filesystem::path& item) {

@@ -25,7 +25,7 @@ public:
     /// An item that the drive has still to bring.
     static Look downloading(std::optional<double> percent = std::nullopt);
     /// An item that is here.
-    static Look arrived(std::optional<double> percent, DownloadingStatus status = DownloadingStatus::current);
+    static Look arrived(std::optional<double> percent);
     static Look unreadable(std::error_code failure);
 
     /// A look beyond the last one is a failure of the test: it throws std::logic_error.

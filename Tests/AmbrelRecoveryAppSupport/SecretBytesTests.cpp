@@ -59,7 +59,7 @@ TEST(SecretBytesTest, isEmptyByDefault) {
     EXPECT_TRUE(bytes.bytes().empty());
 }
 
-TEST(SecretBytesTest, isInitializedWithZeros) {
+TEST(SecretBytesTest, startsAsZeros) {
     for (const std::size_t size : {1U, 4095U, 4096U, 4097U, 100000U}) {
         const SecretBytes bytes(size);
         EXPECT_EQ(bytes.size(), size);
@@ -142,7 +142,7 @@ TEST(SecretBytesTest, staysOutOfCoreDumps) {
     EXPECT_NE(memoryFlags(bytes.bytes().data()).find(" dd "), std::string::npos);
 }
 
-TEST(SecretBytesTest, staysOutOfTheSwapSpaceIfTheProcessMayLockMemory) {
+TEST(SecretBytesTest, staysOutOfSwapSpaceIfTheProcessMayLockMemory) {
     const SecretBytes bytes = secret("secret");
     // Not every process may: what the system grants the test it must grant the secret.
     const auto size = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
@@ -164,7 +164,7 @@ TEST(SecretBytesTest, worksIfNoMemoryMayBeLocked) {
     EXPECT_EQ(outcome, "secret");
 }
 
-TEST(SecretBytesTest, refusesImpossibleSizes) {
+TEST(SecretBytesTest, refusesSizesBeyondAnyMemory) {
     for (const std::size_t size : {std::numeric_limits<std::size_t>::max(), std::numeric_limits<std::size_t>::max() / 2,
                                    std::numeric_limits<std::size_t>::max() - 4095}) {
         EXPECT_THROW(SecretBytes{size}, std::bad_alloc) << size;

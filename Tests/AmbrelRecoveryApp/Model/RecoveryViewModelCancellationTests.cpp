@@ -71,10 +71,7 @@ TEST_F(RecoveryViewModelCancellationTest, ofALaterInspectionGoesBackToTheSnapsho
 }
 
 TEST_F(RecoveryViewModelCancellationTest, ofADownloadEndsItAndShowsNoError) {
-    cloudItems->onProperties = [] {
-        return CloudItems::Properties{
-            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
-    };
+    cloudItems->onProperties = [] { return CloudItems::Properties{.isUbiquitous = true}; };
     cloudItems->onPercentDownloaded = [] { return 10.0; };
     choosePackage();
     type("secret");
@@ -143,8 +140,7 @@ TEST_F(RecoveryViewModelCancellationTest, byDestroyingTheModelDuringADownloadEnd
         if (!std::exchange(told, true)) {
             asked->set_value();
         }
-        return CloudItems::Properties{
-            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
+        return CloudItems::Properties{.isUbiquitous = true};
     };
     choosePackage();
     type("secret");

@@ -155,10 +155,7 @@ TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessi
 
 TEST_F(RecoveryViewModelInspectionTest, keepsAnEarlierInspectionAndDropsTheSessionWhenThePreparationFails) {
     inspect(inspectionDocument());
-    cloudItems->onProperties = [] {
-        return CloudItems::Properties{
-            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = true};
-    };
+    cloudItems->onProperties = [] { return CloudItems::Properties{.isUbiquitous = true, .hasDownloadingError = true}; };
     expectDroppedSession();
     EXPECT_FALSE(model->packagePreparationProgress());
 }
@@ -173,10 +170,7 @@ TEST_F(RecoveryViewModelInspectionTest, presentsAMissingEngineAsAGenericFailure)
 TEST_F(RecoveryViewModelInspectionTest, showsTheProgressOfADownload) {
     std::atomic<int> passes = 0;
     cloudItems->onProperties = [&passes] {
-        return CloudItems::Properties{.isUbiquitous = true,
-                                      .downloadingStatus = ++passes >= 3 ? CloudItems::DownloadingStatus::current
-                                                                         : CloudItems::DownloadingStatus::notDownloaded,
-                                      .hasDownloadingError = false};
+        return CloudItems::Properties{.isUbiquitous = true, .isDownloaded = ++passes >= 3};
     };
     cloudItems->onPercentDownloaded = [] { return 42.0; };
     std::vector<std::optional<double>> shown;
@@ -190,10 +184,7 @@ TEST_F(RecoveryViewModelInspectionTest, showsTheProgressOfADownload) {
 }
 
 TEST_F(RecoveryViewModelInspectionTest, presentsADownloadThatFails) {
-    cloudItems->onProperties = [] {
-        return CloudItems::Properties{
-            .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = true};
-    };
+    cloudItems->onProperties = [] { return CloudItems::Properties{.isUbiquitous = true, .hasDownloadingError = true}; };
     startInspection();
     expectFailure(AmbrelRecoveryFailureKind::packageUnavailable);
     EXPECT_FALSE(model->packagePreparationProgress());

@@ -67,10 +67,7 @@ protected:
     }
 
     void downloadForever() {
-        cloudItems->onProperties = [] {
-            return CloudItems::Properties{
-                .isUbiquitous = true, .downloadingStatus = std::nullopt, .hasDownloadingError = false};
-        };
+        cloudItems->onProperties = [] { return CloudItems::Properties{.isUbiquitous = true}; };
         cloudItems->onPercentDownloaded = [] { return 10.0; };
     }
 

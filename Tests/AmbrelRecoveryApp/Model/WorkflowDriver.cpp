@@ -21,7 +21,7 @@ public:
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return answer_ != Answer::held; });
         const bool isFailed = answer_ == Answer::failed;
-        return {.isUbiquitous = isFailed, .downloadingStatus = std::nullopt, .hasDownloadingError = isFailed};
+        return {.isUbiquitous = isFailed, .hasDownloadingError = isFailed};
     }
     void startDownloading(const std::filesystem::path&) override {}
     std::optional<double> percentDownloaded(const std::filesystem::path&) override { return std::nullopt; }

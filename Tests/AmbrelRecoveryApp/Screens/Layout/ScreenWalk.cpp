@@ -31,10 +31,7 @@ constexpr EngineFailure inspectionFailures[] = {
 
 ScreenWalk::ScreenWalk() {
     // Set once and steered by atomics: a cancelled preparation may still be asking.
-    cloudItems->onProperties = [this] {
-        return CloudItems::Properties{.isUbiquitous = isInCloud_.load(),
-                                      .downloadingStatus = CloudItems::DownloadingStatus::notDownloaded};
-    };
+    cloudItems->onProperties = [this] { return CloudItems::Properties{.isUbiquitous = isInCloud_.load()}; };
     cloudItems->onPercentDownloaded = [this] {
         const double percent = percentDownloaded_;
         return percent < 0 ? std::nullopt : std::optional(percent);

@@ -1,4 +1,4 @@
-#include "AmbrelRecoveryAppSupport/LocalCloudItems.h"
+#include "AmbrelRecoveryAppSupport/CloudItems.h"
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
 
@@ -7,17 +7,17 @@
 #include <optional>
 #include <vector>
 
-TEST(LocalCloudItemsTest, noItemIsInACloud) {
-    LocalCloudItems items;
+TEST(CloudItemsTest, areAllLocalWithoutACloudDrive) {
+    CloudItems items;
     for (const char* const path : {"/", "/missing/Backup.ambrel", "", "/dev/null"}) {
-        EXPECT_FALSE(items.properties(path).isUbiquitous.value_or(true)) << path;
+        EXPECT_FALSE(items.properties(path).isUbiquitous) << path;
         EXPECT_FALSE(items.properties(path).hasDownloadingError) << path;
         EXPECT_EQ(items.percentDownloaded(path), std::nullopt) << path;
     }
 }
 
-TEST(LocalCloudItemsTest, everyItemIsReadyAtOnce) {
-    LocalCloudItems items;
+TEST(CloudItemsTest, areReadyAtOnceWithoutACloudDrive) {
+    CloudItems items;
     std::vector<std::optional<double>> reports;
     AmbrelRecoveryPackagePreparation::prepareForRead(
         "/missing/Backup.ambrel", items, [&](std::optional<double> fraction) { reports.push_back(fraction); }, {});

@@ -55,9 +55,7 @@ void RecoveryApplicationDelegate::applicationDidFinishLaunching() {
     desktopPreferences_ = std::make_unique<DesktopPreferences>();
     QObject::connect(desktopPreferences_.get(), &DesktopPreferences::lookChanged, window_.get(),
                      [this] { showView(); });
-    sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
-    notifier_ = std::make_unique<DesktopNotifier>();
-    operationObserver_ = std::make_unique<OperationObserver>(*model_, window_.get(), *sleepInhibitor_, *notifier_);
+    observeOperations();
     window_->center();
     window_->show();
     window_->raise();
@@ -73,6 +71,20 @@ void RecoveryApplicationDelegate::showView() {
     if (shownPath) {
         view_->showPath(*shownPath);
     }
+}
+
+void RecoveryApplicationDelegate::observeOperations() {
+    sleepInhibitor_ = std::make_unique<DesktopSleepInhibitor>();
+    notifier_ = std::make_unique<DesktopNotifier>();
+    operationObserver_ = std::make_unique<OperationObserver>(*model_, *window_);
+    const OperationObserver* const observer = operationObserver_.get();
+    QObject::connect(observer, &OperationObserver::operationBegan, sleepInhibitor_.get(),
+                     &DesktopSleepInhibitor::begin);
+    QObject::connect(observer, &OperationObserver::operationEnded, sleepInhibitor_.get(), &DesktopSleepInhibitor::end);
+    QObject::connect(observer, &OperationObserver::notificationWanted, notifier_.get(), &DesktopNotifier::show);
+    QObject::connect(observer, &OperationObserver::notificationOutdated, notifier_.get(), &DesktopNotifier::withdraw);
+    QObject::connect(notifier_.get(), &DesktopNotifier::activated, operationObserver_.get(),
+                     &OperationObserver::bringWindowForward);
 }
 
 void RecoveryApplicationDelegate::applicationWillTerminate() {

@@ -5,12 +5,12 @@
 #include <memory>
 
 class DesktopFileViewer;
+class DesktopNotifier;
 class DesktopPreferences;
+class DesktopSleepInhibitor;
 class OperationObserver;
-class OperationNotifier;
 class RecoveryPanels;
 class RecoveryRootView;
-class RecoverySleepInhibitor;
 class RecoveryViewModel;
 class RecoveryWindow;
 
@@ -36,6 +36,7 @@ public:
 
 private:
     void showView();
+    void observeOperations();
 
     // In order of dependency.
     std::unique_ptr<RecoveryWindow> window_;
@@ -45,7 +46,7 @@ private:
     std::unique_ptr<DesktopFileViewer> fileViewer_;
     std::unique_ptr<RecoveryViewModel> model_;
     std::unique_ptr<DesktopPreferences> desktopPreferences_;
-    std::unique_ptr<RecoverySleepInhibitor> sleepInhibitor_;
-    std::unique_ptr<OperationNotifier> notifier_;
+    std::unique_ptr<DesktopSleepInhibitor> sleepInhibitor_;
+    std::unique_ptr<DesktopNotifier> notifier_;
     std::unique_ptr<OperationObserver> operationObserver_;
 };

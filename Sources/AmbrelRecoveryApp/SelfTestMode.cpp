@@ -3,30 +3,18 @@
 #include "AmbrelPlatform/ApplicationBundle.h"
 #include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <new>
+#include <cstdlib>
+#include <optional>
 #include <string_view>
 
 #include <unistd.h>
 
 namespace {
-
-AmbrelRecoveryProcessResult runEngineSelfTest() {
-    AmbrelRecoveryProcessRunner runner(
-        AmbrelRecoveryExecutableLocator::bundledExecutable(ApplicationBundle::mainBundle()));
-    return runner.run(RecoveryEngineCommandLine::selfTestArguments(), std::nullopt,
-                      AmbrelRecoveryProcessRunner::defaultTimeout);
-}
-
-/// If the reader has closed the pipe, the text is lost, but the exit status still reports the result.
-void outliveReaders() {
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-}
 
 void writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
@@ -39,12 +27,6 @@ void writeAll(int descriptor, std::string_view text) {
     }
 }
 
-int fail() {
-    outliveReaders();
-    writeAll(STDERR_FILENO, "Ambrel Recovery app self-test failed.\n");
-    return 1;
-}
-
 } // namespace
 
 bool SelfTestMode::isRequested(std::span<const char* const> arguments) {
@@ -52,15 +34,18 @@ bool SelfTestMode::isRequested(std::span<const char* const> arguments) {
 }
 
 int SelfTestMode::run() {
+    // If the reader has closed the pipe, the text is lost, but the exit status still reports the result.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     try {
-        const AmbrelRecoveryProcessResult result = runEngineSelfTest();
-        outliveReaders();
+        AmbrelRecoveryProcessRunner runner(
+            AmbrelRecoveryExecutableLocator::bundledExecutable(ApplicationBundle::mainBundle()));
+        const AmbrelRecoveryProcessResult result = runner.run(
+            RecoveryEngineCommandLine::selfTestArguments(), std::nullopt, AmbrelRecoveryProcessRunner::defaultTimeout);
         writeAll(STDOUT_FILENO, result.standardOutput);
         writeAll(STDERR_FILENO, result.standardError);
         return result.exitCode;
-    } catch (AmbrelRecoveryProcessError) {
-        return fail();
-    } catch (const std::bad_alloc&) {
-        return fail();
+    } catch (...) {
+        writeAll(STDERR_FILENO, "Ambrel Recovery app self-test failed.\n");
+        return EXIT_FAILURE;
     }
 }

@@ -1,7 +1,7 @@
 // Every run of the engine may take half an hour. Nobody waits for it here: the wall clock is set forward.
 
 #include "AmbrelRecoveryApp/Model/RecoveryEngineCommandLine.h"
-#include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
+#include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
 #include "AmbrelRecoveryApp/SelfTestMode.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
@@ -52,7 +52,7 @@ protected:
         const AmbrelRecoveryCredentialSession session(factor,
                                                       SecretBytes::copyOf(std::as_bytes(std::span("secret", 6))));
         try {
-            EXPECT_EQ(RecoveryEngineRun::run(runner_, arguments, session, factor, {}).exitCode, exitStatus);
+            EXPECT_EQ(engine_.run(arguments, session, factor, {}).exitCode, exitStatus);
         } catch (Error error) {
             return error;
         }
@@ -65,7 +65,7 @@ private:
     const ScopedEnvironment gateVariable_{"AMBREL_TEST_ENGINE_GATE", gate_.path().string()};
     const ScopedEnvironment misbehaviourVariable_{"AMBREL_TEST_MISBEHAVIOUR", "exit 3"};
     const ScopedEnvironment temporaryVariable_{"TMPDIR", directory_.path().string()};
-    AmbrelRecoveryProcessRunner runner_{misbehavingEngine()};
+    RecoveryEngineProgram engine_{misbehavingEngine()};
 };
 
 const std::vector<std::vector<std::string>> commandLines = {

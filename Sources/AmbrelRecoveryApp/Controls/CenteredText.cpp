@@ -1,6 +1,6 @@
 #include "AmbrelRecoveryApp/Controls/CenteredText.h"
 
-#include "AmbrelRecoveryApp/Foundation/ParagraphDirection.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/Foundation/ParagraphDirection.h"
+#include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
 #include <QGlyphRun>
 #include <QPainter>

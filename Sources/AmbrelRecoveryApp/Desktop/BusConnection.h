@@ -24,6 +24,14 @@ public:
     /// Receives the arguments of a signal.
     using Heard = std::function<void(const QVariantList& arguments)>;
 
+    struct Call {
+        QString service;
+        QString path;
+        QString interface;
+        QString method;
+        QVariantList arguments = {};
+    };
+
     /// Identifies a signal.
     struct Signal {
         QString service;
@@ -36,28 +44,29 @@ public:
         QString firstArgument = {};
     };
 
-    /// Connects to the bus at `address` and calls `completion` once, asynchronously, after about `limit` at the latest.
-    /// Does not call it if `context` has been destroyed by then.
-    static void open(const QString& address, std::chrono::milliseconds limit, QObject* context, Completion completion);
+    /// Connects to the user's session bus or to the system bus and calls `completion` once, asynchronously, after about
+    /// `limit` at the latest. Does not call it if `context` has been destroyed by then. Never starts a bus. `limit`
+    /// also applies to each answer to a call().
+    static void open(QDBusConnection::BusType type, std::chrono::milliseconds limit, QObject* context,
+                     const Completion& completion);
 
     ~BusConnection() override;
 
-    /// Sends `message` and calls `answered` once, asynchronously, after `limit` at the latest. Does not call it if
-    /// `context` has been destroyed by then.
-    void call(const QDBusMessage& message, std::chrono::milliseconds limit, QObject* context, Answered answered);
+    /// Sends `call` and calls `answered` once, asynchronously. Does not call it if `context` has been destroyed by
+    /// then.
+    void call(const Call& call, QObject* context, const Answered& answered);
 
     /// Calls `heard` for each such signal until the connection ends. Only signals from the current owner of the
     /// service's name are accepted: any process on the bus may send such a signal, even to this connection only.
     void listen(const Signal& signal, const Heard& heard);
 
 private:
-    class Opening;
-
-    explicit BusConnection(QString name);
+    BusConnection(QString name, std::chrono::milliseconds limit);
     void follow(const QString& service);
 
     /// The name by which Qt identifies the connection.
     const QString name_;
+    const std::chrono::milliseconds limit_;
     /// The unique name of the owner of each watched service; empty if it has none.
     QMap<QString, QString> owners_;
 };

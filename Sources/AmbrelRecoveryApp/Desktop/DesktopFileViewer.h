@@ -5,10 +5,7 @@
 #include <QObject>
 
 #include <chrono>
-#include <map>
-#include <memory>
-
-class BusConnection;
+#include <set>
 
 /// Shows files in the desktop's file manager: through the file manager's service on the session bus, which can select
 /// an item, or else by opening the folder that contains the item. Never blocks.
@@ -16,9 +13,9 @@ class DesktopFileViewer final : public QObject, public RecoveryFileViewer {
     Q_OBJECT
 
 public:
-    /// `answerLimit` is the total time that the bus and a file manager, which may have to be started first, have to
-    /// answer. After that, the folder that contains the item is opened.
-    explicit DesktopFileViewer(std::chrono::milliseconds answerLimit = std::chrono::seconds(10));
+    /// `limit` applies to the connection to the bus and to the answer of a file manager, which may have to be started
+    /// first. After that, the folder that contains the item is opened.
+    explicit DesktopFileViewer(std::chrono::milliseconds limit = std::chrono::seconds(10)) : limit_(limit) {}
 
     /// `folder` must be absolute. A repeated call for the same folder does nothing until the first is answered.
     void reveal(const std::filesystem::path& folder) override;
@@ -29,16 +26,8 @@ signals:
     void revealUnconfirmed(const std::filesystem::path& folder);
 
 private:
-    struct Attempt {
-        std::filesystem::path folder;
-        unsigned number = 0;
-    };
+    void settle(const std::filesystem::path& folder, bool isShown);
 
-    void askFileManager(const Attempt& attempt, const std::shared_ptr<BusConnection>& bus);
-    void settle(const Attempt& attempt, bool isShown);
-
-    const std::chrono::milliseconds answerLimit_;
-    /// The numbers of the unanswered attempts, by folder.
-    std::map<std::filesystem::path, unsigned> unanswered_;
-    unsigned lastNumber_ = 0;
+    const std::chrono::milliseconds limit_;
+    std::set<std::filesystem::path> unanswered_;
 };

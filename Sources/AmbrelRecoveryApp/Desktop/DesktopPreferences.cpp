@@ -3,7 +3,6 @@
 #include "AmbrelRecoveryApp/Controls/Motion.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/Desktop/BusAddress.h"
 #include "AmbrelRecoveryApp/Desktop/BusConnection.h"
 
 #include <QDBusArgument>
@@ -49,9 +48,9 @@ qreal textScale(const QVariant& value) {
 
 } // namespace
 
-DesktopPreferences::DesktopPreferences(std::chrono::milliseconds limit) : limit_(limit) {
-    BusConnection::open(BusAddress::ofSessionBus(), limit_, this, [this](std::shared_ptr<BusConnection> bus) {
-        bus_ = std::move(bus);
+DesktopPreferences::DesktopPreferences(std::chrono::milliseconds limit) {
+    BusConnection::open(QDBusConnection::SessionBus, limit, this, [this](const std::shared_ptr<BusConnection>& bus) {
+        bus_ = bus;
         if (bus_) {
             ask();
         }
@@ -68,26 +67,24 @@ void DesktopPreferences::ask() {
                   .name = QStringLiteral("SettingChanged"),
                   .signature = QStringLiteral("ssv")},
                  [this](const QVariantList& change) {
-                     changeSetting(change[0].toString(), change[1].toString(),
-                                   qvariant_cast<QDBusVariant>(change[2]).variant());
+                     const QString group = change[0].toString();
+                     if (groups.contains(group)) {
+                         settings_[group][change[1].toString()] = qvariant_cast<QDBusVariant>(change[2]).variant();
+                         apply();
+                     }
                  });
-    QDBusMessage question = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("ReadAll"));
-    question.setArguments({groups});
-    bus_->call(question, limit_, this, [this](const QDBusPendingCall& answer) { readSettings(answer.reply()); });
-}
-
-void DesktopPreferences::readSettings(const QDBusMessage& answer) {
-    if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("a{sa{sv}}")) {
-        settings_ = qdbus_cast<QMap<QString, QVariantMap>>(answer.arguments().constFirst());
-        apply();
-    }
-}
-
-void DesktopPreferences::changeSetting(const QString& group, const QString& key, const QVariant& value) {
-    if (groups.contains(group)) {
-        settings_[group][key] = value;
-        apply();
-    }
+    bus_->call({.service = service,
+                .path = object,
+                .interface = interface,
+                .method = QStringLiteral("ReadAll"),
+                .arguments = {groups}},
+               this, [this](const QDBusPendingCall& answer) {
+                   const QDBusMessage settings = answer.reply();
+                   if (!answer.isError() && settings.signature() == QLatin1String("a{sa{sv}}")) {
+                       settings_ = qdbus_cast<QMap<QString, QVariantMap>>(settings.arguments().constFirst());
+                       apply();
+                   }
+               });
 }
 
 QVariant DesktopPreferences::setting(const QString& group, const char* key) const {

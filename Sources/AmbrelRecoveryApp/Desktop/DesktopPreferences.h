@@ -8,7 +8,6 @@
 #include <memory>
 
 class BusConnection;
-class QDBusMessage;
 
 /// Follows the user's preferences as reported by the desktop's portal and passes them on: reduced motion to Motion,
 /// high contrast to RecoveryPalette, text size to TextScale. If there is no portal, or it refuses, does not answer or
@@ -27,12 +26,9 @@ signals:
 
 private:
     void ask();
-    void readSettings(const QDBusMessage& answer);
-    void changeSetting(const QString& group, const QString& key, const QVariant& value);
     void apply();
     QVariant setting(const QString& group, const char* key) const;
 
-    const std::chrono::milliseconds limit_;
     std::shared_ptr<BusConnection> bus_;
     /// By group and key.
     QMap<QString, QVariantMap> settings_;

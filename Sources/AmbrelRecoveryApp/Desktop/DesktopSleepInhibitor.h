@@ -1,20 +1,19 @@
 #pragma once
 
-#include "AmbrelRecoveryApp/Desktop/RecoverySleepInhibitor.h"
-
 #include <QObject>
 
 #include <chrono>
 #include <memory>
 
 class BusConnection;
-class SleepInhibition;
 
-/// Keeps the machine awake through the desktop's portal or the system's login manager. Does nothing if neither exists,
-/// grants the request or answers. Never blocks. The portal grants nothing to a process that it cannot inspect, but it
-/// caches what it has learned about a connection. This object therefore introduces itself to the portal on construction
-/// and uses only that connection.
-class DesktopSleepInhibitor final : public QObject, public RecoverySleepInhibitor {
+/// Keeps the machine awake through the desktop's portal or, if that does not grant the request, through the system's
+/// login manager. Does nothing if neither exists, grants the request or answers. Each grant is tied to a connection or
+/// a descriptor of this process, so it never outlives the process. Never blocks. Main thread.
+///
+/// The portal grants nothing to a process that it cannot inspect, but it caches what it has learned about a connection.
+/// This object therefore introduces itself to the portal on construction and uses only that connection.
+class DesktopSleepInhibitor final : public QObject {
     Q_OBJECT
 
 public:
@@ -22,15 +21,23 @@ public:
     explicit DesktopSleepInhibitor(std::chrono::milliseconds limit = std::chrono::seconds(10));
     ~DesktopSleepInhibitor() override;
 
-    void begin(const QString& reason) override;
-    void end() override;
+    /// Keeps the machine from falling asleep until end(), if the desktop allows it. The desktop may show `reason` to
+    /// the user. Does nothing if already active.
+    void begin(const QString& reason);
+
+    /// Lets the machine sleep again. Does nothing if not active.
+    void end();
 
 private:
-    void introduceTo(const std::shared_ptr<BusConnection>& portal);
+    class Inhibition;
+
+    void askPortal();
+    void askLoginManager();
+    void closeRequest(const QString& path);
 
     const std::chrono::milliseconds limit_;
     /// Null until the portal knows the connection, and after it failed to answer.
     std::shared_ptr<BusConnection> portal_;
-    /// A child of this object, like the released ones that still await an answer.
-    SleepInhibition* current_ = nullptr;
+    /// Null if not active. A child of this object.
+    Inhibition* current_ = nullptr;
 };

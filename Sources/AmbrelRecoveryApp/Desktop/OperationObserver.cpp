@@ -1,8 +1,6 @@
 #include "AmbrelRecoveryApp/Desktop/OperationObserver.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
-#include "AmbrelRecoveryApp/Desktop/OperationNotifier.h"
-#include "AmbrelRecoveryApp/Desktop/RecoverySleepInhibitor.h"
 
 #include <QEvent>
 
@@ -20,23 +18,14 @@ QString reason(Phase phase) {
 
 } // namespace
 
-OperationObserver::OperationObserver(const RecoveryViewModel& model, QWidget* window,
-                                     RecoverySleepInhibitor& sleepInhibitor, OperationNotifier& notifications)
-    : model_(model), window_(window), sleepInhibitor_(sleepInhibitor), notifications_(notifications), last_(look()) {
-    window->installEventFilter(this);
+OperationObserver::OperationObserver(const RecoveryViewModel& model, QWidget& window)
+    : model_(model), window_(window), last_(look()) {
+    window_.installEventFilter(this);
     connect(&model_, &RecoveryViewModel::aboutToChange, this, &OperationObserver::scheduleLook);
 }
 
-OperationObserver::~OperationObserver() {
-    sleepInhibitor_.end();
-    notifications_.withdraw();
-}
-
 OperationObserver::Look OperationObserver::look() const {
-    return {.phase = model_.phase(),
-            .isBusy = model_.isBusy(),
-            .inspection = model_.inspection(),
-            .error = model_.presentedError()};
+    return {.phase = model_.phase(), .inspection = model_.inspection(), .error = model_.presentedError()};
 }
 
 void OperationObserver::scheduleLook() {
@@ -48,17 +37,19 @@ void OperationObserver::scheduleLook() {
 void OperationObserver::lookAgain() {
     isLookScheduled_ = false;
     const Look before = std::exchange(last_, look());
-    if (last_.isBusy) {
-        sleepInhibitor_.begin(reason(last_.phase));
-        if (!before.isBusy) {
-            notifications_.withdraw();
-        }
+    const bool wasBusy = RecoveryViewModel::isBusy(before.phase);
+    if (model_.isBusy() == wasBusy) {
         return;
     }
-    sleepInhibitor_.end();
-    const std::optional<QString> text = before.isBusy ? outcome(before, last_) : std::nullopt;
-    if (text && window_ && !window_->isActiveWindow()) {
-        notifications_.show(*text, [this] { bringWindowForward(); });
+    if (!wasBusy) {
+        emit notificationOutdated();
+        emit operationBegan(reason(last_.phase));
+        return;
+    }
+    emit operationEnded();
+    const std::optional<QString> text = outcome(before, last_);
+    if (text && !window_.isActiveWindow()) {
+        emit notificationWanted(*text);
     }
 }
 
@@ -76,17 +67,15 @@ std::optional<QString> OperationObserver::outcome(const Look& before, const Look
 }
 
 void OperationObserver::bringWindowForward() {
-    if (window_) {
-        window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
-        window_->show();
-        window_->raise();
-        window_->activateWindow();
-    }
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.show();
+    window_.raise();
+    window_.activateWindow();
 }
 
 bool OperationObserver::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
-        notifications_.withdraw();
+        emit notificationOutdated();
     }
     return QObject::eventFilter(object, event);
 }

@@ -3,27 +3,32 @@
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QWidget>
 
 #include <memory>
 #include <optional>
 
-class OperationNotifier;
-class RecoverySleepInhibitor;
-
-/// Connects the workflow to the desktop: keeps the machine awake during a long operation, and notifies the user of its
-/// end if the window is not active. Operations that the user cancelled are not reported. Main thread.
+/// Watches the workflow for the desktop: tells when the machine has to stay awake, and what the user should be notified
+/// of because the window is not active. Operations that the user cancelled are not reported. Main thread.
 class OperationObserver final : public QObject {
     Q_OBJECT
 
 public:
-    /// All of them must outlive the observer, except for the window.
-    OperationObserver(const RecoveryViewModel& model, QWidget* window, RecoverySleepInhibitor& sleepInhibitor,
-                      OperationNotifier& notifications);
+    /// Both must outlive the observer.
+    OperationObserver(const RecoveryViewModel& model, QWidget& window);
 
-    /// Lets the machine sleep again and removes the notification.
-    ~OperationObserver() override;
+    /// Raises the window above all others and makes it active.
+    void bringWindowForward();
+
+signals:
+    /// A long operation has begun; `reason` tells the user which.
+    void operationBegan(const QString& reason);
+    /// The operation has ended, in whatever way.
+    void operationEnded();
+    /// The user should be notified of `text`, which tells how the operation ended.
+    void notificationWanted(const QString& text);
+    /// The user has seen the window, or a new operation has begun.
+    void notificationOutdated();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -32,7 +37,6 @@ private:
     /// The state of the workflow at one moment, as far as it shows how an operation ended.
     struct Look {
         RecoveryViewModel::Phase phase;
-        bool isBusy;
         std::shared_ptr<const AmbrelRecoveryInspectionDocument> inspection;
         std::optional<RecoveryViewModel::PresentedError> error;
     };
@@ -43,12 +47,9 @@ private:
     /// The result of the operation that was running in `before` and has since ended, or std::nullopt if the user
     /// cancelled it.
     static std::optional<QString> outcome(const Look& before, const Look& after);
-    void bringWindowForward();
 
     const RecoveryViewModel& model_;
-    const QPointer<QWidget> window_;
-    RecoverySleepInhibitor& sleepInhibitor_;
-    OperationNotifier& notifications_;
+    QWidget& window_;
     Look last_;
     bool isLookScheduled_ = false;
 };

@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <thread>
 
 namespace {
 
@@ -25,40 +26,59 @@ Count& count() {
     return *count;
 }
 
-/// The functions waiting to be called on the main thread. They are kept in our own queue, and the Qt event only signals
-/// that there is one more, because the thread sanitizer sees this lock but not those inside Qt. Events that carried the
-/// functions would look like data races, and suppressing those reports would also hide real races.
-struct Posted {
-    std::mutex mutex;
-    std::deque<std::function<void()>> functions;
+/// Counts as one running piece of work during its lifetime.
+class Running {
+public:
+    explicit Running(BackgroundTask::AtEnd atEnd) : atEnd_(atEnd) {
+        const std::lock_guard lock(count().mutex);
+        ++count().of(atEnd_);
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() {
+        const std::lock_guard lock(count().mutex);
+        --count().of(atEnd_);
+        count().changed.notify_all();
+    }
+
+private:
+    const BackgroundTask::AtEnd atEnd_;
 };
 
-Posted& posted() {
-    static auto* const posted = new Posted;
-    return *posted;
-}
-
-void callNextPosted() {
-    std::function<void()> function;
-    {
-        const std::lock_guard lock(posted().mutex);
-        function = std::move(posted().functions.front());
-        posted().functions.pop_front();
+/// Calls functions on the main thread. They are kept in a queue of its own, and the Qt event only signals that there is
+/// one more, because the thread sanitizer sees this lock but not those inside Qt. Events that carried the functions
+/// would look like data races, and suppressing those reports would also hide real races.
+class MainThreadCaller final : public QObject {
+public:
+    void post(std::function<void()> function) {
+        {
+            const std::lock_guard lock(mutex_);
+            functions_.push_back(std::move(function));
+        }
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
-    function();
-}
 
-/// Never reads the event: its hand-over between threads is synchronized inside Qt, where the thread sanitizer does not
-/// see it.
-class Caller final : public QObject {
 protected:
-    void customEvent(QEvent*) override { callNextPosted(); }
+    /// Never reads the event: its hand-over between threads is synchronized inside Qt as well.
+    void customEvent(QEvent*) override {
+        std::function<void()> function;
+        {
+            const std::lock_guard lock(mutex_);
+            function = std::move(functions_.front());
+            functions_.pop_front();
+        }
+        function();
+    }
+
+private:
+    std::mutex mutex_;
+    std::deque<std::function<void()>> functions_;
 };
 
 /// Lives on the main thread, whichever thread asks first. Never destroyed, because threads may post until the very end.
-Caller& caller() {
+MainThreadCaller& caller() {
     static auto* const caller = [] {
-        auto* const made = new Caller;
+        auto* const made = new MainThreadCaller;
         made->moveToThread(QCoreApplication::instance()->thread());
         return made;
     }();
@@ -68,11 +88,7 @@ Caller& caller() {
 } // namespace
 
 void BackgroundTask::postToMainThread(std::function<void()> function) {
-    {
-        const std::lock_guard lock(posted().mutex);
-        posted().functions.push_back(std::move(function));
-    }
-    QCoreApplication::postEvent(&caller(), new QEvent(QEvent::User));
+    caller().post(std::move(function));
 }
 
 bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
@@ -81,13 +97,6 @@ bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
     return isOver && count().abandoned == 0;
 }
 
-BackgroundTask::Running::Running(AtEnd atEnd) : atEnd_(atEnd) {
-    const std::lock_guard lock(count().mutex);
-    ++count().of(atEnd_);
-}
-
-BackgroundTask::Running::~Running() {
-    const std::lock_guard lock(count().mutex);
-    --count().of(atEnd_);
-    count().changed.notify_all();
+void BackgroundTask::start(std::function<void()> body, AtEnd atEnd) {
+    std::thread([body = std::move(body), running = std::make_unique<Running>(atEnd)] { body(); }).detach();
 }

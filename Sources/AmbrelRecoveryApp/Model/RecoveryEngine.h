@@ -19,8 +19,8 @@ public:
 
     /// Runs the engine with the session's credential and returns its result. Blocks until the engine has ended: never
     /// call it on the main thread. Throws CancellationError if the token is stopped before the engine starts,
-    /// AmbrelRecoveryProcessError::operationAlreadyRunning if an earlier run has not ended, and other errors of that
-    /// type.
+    /// AmbrelRecoveryProcessError::operationAlreadyRunning if an earlier run has not ended, launchFailed if the session
+    /// holds no credential for the factor, and other errors of that type.
     virtual AmbrelRecoveryProcessResult run(const std::vector<std::string>& arguments,
                                             const AmbrelRecoveryCredentialSession& session,
                                             AmbrelRecoveryAppFactor factor, const std::stop_token& stopToken) = 0;

@@ -1,37 +1,13 @@
 #include "AmbrelRecoveryApp/Model/RecoveryEngineProgram.h"
 
-#include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
+#include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
+#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
 
-/// The right to run the engine. Held before the runner is called, since a run that was cancelled early may register its
-/// process late.
-class RecoveryEngineProgram::Turn {
-public:
-    Turn(RecoveryEngineProgram& program, const std::stop_token& stopToken) : program_(program) {
-        std::unique_lock lock(program.mutex_);
-        if (!program.runEnded_.wait_for(lock, stopToken, program.longestWait_,
-                                        [&program] { return !program.isRunning_; })) {
-            if (stopToken.stop_requested()) {
-                throw CancellationError();
-            }
-            throw AmbrelRecoveryProcessError::operationAlreadyRunning;
-        }
-        program.isRunning_ = true;
-    }
+#include <QScopeGuard>
 
-    Turn(const Turn&) = delete;
-    Turn& operator=(const Turn&) = delete;
-
-    ~Turn() {
-        const std::lock_guard lock(program_.mutex_);
-        program_.isRunning_ = false;
-        program_.runEnded_.notify_all();
-    }
-
-private:
-    RecoveryEngineProgram& program_;
-};
+#include <optional>
 
 RecoveryEngineProgram::RecoveryEngineProgram(const std::filesystem::path& executableURL,
                                              std::chrono::milliseconds longestWait)
@@ -41,6 +17,31 @@ AmbrelRecoveryProcessResult RecoveryEngineProgram::run(const std::vector<std::st
                                                        const AmbrelRecoveryCredentialSession& session,
                                                        AmbrelRecoveryAppFactor factor,
                                                        const std::stop_token& stopToken) {
-    const Turn turn(*this, stopToken);
-    return RecoveryEngineRun::run(runner_, arguments, session, factor, stopToken);
+    waitForTurn(stopToken);
+    const auto turn = qScopeGuard([this] {
+        const std::lock_guard lock(mutex_);
+        isRunning_ = false;
+        runEnded_.notify_all();
+    });
+    // The stack of a thread that has ended is reused for the next one.
+    const SecretStackWiper wiper;
+    const std::optional<SecretBytes> credential = session.credential(factor);
+    if (!credential) {
+        throw AmbrelRecoveryProcessError::launchFailed;
+    }
+    return runner_.run(arguments, credential->bytes(), AmbrelRecoveryProcessRunner::defaultTimeout, stopToken);
+}
+
+/// Waits until no other run is active and becomes the active one: before the runner is called, since a run that was
+/// cancelled early may register its process late.
+void RecoveryEngineProgram::waitForTurn(const std::stop_token& stopToken) {
+    std::unique_lock lock(mutex_);
+    const bool isFree = runEnded_.wait_for(lock, stopToken, longestWait_, [this] { return !isRunning_; });
+    if (stopToken.stop_requested()) {
+        throw CancellationError();
+    }
+    if (!isFree) {
+        throw AmbrelRecoveryProcessError::operationAlreadyRunning;
+    }
+    isRunning_ = true;
 }

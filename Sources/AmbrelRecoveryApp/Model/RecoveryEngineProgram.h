@@ -9,7 +9,7 @@
 #include <mutex>
 
 /// Runs the engine as a program. An engine that was asked to end may take time to do so, so a run waits for the
-/// previous one to end.
+/// previous one to end. The copy of the credential that a run takes from the session is wiped.
 class RecoveryEngineProgram final : public RecoveryEngine {
 public:
     /// How long a run waits for the previous one. A cancelled engine has this long to remove what it has exported;
@@ -26,7 +26,7 @@ public:
     void cancelCurrentOperation() override { runner_.cancelCurrentOperation(); }
 
 private:
-    class Turn;
+    void waitForTurn(const std::stop_token& stopToken);
 
     AmbrelRecoveryProcessRunner runner_;
     const std::chrono::milliseconds longestWait_;

@@ -1,20 +1,13 @@
 #include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
 
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
 #include "AmbrelRecoveryAppSupport/DocumentDecodingError.h"
-#include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
-
-#include <utility>
-
-namespace {
 
 template<typename Document>
-RecoveryEngineRun::Outcome<Document> documentOrFailure(const AmbrelRecoveryProcessResult& result,
-                                                       AmbrelRecoveryAppFactor factor) {
+RecoveryEngineRun::Outcome<Document> RecoveryEngineRun::outcome(const AmbrelRecoveryProcessResult& result,
+                                                                AmbrelRecoveryAppFactor factor) {
     if (result.exitCode == 0) {
         try {
             // Constructed in place: std::make_shared would have to copy the const members.
@@ -29,33 +22,10 @@ RecoveryEngineRun::Outcome<Document> documentOrFailure(const AmbrelRecoveryProce
     return classify(result, factor);
 }
 
-} // namespace
-
-AmbrelRecoveryProcessResult RecoveryEngineRun::run(AmbrelRecoveryProcessRunner& runner,
-                                                   const std::vector<std::string>& arguments,
-                                                   const AmbrelRecoveryCredentialSession& session,
-                                                   AmbrelRecoveryAppFactor factor, const std::stop_token& stopToken) {
-    // The stack of a thread that has ended is reused for the next one.
-    const SecretStackWiper wiper;
-    if (stopToken.stop_requested()) {
-        throw CancellationError();
-    }
-    const std::optional<SecretBytes> credential = session.credential(factor);
-    if (!credential) {
-        throw AmbrelRecoveryProcessError::launchFailed;
-    }
-    return runner.run(arguments, credential->bytes(), AmbrelRecoveryProcessRunner::defaultTimeout, stopToken);
-}
-
-RecoveryEngineRun::InspectionOutcome RecoveryEngineRun::inspectionOutcome(const AmbrelRecoveryProcessResult& result,
-                                                                          AmbrelRecoveryAppFactor factor) {
-    return documentOrFailure<AmbrelRecoveryInspectionDocument>(result, factor);
-}
-
-RecoveryEngineRun::ExportOutcome RecoveryEngineRun::exportOutcome(const AmbrelRecoveryProcessResult& result,
-                                                                  AmbrelRecoveryAppFactor factor) {
-    return documentOrFailure<AmbrelRecoveryExportDocument>(result, factor);
-}
+template RecoveryEngineRun::Outcome<AmbrelRecoveryInspectionDocument>
+RecoveryEngineRun::outcome(const AmbrelRecoveryProcessResult&, AmbrelRecoveryAppFactor);
+template RecoveryEngineRun::Outcome<AmbrelRecoveryExportDocument>
+RecoveryEngineRun::outcome(const AmbrelRecoveryProcessResult&, AmbrelRecoveryAppFactor);
 
 AmbrelRecoveryFailureKind RecoveryEngineRun::failureKind(const std::exception_ptr& error) {
     try {

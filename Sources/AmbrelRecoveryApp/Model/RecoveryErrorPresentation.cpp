@@ -4,38 +4,34 @@
 
 namespace {
 
-struct ErrorTexts {
-    LocalizedStringResource title;
-    LocalizedStringResource body;
-};
+using PresentedError = RecoveryViewModel::PresentedError;
 
-ErrorTexts errorTexts(AmbrelRecoveryFailureKind kind) {
-    using namespace AmbrelStrings;
-    switch (kind) {
-    case AmbrelRecoveryFailureKind::cancelled:
-        return {recoveryFailureCancelledTitle(), recoveryFailureCancelledBody()};
-    case AmbrelRecoveryFailureKind::wrongPassphrase:
-        return {recoveryFailureWrongPassphraseTitle(), recoveryFailureWrongPassphraseBody()};
-    case AmbrelRecoveryFailureKind::wrongRecoveryKey:
-        return {recoveryFailureWrongKeyTitle(), recoveryFailureWrongKeyBody()};
-    case AmbrelRecoveryFailureKind::invalidPackage:
-        return {recoveryFailureInvalidPackageTitle(), recoveryFailureInvalidPackageBody()};
-    case AmbrelRecoveryFailureKind::packageUnavailable:
-        return {recoveryFailureUnavailableTitle(), recoveryFailureUnavailableBody()};
-    case AmbrelRecoveryFailureKind::integrityFailure:
-        return {recoveryFailureIntegrityTitle(), recoveryFailureIntegrityBody()};
-    case AmbrelRecoveryFailureKind::destinationExists:
-    case AmbrelRecoveryFailureKind::destinationUnavailable:
-        return {filesExportDestinationUnavailableTitle(), filesExportDestinationUnavailableBody()};
-    case AmbrelRecoveryFailureKind::generic:
-        break;
-    }
-    return {recoveryFailureGenericTitle(), recoveryFailureGenericBody()};
+PresentedError withTexts(const LocalizedStringResource& title, const LocalizedStringResource& body) {
+    return {QUuid::createUuid(), AmbrelStrings::localized(title), AmbrelStrings::localized(body)};
 }
 
 } // namespace
 
-RecoveryViewModel::PresentedError RecoveryErrorPresentation::errorPresentation(AmbrelRecoveryFailureKind kind) {
-    const ErrorTexts texts = errorTexts(kind);
-    return {QUuid::createUuid(), AmbrelStrings::localized(texts.title), AmbrelStrings::localized(texts.body)};
+PresentedError RecoveryErrorPresentation::errorPresentation(AmbrelRecoveryFailureKind kind) {
+    using namespace AmbrelStrings;
+    switch (kind) {
+    case AmbrelRecoveryFailureKind::cancelled:
+        return withTexts(recoveryFailureCancelledTitle(), recoveryFailureCancelledBody());
+    case AmbrelRecoveryFailureKind::wrongPassphrase:
+        return withTexts(recoveryFailureWrongPassphraseTitle(), recoveryFailureWrongPassphraseBody());
+    case AmbrelRecoveryFailureKind::wrongRecoveryKey:
+        return withTexts(recoveryFailureWrongKeyTitle(), recoveryFailureWrongKeyBody());
+    case AmbrelRecoveryFailureKind::invalidPackage:
+        return withTexts(recoveryFailureInvalidPackageTitle(), recoveryFailureInvalidPackageBody());
+    case AmbrelRecoveryFailureKind::packageUnavailable:
+        return withTexts(recoveryFailureUnavailableTitle(), recoveryFailureUnavailableBody());
+    case AmbrelRecoveryFailureKind::integrityFailure:
+        return withTexts(recoveryFailureIntegrityTitle(), recoveryFailureIntegrityBody());
+    case AmbrelRecoveryFailureKind::destinationExists:
+    case AmbrelRecoveryFailureKind::destinationUnavailable:
+        return withTexts(filesExportDestinationUnavailableTitle(), filesExportDestinationUnavailableBody());
+    case AmbrelRecoveryFailureKind::generic:
+        break;
+    }
+    return withTexts(recoveryFailureGenericTitle(), recoveryFailureGenericBody());
 }

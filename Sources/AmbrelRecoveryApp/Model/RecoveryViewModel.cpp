@@ -125,7 +125,7 @@ void RecoveryViewModel::inspectBackup() {
 
 void RecoveryViewModel::chooseDestinationAndExport() {
     MainThread::require();
-    if (!packageURL_ || !engine_ || !canExport()) {
+    if (!engine_ || !canExport()) {
         return;
     }
     desktop_.panels.chooseDestination({.title = AmbrelStrings::localized(AmbrelStrings::filesExportChooseDestination()),
@@ -148,27 +148,19 @@ std::optional<std::uint64_t> RecoveryViewModel::selectedByteCount() const {
 
 void RecoveryViewModel::exportTo(const Path& chosen) {
     // Assistive technology can activate controls behind the open panel.
-    if (!packageURL_ || !canExport()) {
+    if (!canExport()) {
         return;
     }
     checkChoice([chosen, package = *packageURL_] { return RecoveryChosenPath::destination(chosen, package); },
                 [chosen, code = selectedSnapshotCode_](RecoveryViewModel& model, const Path& destination) {
-                    // The destination was named for this snapshot.
-                    if (model.selectedSnapshotCode_ == code) {
-                        model.applyDestination(destination, chosen);
+                    // The state may have changed during the check. The destination was named for this snapshot.
+                    if (model.canExport() && model.selectedSnapshotCode_ == code) {
+                        model.publish(model.destinationURL_, destination);
+                        model.publish(model.presentedError_, std::nullopt);
+                        model.publish(model.phase_, Phase::exporting);
+                        model.startExport(chosen);
                     }
                 });
-}
-
-void RecoveryViewModel::applyDestination(const Path& destination, const Path& chosen) {
-    // The state may have changed during the check.
-    if (!packageURL_ || !canExport()) {
-        return;
-    }
-    publish(destinationURL_, destination);
-    publish(presentedError_, std::nullopt);
-    publish(phase_, Phase::exporting);
-    startExport(chosen);
 }
 
 void RecoveryViewModel::openRecoveredFolder() {

@@ -22,6 +22,7 @@
 #include <stop_token>
 #include <string>
 #include <utility>
+#include <vector>
 
 class AmbrelRecoveryCredentialSession;
 class CloudItems;
@@ -141,7 +142,6 @@ private:
     void applyPackage(const std::filesystem::path& package);
     std::optional<std::uint64_t> selectedByteCount() const;
     void exportTo(const std::filesystem::path& chosen);
-    void applyDestination(const std::filesystem::path& destination, const std::filesystem::path& chosen);
     /// Starts a new operation in place of the last one and returns its stop token.
     std::stop_token beginOperation();
     /// Runs `work` in the background, then calls `succeed` with its result on the main thread, or `fail` with the
@@ -154,12 +154,15 @@ private:
     /// path. A file system that never answers blocks nothing.
     void checkChoice(std::function<RecoveryChosenPath::Outcome()> check, Accepting accept);
     void startPreparation();
-    void startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor);
+    void startInspection(const std::stop_token& stopToken);
     void startExport(const std::filesystem::path& destination);
-    void applyInspection(RecoveryEngineRun::InspectionOutcome outcome);
-    void applyExport(RecoveryEngineRun::ExportOutcome outcome);
+    /// Runs the engine as a step with the credential of the session.
+    template<typename Document>
+    void runEngine(const std::stop_token& stopToken, const std::vector<std::string>& arguments,
+                   void (RecoveryViewModel::*apply)(RecoveryEngineRun::Outcome<Document>), Failing fail);
+    void applyInspection(RecoveryEngineRun::Outcome<AmbrelRecoveryInspectionDocument> outcome);
+    void applyExport(RecoveryEngineRun::Outcome<AmbrelRecoveryExportDocument> outcome);
     void failCheck(const std::exception_ptr& error);
-    void giveCredentialBack();
     void failPreparationOrInspection(const std::exception_ptr& error);
     void failExport(const std::exception_ptr& error);
     void presentInspectionFailure(AmbrelRecoveryFailureKind kind);

@@ -73,63 +73,59 @@ void RecoveryViewModel::startPreparation() {
         [package = *packageURL_, cloudItems = desktop_.cloudItems, showProgress, stopToken] {
             AmbrelRecoveryPackagePreparation::prepareForRead(package, *cloudItems, showProgress, stopToken);
         },
-        [stopToken, factor = factor_](RecoveryViewModel& model, std::future<void>& outcome) {
+        [stopToken](RecoveryViewModel& model, std::future<void>& outcome) {
             outcome.get();
-            model.startInspection(stopToken, factor);
+            model.startInspection(stopToken);
         },
         &RecoveryViewModel::failPreparationOrInspection);
 }
 
-void RecoveryViewModel::startInspection(const std::stop_token& stopToken, AmbrelRecoveryAppFactor factor) {
-    publish(packagePreparationProgress_, 1.0);
-    publish(phase_, Phase::inspecting);
+template<typename Document>
+void RecoveryViewModel::runEngine(const std::stop_token& stopToken, const std::vector<std::string>& arguments,
+                                  void (RecoveryViewModel::*apply)(RecoveryEngineRun::Outcome<Document>),
+                                  Failing fail) {
     runStep(
         stopToken,
-        [engine = engine_, session = credentialSession_, factor, stopToken,
-         arguments = RecoveryEngineCommandLine::inspectArguments(*packageURL_, factor)] {
-            const auto result = engine->run(arguments, *session, factor, stopToken);
-            return RecoveryEngineRun::inspectionOutcome(result, factor);
+        [engine = engine_, session = credentialSession_, factor = factor_, stopToken, arguments] {
+            return RecoveryEngineRun::outcome<Document>(engine->run(arguments, *session, factor, stopToken), factor);
         },
-        [](RecoveryViewModel& model, std::future<RecoveryEngineRun::InspectionOutcome>& outcome) {
-            model.applyInspection(outcome.get());
+        [apply](RecoveryViewModel& model, std::future<RecoveryEngineRun::Outcome<Document>>& outcome) {
+            (model.*apply)(outcome.get());
         },
-        &RecoveryViewModel::failPreparationOrInspection);
+        fail);
+}
+
+void RecoveryViewModel::startInspection(const std::stop_token& stopToken) {
+    publish(packagePreparationProgress_, 1.0);
+    publish(phase_, Phase::inspecting);
+    runEngine(stopToken, RecoveryEngineCommandLine::inspectArguments(*packageURL_, factor_),
+              &RecoveryViewModel::applyInspection, &RecoveryViewModel::failPreparationOrInspection);
 }
 
 void RecoveryViewModel::startExport(const std::filesystem::path& destination) {
-    const std::stop_token stopToken = beginOperation();
-    runStep(
-        stopToken,
-        [engine = engine_, session = credentialSession_, factor = factor_, stopToken,
-         arguments =
-             RecoveryEngineCommandLine::exportArguments(*packageURL_, *selectedSnapshotCode_, destination, factor_)] {
-            const auto result = engine->run(arguments, *session, factor, stopToken);
-            return RecoveryEngineRun::exportOutcome(result, factor);
-        },
-        [](RecoveryViewModel& model, std::future<RecoveryEngineRun::ExportOutcome>& outcome) {
-            model.applyExport(outcome.get());
-        },
-        &RecoveryViewModel::failExport);
+    runEngine(beginOperation(),
+              RecoveryEngineCommandLine::exportArguments(*packageURL_, *selectedSnapshotCode_, destination, factor_),
+              &RecoveryViewModel::applyExport, &RecoveryViewModel::failExport);
 }
 
-void RecoveryViewModel::applyInspection(RecoveryEngineRun::InspectionOutcome outcome) {
+void RecoveryViewModel::applyInspection(RecoveryEngineRun::Outcome<AmbrelRecoveryInspectionDocument> outcome) {
     if (const auto* const failure = std::get_if<AmbrelRecoveryFailureKind>(&outcome)) {
         presentInspectionFailure(*failure);
         return;
     }
-    auto document = std::get<std::shared_ptr<const AmbrelRecoveryInspectionDocument>>(std::move(outcome));
+    auto document = std::get<0>(std::move(outcome));
     std::optional<std::string> recommendation = document->recommendedSnapshotCode();
     publish(inspection_, std::move(document));
     publish(selectedSnapshotCode_, std::move(recommendation));
     publish(phase_, Phase::snapshots);
 }
 
-void RecoveryViewModel::applyExport(RecoveryEngineRun::ExportOutcome outcome) {
+void RecoveryViewModel::applyExport(RecoveryEngineRun::Outcome<AmbrelRecoveryExportDocument> outcome) {
     if (const auto* const failure = std::get_if<AmbrelRecoveryFailureKind>(&outcome)) {
         presentExportFailure(*failure);
         return;
     }
-    publish(exportResult_, std::get<std::shared_ptr<const AmbrelRecoveryExportDocument>>(std::move(outcome)));
+    publish(exportResult_, std::get<0>(std::move(outcome)));
     dropCredentialSession();
     publish(phase_, Phase::complete);
 }
@@ -141,18 +137,13 @@ void RecoveryViewModel::failCheck(const std::exception_ptr& error) {
 void RecoveryViewModel::failPreparationOrInspection(const std::exception_ptr& error) {
     publish(packagePreparationProgress_, std::nullopt);
     if (RecoveryEngineRun::isEarlierRunActive(error)) {
-        giveCredentialBack();
+        // The engine never received the credential, and the user should not have to type it again.
+        const SecretStackWiper wiper;
+        if (const std::optional<SecretBytes> credential = credentialSession_->credential(factor_)) {
+            publish(credential_, SecretText::ofUtf8(*credential));
+        }
     }
     presentInspectionFailure(RecoveryEngineRun::failureKind(error));
-}
-
-/// Moves the credential from the session back into the field: the engine never received it, and the user should not
-/// have to type it again.
-void RecoveryViewModel::giveCredentialBack() {
-    const SecretStackWiper wiper;
-    if (const std::optional<SecretBytes> credential = credentialSession_->credential(factor_)) {
-        publish(credential_, SecretText::ofUtf8(*credential));
-    }
 }
 
 void RecoveryViewModel::failExport(const std::exception_ptr& error) {

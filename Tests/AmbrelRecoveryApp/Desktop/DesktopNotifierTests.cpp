@@ -23,6 +23,11 @@ const char* const interface = "org.freedesktop.Notifications";
 
 class DesktopNotifierTest : public testing::Test {
 protected:
+    DesktopNotifierTest() {
+        QObject::connect(&notifications, &DesktopNotifier::activated, [this] { ++activations; });
+        QObject::connect(&impatient, &DesktopNotifier::activated, [this] { ++activations; });
+    }
+
     ~DesktopNotifierTest() override {
         waitUntil([] { return BackgroundTask::waitForAll(0ms); });
     }
@@ -38,9 +43,7 @@ protected:
                                              "/org/freedesktop/Notifications", std::move(answer));
     }
 
-    void show(DesktopNotifier& shown, const QString& text = "Export complete") {
-        shown.show(text, [this] { ++activations; });
-    }
+    static void show(DesktopNotifier& notifier) { notifier.show("Export complete"); }
 
     static QStringList members(const FakeService& server) {
         QStringList members;
@@ -50,8 +53,12 @@ protected:
         return members;
     }
 
+    static qsizetype unansweredCalls(const DesktopNotifier& asking) {
+        return asking.findChildren<QDBusPendingCallWatcher*>().size();
+    }
+
     void showAndWait(const FakeService& server, const QString& text = "Export complete") {
-        show(notifications, text);
+        notifications.show(text);
         waitUntil([&] { return members(server).contains("Notify"); });
         // The answer is on its way; what is sent behind it comes behind it.
         QTest::qWait(0);
@@ -137,7 +144,7 @@ TEST_F(DesktopNotifierTest, aSecondNotificationReplacesTheFirst) {
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown, "Snapshots");
-    show(notifications, "Export complete");
+    show(notifications);
     waitUntil([&] { return members(*shown).count("Notify") == 2; });
     waitUntil([&] { return members(*shown).contains("CloseNotification"); });
     waitUntil([&] { return shown->isCallerGone(); });
@@ -156,7 +163,19 @@ TEST_F(DesktopNotifierTest, aNotificationThatTheUserClosedIsNotWithdrawn) {
     EXPECT_EQ(members(*shown), (QStringList{"GetCapabilities", "Notify"}));
 }
 
-TEST_F(DesktopNotifierTest, aNotificationShownAfterItsWithdrawalIsClosed) {
+TEST_F(DesktopNotifierTest, whatIsShownIsTakenAwayWhenItGoesAway) {
+    session.start();
+    const auto shown = server(shows);
+    auto gone = std::make_unique<DesktopNotifier>(1min);
+    show(*gone);
+    waitUntil([&] { return members(*shown).contains("Notify") && unansweredCalls(*gone) == 0; });
+    gone.reset();
+    waitUntil([&] { return members(*shown).contains("CloseNotification"); });
+    EXPECT_EQ(shown->calls.last().arguments(), QVariantList{identifier});
+    waitUntil([&] { return shown->isCallerGone(); });
+}
+
+TEST_F(DesktopNotifierTest, whatIsShownTooLateIsTakenAway) {
     session.start();
     const auto slow =
         server([](const QDBusMessage& call) { return call.member() == "Notify" ? std::nullopt : shows(call); });
@@ -219,7 +238,7 @@ TEST_F(DesktopNotifierTest, neverWaitsForABusThatDoesNotAnswer) {
     ASSERT_TRUE(silent.isListening());
     show(notifications);
     // Asked, not answered, and the main thread goes on.
-    waitUntil([&] { return !notifications.findChildren<QDBusPendingCallWatcher*>().isEmpty(); });
+    waitUntil([&] { return unansweredCalls(notifications) == 1; });
     notifications.withdraw();
     waitUntil([&] { return notifications.children().isEmpty(); });
 }

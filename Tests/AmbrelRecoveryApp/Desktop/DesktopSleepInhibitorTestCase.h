@@ -2,7 +2,6 @@
 
 #include "../Support/TestBus.h"
 #include "AmbrelRecoveryApp/Desktop/DesktopSleepInhibitor.h"
-#include "AmbrelRecoveryApp/Desktop/SleepInhibition.h"
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "FakeService.h"
 #include "LoginManagerLock.h"
@@ -88,12 +87,8 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor(condition, generousMilliseconds));
     }
 
-    static SleepInhibition& inhibition(const DesktopSleepInhibitor& asking) {
-        return *asking.findChildren<SleepInhibition*>().last();
-    }
-
-    static qsizetype unansweredCalls(const QObject& asking) {
-        return asking.findChildren<QDBusPendingCallWatcher*>(Qt::FindDirectChildrenOnly).size();
+    static qsizetype unansweredCalls(const DesktopSleepInhibitor& asking) {
+        return asking.findChildren<QDBusPendingCallWatcher*>().size();
     }
 
     static qsizetype openDescriptors() { return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size(); }

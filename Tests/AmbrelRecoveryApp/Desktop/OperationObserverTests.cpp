@@ -1,42 +1,24 @@
 #include "AmbrelRecoveryApp/Desktop/OperationObserver.h"
 
 #include "../Support/RecoveryViewModelTestCase.h"
-#include "AmbrelRecoveryApp/Desktop/OperationNotifier.h"
-#include "AmbrelRecoveryApp/Desktop/RecoverySleepInhibitor.h"
 
 #include <QTest>
 
 namespace {
 
-class RecordingSleepInhibitor final : public RecoverySleepInhibitor {
-public:
-    void begin(const QString& reason) override {
-        isHeld = true;
-        reasons.append(reason);
-    }
-    void end() override { isHeld = false; }
-
-    bool isHeld = false;
-    QStringList reasons;
-};
-
-class RecordingNotifications final : public OperationNotifier {
-public:
-    void show(const QString& text, std::function<void()> activated) override {
-        shown = text;
-        pick = std::move(activated);
-    }
-    void withdraw() override { shown.reset(); }
-
-    std::optional<QString> shown;
-    std::function<void()> pick;
-};
-
 class OperationObserverTest : public RecoveryViewModelTestCase {
 protected:
     OperationObserverTest() {
         makeModel();
-        guard = std::make_unique<OperationObserver>(*model, &window, inhibitor, notifications);
+        observer = std::make_unique<OperationObserver>(*model, window);
+        const OperationObserver* const told = observer.get();
+        QObject::connect(told, &OperationObserver::operationBegan, [this](const QString& reason) {
+            isAwake = true;
+            reasons.append(reason);
+        });
+        QObject::connect(told, &OperationObserver::operationEnded, [this] { isAwake = false; });
+        QObject::connect(told, &OperationObserver::notificationWanted, [this](const QString& text) { shown = text; });
+        QObject::connect(told, &OperationObserver::notificationOutdated, [this] { shown.reset(); });
     }
 
     void lookElsewhere() { activate(elsewhere); }
@@ -63,55 +45,47 @@ protected:
 
     QWidget window;
     QWidget elsewhere;
-    RecordingSleepInhibitor inhibitor;
-    RecordingNotifications notifications;
-    std::unique_ptr<OperationObserver> guard;
+    std::unique_ptr<OperationObserver> observer;
+    bool isAwake = false;
+    QStringList reasons;
+    /// The notification that is to be shown.
+    std::optional<QString> shown;
 };
 
 TEST_F(OperationObserverTest, keepsTheMachineAwakeWhileAnInspectionRuns) {
     setEngineThatWaits();
     settle();
-    EXPECT_TRUE(inhibitor.reasons.isEmpty());
+    EXPECT_TRUE(reasons.isEmpty());
     beginInspection();
     waitUntilEngineRuns();
-    EXPECT_TRUE(inhibitor.isHeld);
-    EXPECT_EQ(inhibitor.reasons.first(), QStringLiteral("Inspecting the backup…"));
+    EXPECT_TRUE(isAwake);
+    EXPECT_EQ(reasons.first(), QStringLiteral("Inspecting the backup…"));
     model->cancelOperation();
     settle();
-    EXPECT_FALSE(inhibitor.isHeld);
+    EXPECT_FALSE(isAwake);
 }
 
 TEST_F(OperationObserverTest, keepsTheMachineAwakeWhileAnExportRuns) {
     inspect(inspectionDocument());
     settle();
-    EXPECT_FALSE(inhibitor.isHeld);
-    inhibitor.reasons.clear();
+    EXPECT_FALSE(isAwake);
+    reasons.clear();
     setEngineThatWaits();
     beginExport();
     waitUntilEngineRuns();
-    EXPECT_TRUE(inhibitor.isHeld);
-    EXPECT_EQ(inhibitor.reasons.first(), QStringLiteral("Exporting…"));
+    EXPECT_TRUE(isAwake);
+    EXPECT_EQ(reasons.first(), QStringLiteral("Exporting…"));
     model->startAgain();
     settle();
-    EXPECT_FALSE(inhibitor.isHeld);
-}
-
-TEST_F(OperationObserverTest, letsTheMachineSleepWhenItIsDestroyed) {
-    setEngineThatWaits();
-    beginInspection();
-    waitUntilEngineRuns();
-    notifications.shown = QStringLiteral("anything");
-    guard.reset();
-    EXPECT_FALSE(inhibitor.isHeld);
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(isAwake);
 }
 
 TEST_F(OperationObserverTest, notifiesOfTheEndOfAnInspection) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
-    EXPECT_EQ(notifications.shown, QStringLiteral("Snapshots"));
-    EXPECT_FALSE(inhibitor.isHeld);
+    EXPECT_EQ(shown, QStringLiteral("Snapshots"));
+    EXPECT_FALSE(isAwake);
 }
 
 TEST_F(OperationObserverTest, notifiesOfTheEndOfAnExport) {
@@ -121,7 +95,7 @@ TEST_F(OperationObserverTest, notifiesOfTheEndOfAnExport) {
     beginExport();
     waitForPhase(Phase::complete);
     settle();
-    EXPECT_EQ(notifications.shown, QStringLiteral("Export complete"));
+    EXPECT_EQ(shown, QStringLiteral("Export complete"));
 }
 
 TEST_F(OperationObserverTest, notifiesOfAFailureWithTheTitleOfItsError) {
@@ -130,35 +104,35 @@ TEST_F(OperationObserverTest, notifiesOfAFailureWithTheTitleOfItsError) {
     beginInspection();
     waitUntil([this] { return model->presentedError().has_value(); });
     settle();
-    EXPECT_EQ(notifications.shown, model->presentedError()->title);
-    EXPECT_FALSE(inhibitor.isHeld);
+    EXPECT_EQ(shown, model->presentedError()->title);
+    EXPECT_FALSE(isAwake);
 }
 
 TEST_F(OperationObserverTest, doesNotNotifyWhileTheWindowIsActive) {
     activate(window);
     inspect(inspectionDocument());
     settle();
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
 }
 
 TEST_F(OperationObserverTest, doesNotNotifyOfACancellation) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
-    notifications.withdraw();
+    shown.reset();
     setEngineThatWaits();
     beginExport();
     waitUntilEngineRuns();
     model->cancelOperation();
     settle();
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
     type("again");
     model->inspectBackup();
     waitUntilEngineRuns();
     model->cancelOperation();
     settle();
     EXPECT_EQ(model->phase(), Phase::snapshots);
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
 }
 
 TEST_F(OperationObserverTest, doesNotNotifyOfAnErrorOutsideAnOperation) {
@@ -166,16 +140,16 @@ TEST_F(OperationObserverTest, doesNotNotifyOfAnErrorOutsideAnOperation) {
     untilAnnounced([this] { model->acceptPackage(path("engine")); });
     settle();
     ASSERT_TRUE(model->presentedError());
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
 }
 
 TEST_F(OperationObserverTest, withdrawsTheNotificationWhenTheWindowBecomesActive) {
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
-    ASSERT_TRUE(notifications.shown);
+    ASSERT_TRUE(shown);
     activate(window);
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
 }
 
 TEST_F(OperationObserverTest, bringsTheWindowForwardWhenTheNotificationIsPicked) {
@@ -183,11 +157,11 @@ TEST_F(OperationObserverTest, bringsTheWindowForwardWhenTheNotificationIsPicked)
     lookElsewhere();
     inspect(inspectionDocument());
     settle();
-    ASSERT_TRUE(notifications.pick);
-    notifications.pick();
+    ASSERT_TRUE(shown);
+    observer->bringWindowForward();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_FALSE(window.isMinimized());
-    EXPECT_FALSE(notifications.shown);
+    EXPECT_FALSE(shown);
 }
 
 } // namespace

@@ -1,16 +1,13 @@
 #include "AmbrelRecoveryApp/Model/RecoveryEngineRun.h"
 
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryCredentialSession.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryPackagePreparation.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 #include "AmbrelRecoveryAppSupport/CancellationError.h"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
 #include <new>
-#include <stdexcept>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -26,10 +23,6 @@ Kind kindOf(const Error& error) {
     return RecoveryEngineRun::failureKind(std::make_exception_ptr(error));
 }
 
-SecretBytes secret() {
-    return SecretBytes::copyOf(std::as_bytes(std::span("secret", 6)));
-}
-
 const std::string inspectionSchema = "com.ambrel.recovery.cli-inspection.v1";
 const std::string exportSchema = "com.ambrel.recovery.cli-export.v1";
 const std::string backupFormat = "com.ambrel.backup.v1";
@@ -40,7 +33,7 @@ bool isInspectionAccepted(const std::string& schema, const std::string& format) 
         R"({"schemaIdentifier":")" + schema + R"(","formatIdentifier":")" + format +
         R"(","formatVersion":1,"unlockedFactor":"","branchDisposition":"","authenticatedCommitCount":0,)"
         R"("authenticatedHeadCount":0,"maximumWriterEpoch":0,"preservedBranches":[],"snapshots":[]})";
-    const auto outcome = RecoveryEngineRun::inspectionOutcome({0, document, ""}, passphrase);
+    const auto outcome = RecoveryEngineRun::outcome<AmbrelRecoveryInspectionDocument>({0, document, ""}, passphrase);
     return !std::holds_alternative<Kind>(outcome);
 }
 
@@ -51,7 +44,8 @@ std::string exportDocument(const std::string& schema) {
 }
 
 bool isExportAccepted(const std::string& schema) {
-    const auto outcome = RecoveryEngineRun::exportOutcome({0, exportDocument(schema), ""}, passphrase);
+    const auto outcome =
+        RecoveryEngineRun::outcome<AmbrelRecoveryExportDocument>({0, exportDocument(schema), ""}, passphrase);
     return !std::holds_alternative<Kind>(outcome);
 }
 
@@ -94,52 +88,21 @@ TEST(RecoveryEngineRunTest, mapsEveryThrownErrorToAFailure) {
     EXPECT_EQ(kindOf(std::bad_alloc()), Kind::generic);
 }
 
-TEST(RecoveryEngineRunTest, doesNotStartACancelledRun) {
-    AmbrelRecoveryProcessRunner runner("/bin/true");
-    const AmbrelRecoveryCredentialSession session(passphrase, secret());
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_THROW(RecoveryEngineRun::run(runner, {}, session, passphrase, stop.get_token()), CancellationError);
-}
-
-TEST(RecoveryEngineRunTest, doesNotStartWithoutACredentialForTheFactor) {
-    // An engine that cannot be started would give another error.
-    AmbrelRecoveryProcessRunner runner("/nonexistent");
-    AmbrelRecoveryCredentialSession session(passphrase, secret());
-    const auto runWith = [&](AmbrelRecoveryAppFactor factor) {
-        try {
-            RecoveryEngineRun::run(runner, {}, session, factor, {});
-        } catch (AmbrelRecoveryProcessError error) {
-            return error;
-        }
-        throw std::logic_error("the run succeeded");
-    };
-    EXPECT_EQ(runWith(recoveryKey), AmbrelRecoveryProcessError::launchFailed);
-    EXPECT_EQ(runWith(passphrase), AmbrelRecoveryProcessError::executableUnavailable);
-    session.invalidate();
-    EXPECT_EQ(runWith(passphrase), AmbrelRecoveryProcessError::launchFailed);
-}
-
-TEST(RecoveryEngineRunTest, handsOverTheCredentialAndReturnsWhatTheEngineWrote) {
-    AmbrelRecoveryProcessRunner runner("/bin/cat");
-    const AmbrelRecoveryCredentialSession session(passphrase, secret());
-    const auto result = RecoveryEngineRun::run(runner, {}, session, passphrase, {});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.standardOutput, "secret\n");
-}
-
 TEST(RecoveryEngineRunTest, classifiesADocumentThatIsNotAccepted) {
-    const auto outcome = RecoveryEngineRun::inspectionOutcome({0, "{}", "package is unavailable"}, passphrase);
+    const auto outcome =
+        RecoveryEngineRun::outcome<AmbrelRecoveryInspectionDocument>({0, "{}", "package is unavailable"}, passphrase);
     EXPECT_EQ(std::get<Kind>(outcome), Kind::packageUnavailable);
-    EXPECT_EQ(std::get<Kind>(RecoveryEngineRun::exportOutcome({0, "", "did not unlock"}, recoveryKey)),
+    EXPECT_EQ(std::get<Kind>(
+                  RecoveryEngineRun::outcome<AmbrelRecoveryExportDocument>({0, "", "did not unlock"}, recoveryKey)),
               Kind::wrongRecoveryKey);
 }
 
 TEST(RecoveryEngineRunTest, acceptsAnExportOfAnyStatusUnlessTheEngineFailed) {
     const std::string document = exportDocument(exportSchema);
-    const auto accepted = RecoveryEngineRun::exportOutcome({0, document, "integrity verification failed"}, passphrase);
+    const auto accepted = RecoveryEngineRun::outcome<AmbrelRecoveryExportDocument>(
+        {0, document, "integrity verification failed"}, passphrase);
     EXPECT_EQ(std::get<0>(accepted)->failedResourceCount, 9);
-    const auto refused = RecoveryEngineRun::exportOutcome({1, document, ""}, passphrase);
+    const auto refused = RecoveryEngineRun::outcome<AmbrelRecoveryExportDocument>({1, document, ""}, passphrase);
     EXPECT_EQ(std::get<Kind>(refused), Kind::generic);
 }
 

@@ -45,7 +45,7 @@ TEST_F(FilePanelsTest, wearTheColoursOfTheApplication) {
 
 TEST_F(FilePanelsTest, showAnAmpersandOfTheButtonsLabelAsOne) {
     panels->chooseBackup({"Title", "This & that"}, recording());
-    EXPECT_NE(button(*window->findChild<ItemPanel*>(), "This && that"), nullptr);
+    EXPECT_NE(button(*window->findChild<ItemPanel*>(), "This & that"), nullptr);
 }
 
 TEST_F(FilePanelsTest, beginAtHomeAndThenWhereTheLastChoiceWas) {

@@ -53,8 +53,6 @@ void IconButton::paintEvent(QPaintEvent* /*event*/) {
     const QRect symbolRect = QStyle::visualRect(layoutDirection(), rect(), place);
     const bool isLit = isDown() || underMouse();
     SymbolPainter::paint(painter, symbol_, symbolRect, isLit ? RecoveryPalette::primary() : RecoveryPalette::muted());
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, QStyle::visualRect(layoutDirection(), rect(), place.adjusted(-8, -6, 0, 6)), 8,
-                         RecoveryPalette::copper());
-    }
+    FocusRing::paint(painter, *this, QStyle::visualRect(layoutDirection(), rect(), place.adjusted(-8, -6, 0, 6)), 8,
+                     RecoveryPalette::copper());
 }

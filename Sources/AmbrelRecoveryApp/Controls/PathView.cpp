@@ -109,9 +109,7 @@ void PathView::paintEvent(QPaintEvent* event) {
         QPainter painter(viewport());
         RoundedPanel::paint(painter, viewport()->rect(), cornerRadius, RecoveryPalette::input(),
                             RecoveryPalette::line());
-        if (FocusRing::isShown(*this)) {
-            FocusRing::paint(painter, viewport()->rect(), cornerRadius, RecoveryPalette::copper());
-        }
+        FocusRing::paint(painter, *this, viewport()->rect(), cornerRadius, RecoveryPalette::copper());
     }
     QTextEdit::paintEvent(event);
 }

@@ -24,7 +24,6 @@ void PrimaryRecoveryButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
     RoundedPanel::paint(painter, rect(), cornerRadius, fill(isDown()), Qt::transparent);
     paintLabel(painter, labelColor(isDown() || !isEnabled()));
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2, RecoveryPalette::primary());
-    }
+    FocusRing::paint(painter, *this, QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2,
+                     RecoveryPalette::primary());
 }

@@ -23,7 +23,5 @@ void SecondaryRecoveryButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setOpacity((isEnabled() ? 1 : RecoveryPalette::disabledOpacity) * (isDown() ? pressedOpacity : 1));
     RoundedPanel::paint(painter, rect(), cornerRadius, fill(), RecoveryPalette::outline());
     paintLabel(painter, labelColor());
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
-    }
+    FocusRing::paint(painter, *this, rect(), cornerRadius, RecoveryPalette::copper());
 }

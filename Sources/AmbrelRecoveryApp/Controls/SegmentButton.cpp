@@ -67,7 +67,5 @@ void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(isChecked() ? RecoveryPalette::primary() : RecoveryPalette::secondary());
     painter.setFont(labelFont(isChecked()));
     CenteredText::paint(painter, rect(), accessibleName());
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
-    }
+    FocusRing::paint(painter, *this, rect(), cornerRadius, RecoveryPalette::copper());
 }

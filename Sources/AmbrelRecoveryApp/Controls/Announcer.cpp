@@ -25,14 +25,13 @@ Announcer::~Announcer() {
 
 /// Deferred, because Qt creates its own side of the interface only after this call.
 void Announcer::accessibilityActiveChanged(bool isActive) {
+    const auto announceAgain = [this] {
+        if (!isHidden()) {
+            announce(accessibleName());
+        }
+    };
     if (isActive) {
-        QMetaObject::invokeMethod(this, &Announcer::announceAgain, Qt::QueuedConnection);
-    }
-}
-
-void Announcer::announceAgain() {
-    if (!isHidden()) {
-        announce(accessibleName());
+        QMetaObject::invokeMethod(this, announceAgain, Qt::QueuedConnection);
     }
 }
 

@@ -23,7 +23,6 @@ public:
 
 private:
     void accessibilityActiveChanged(bool isActive) override;
-    void announceAgain();
 
     QTimer lifetime_;
 };

@@ -3,37 +3,31 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 
-namespace {
+#include <algorithm>
 
-/// The item that `key` selects; invalid if it is no navigation key or the list is empty.
-QModelIndex choiceOf(const QAbstractItemView& list, int key) {
-    const QModelIndex current = list.currentIndex();
-    const int count = list.model()->rowCount(list.rootIndex());
-    switch (key) {
+bool FirstChoice::select(QAbstractItemView& list, const QKeyEvent& event) {
+    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const int count = list.model()->rowCount();
+    if (!isPlain || count == 0 || list.selectionModel()->hasSelection()) {
+        return false;
+    }
+    int row = std::max(0, list.currentIndex().row());
+    switch (event.key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-        return current.isValid() ? current : list.model()->index(0, 0, list.rootIndex());
+        break;
     case Qt::Key_Home:
-        return list.model()->index(0, 0, list.rootIndex());
+        row = 0;
+        break;
     case Qt::Key_End:
-        return list.model()->index(count - 1, 0, list.rootIndex());
+        row = count - 1;
+        break;
     default:
-        return {};
-    }
-}
-
-} // namespace
-
-bool FirstChoice::select(QAbstractItemView& list, const QKeyEvent& event) {
-    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (!isPlain || list.selectionModel()->hasSelection()) {
         return false;
     }
-    const QModelIndex choice = choiceOf(list, event.key());
-    if (choice.isValid()) {
-        list.selectionModel()->setCurrentIndex(choice, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    }
-    return choice.isValid();
+    list.selectionModel()->setCurrentIndex(list.model()->index(row, 0),
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return true;
 }

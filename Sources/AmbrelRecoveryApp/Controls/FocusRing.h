@@ -9,10 +9,8 @@ class QWidget;
 /// The ring around the control with the keyboard focus.
 namespace FocusRing {
 
-/// Whether `control` shows the ring: it has the focus, however it got it, and the user last used the keyboard.
-bool isShown(const QWidget& control);
-
-/// Draws the ring just inside `rect`, with the corners of a shape of `radius`.
-void paint(QPainter& painter, const QRectF& rect, qreal radius, const QColor& color);
+/// If `control` has the focus, however it got it, and the user last used the keyboard, draws the ring just inside
+/// `rect`, with the corners of a shape of `radius`. Input before the first call is not seen. Main thread.
+void paint(QPainter& painter, const QWidget& control, const QRectF& rect, qreal radius, const QColor& color);
 
 } // namespace FocusRing

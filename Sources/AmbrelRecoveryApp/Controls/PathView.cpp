@@ -26,10 +26,8 @@ constexpr char32_t separator = U'/';
 PathView::PathView(QWidget* parent) : QTextEdit(parent) {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setTabChangesFocus(true);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::NoContextMenu);
-    setAcceptRichText(false);
     setAcceptDrops(false);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -109,9 +107,7 @@ void PathView::paintEvent(QPaintEvent* event) {
         QPainter painter(viewport());
         RoundedPanel::paint(painter, viewport()->rect(), cornerRadius, RecoveryPalette::input(),
                             RecoveryPalette::line());
-        if (FocusRing::isShown(*this)) {
-            FocusRing::paint(painter, viewport()->rect(), cornerRadius, RecoveryPalette::copper());
-        }
+        FocusRing::paint(painter, *this, viewport()->rect(), cornerRadius, RecoveryPalette::copper());
     }
     QTextEdit::paintEvent(event);
 }

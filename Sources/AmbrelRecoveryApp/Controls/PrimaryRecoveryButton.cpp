@@ -1,26 +1,29 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
-#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButtonStyle.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 
 #include <QPainter>
 
-namespace Style = PrimaryRecoveryButtonStyle;
-
 PrimaryRecoveryButton::PrimaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent)
-    : RecoveryButton(symbol, Style::labelFont(), Style::leastHeight, parent) {}
+    : RecoveryButton(symbol, recoveryFont(15, QFont::DemiBold), 50, parent) {}
+
+QColor PrimaryRecoveryButton::fill(bool isPressed) {
+    constexpr double pressedOpacity = 0.76;
+    return RecoveryPalette::withOpacity(RecoveryPalette::copper(), isPressed ? pressedOpacity : 1);
+}
+
+QColor PrimaryRecoveryButton::labelColor(bool isDimmed) {
+    return isDimmed ? RecoveryPalette::onDimmedCopper() : RecoveryPalette::onCopper();
+}
 
 void PrimaryRecoveryButton::paintEvent(QPaintEvent* /*event*/) {
-    const bool isDimmed = isDown() || !isEnabled();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : RecoveryPalette::disabledOpacity);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Style::fill(isDown()));
-    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    paintLabel(painter, Style::label(isDimmed));
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2, RecoveryPalette::primary());
-    }
+    RoundedPanel::paint(painter, rect(), cornerRadius, fill(isDown()), Qt::transparent);
+    paintLabel(painter, labelColor(isDown() || !isEnabled()));
+    FocusRing::paint(painter, *this, QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2,
+                     RecoveryPalette::primary());
 }

@@ -9,6 +9,10 @@ class PrimaryRecoveryButton final : public RecoveryButton {
 public:
     explicit PrimaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent = nullptr);
 
+    static QColor fill(bool isPressed);
+    /// Dark on the bright fill; bright on the darker fill of a button that is pressed or disabled.
+    static QColor labelColor(bool isDimmed);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 };

@@ -7,10 +7,8 @@
 #include <QAccessible>
 #include <QAccessibleValueChangeEvent>
 #include <QPainter>
-#include <QTimerEvent>
 
-#include <algorithm>
-#include <cmath>
+#include <chrono>
 
 namespace {
 
@@ -21,19 +19,18 @@ constexpr qreal barHeight = 6;
 constexpr QSize ringSize(18, 18);
 constexpr qreal ringThickness = 2;
 constexpr int arcDegrees = 90;
-constexpr int turnInterval = 40;
+constexpr std::chrono::milliseconds turnInterval(40);
 constexpr int turnDegrees = 18;
-
-double drawn(double fraction) {
-    return std::isnan(fraction) ? 0 : std::clamp(fraction, 0.0, 1.0);
-}
 
 } // namespace
 
 ProgressIndicator::ProgressIndicator(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    gliding_.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&gliding_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+    turning_.setInterval(turnInterval);
+    connect(&turning_, &QTimer::timeout, this, [this] {
+        degrees_ = (degrees_ + turnDegrees) % 360;
+        update();
+    });
 }
 
 void ProgressIndicator::setFraction(const std::optional<double>& fraction) {
@@ -48,7 +45,6 @@ void ProgressIndicator::setFraction(const std::optional<double>& fraction) {
     }
     update();
     if (fraction_) {
-        glideTo(drawn(*fraction_));
         QAccessibleValueChangeEvent event(this, *fraction_);
         QAccessible::updateAccessibility(&event);
     }
@@ -61,21 +57,12 @@ QSize ProgressIndicator::sizeHint() const {
     return TextScale::isEnlarged() ? barSizeBesideLargeText : barSize;
 }
 
-void ProgressIndicator::glideTo(double fraction) {
-    const QVariant from = isVisible() && gliding_.currentValue().isValid() ? gliding_.currentValue() : fraction;
-    gliding_.stop();
-    gliding_.setStartValue(from);
-    gliding_.setEndValue(fraction);
-    gliding_.setDuration(static_cast<int>(Motion::duration(*this).count()));
-    gliding_.start();
-}
-
 void ProgressIndicator::turnOrRest() {
     const bool mayMove = Motion::duration(*this) > std::chrono::milliseconds::zero();
     if (isVisible() && !fraction_ && mayMove) {
-        timer_.start(turnInterval, this);
+        turning_.start();
     } else {
-        timer_.stop();
+        turning_.stop();
     }
 }
 
@@ -89,32 +76,23 @@ void ProgressIndicator::showEvent(QShowEvent* event) {
     turnOrRest();
 }
 
-void ProgressIndicator::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == timer_.timerId()) {
-        degrees_ = (degrees_ + turnDegrees) % 360;
-        update();
-    } else {
-        QWidget::timerEvent(event);
-    }
-}
-
 void ProgressIndicator::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (fraction_) {
-        paintBar(painter, gliding_.currentValue().toDouble());
+        paintBar(painter, *fraction_);
     } else {
         paintRing(painter);
     }
 }
 
-void ProgressIndicator::paintBar(QPainter& painter, double drawnFraction) const {
+void ProgressIndicator::paintBar(QPainter& painter, double fraction) const {
     const QRectF track(0, (height() - barHeight) / 2, width(), barHeight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(RecoveryPalette::highlight());
     painter.drawRoundedRect(track, barHeight / 2, barHeight / 2);
     QRectF filled = track;
-    filled.setWidth(track.width() * drawnFraction);
+    filled.setWidth(track.width() * fraction);
     if (layoutDirection() == Qt::RightToLeft) {
         filled.moveRight(track.right());
     }

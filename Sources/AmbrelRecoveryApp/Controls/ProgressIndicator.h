@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QBasicTimer>
-#include <QVariantAnimation>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -13,8 +12,7 @@ class ProgressIndicator final : public QWidget {
 public:
     explicit ProgressIndicator(QWidget* parent = nullptr);
 
-    /// Sets the progress, 0 to 1, or std::nullopt if unknown. Values out of range are drawn as the nearer end. The bar
-    /// moves smoothly to a new fraction.
+    /// Sets the progress, 0 to 1, or std::nullopt if unknown.
     void setFraction(const std::optional<double>& fraction);
     const std::optional<double>& fraction() const { return fraction_; }
 
@@ -24,16 +22,13 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
 private:
     void turnOrRest();
-    void glideTo(double fraction);
-    void paintBar(QPainter& painter, double drawnFraction) const;
+    void paintBar(QPainter& painter, double fraction) const;
     void paintRing(QPainter& painter) const;
 
     std::optional<double> fraction_;
-    QVariantAnimation gliding_;
-    QBasicTimer timer_;
+    QTimer turning_;
     int degrees_ = 0;
 };

@@ -4,8 +4,8 @@
 
 #include <QWidget>
 
-class IconButton;
 class ProgressIndicator;
+class QAbstractButton;
 class TextLabel;
 
 /// A running operation: its progress, its title, and the button that cancels it.
@@ -25,5 +25,5 @@ private:
     ProgressIndicator* const indicator_;
     TextLabel* const percent_;
     TextLabel* const title_;
-    IconButton* const cancel_;
+    QAbstractButton* const cancel_;
 };

@@ -30,10 +30,9 @@ void RecoveryButton::setLabel(const QString& label) {
         return;
     }
     label_ = label;
-    // An ampersand would underline the next letter.
-    setText(QString(label).replace(u'&', QStringLiteral("&&")));
     setAccessibleName(label);
     updateGeometry();
+    update();
 }
 
 void RecoveryButton::setSymbolLabel(const QString& label) {

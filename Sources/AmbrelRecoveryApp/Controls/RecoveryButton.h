@@ -8,7 +8,7 @@
 
 class QPainter;
 
-/// The common base of both button styles: a symbol and a label beside it, centered and never cut off. An enlarged label
+/// What both kinds of buttons share: a symbol and a label beside it, centered and never cut off. An enlarged label
 /// that is too wide is shown smaller, down to its designed size. Return presses the button that has the focus, as Space
 /// does.
 class RecoveryButton : public QPushButton {
@@ -21,6 +21,9 @@ public:
     void setSymbolLabel(const QString& label);
     const QString& label() const { return label_; }
 
+    /// Replaces the usual height of such a button, for one beside another control.
+    void setButtonHeight(int height);
+
     QSize sizeHint() const override;
     /// The size with the label as large as designed.
     QSize minimumSizeHint() const override;
@@ -28,9 +31,8 @@ public:
     QFont shownFont() const;
 
 protected:
+    /// `height` is the usual height in device-independent pixels; a larger font makes the button higher.
     RecoveryButton(std::optional<RecoverySymbol> symbol, const QFont& font, int height, QWidget* parent);
-
-    void setButtonHeight(int height);
 
     /// Draws symbol and label in `color`.
     void paintLabel(QPainter& painter, const QColor& color) const;

@@ -1,23 +1,27 @@
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 
 #include "AmbrelRecoveryApp/Controls/FocusRing.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
-#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButtonStyle.h"
 
 #include <QPainter>
 
-namespace Style = SecondaryRecoveryButtonStyle;
-
 SecondaryRecoveryButton::SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent)
-    : RecoveryButton(symbol, Style::labelFont(), Style::usualHeight, parent) {}
+    : RecoveryButton(symbol, recoveryFont(15, QFont::Medium), 42, parent) {}
+
+QColor SecondaryRecoveryButton::fill() {
+    return RecoveryPalette::raised();
+}
+
+QColor SecondaryRecoveryButton::labelColor() {
+    return RecoveryPalette::primary();
+}
 
 void SecondaryRecoveryButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setOpacity((isEnabled() ? 1 : RecoveryPalette::disabledOpacity) * (isDown() ? Style::pressedOpacity : 1));
-    RoundedPanel::paint(painter, rect(), cornerRadius, Style::fill(), RecoveryPalette::outline());
-    paintLabel(painter, Style::label());
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
-    }
+    painter.setOpacity((isEnabled() ? 1 : RecoveryPalette::disabledOpacity) * (isDown() ? pressedOpacity : 1));
+    RoundedPanel::paint(painter, rect(), cornerRadius, fill(), RecoveryPalette::outline());
+    paintLabel(painter, labelColor());
+    FocusRing::paint(painter, *this, rect(), cornerRadius, RecoveryPalette::copper());
 }

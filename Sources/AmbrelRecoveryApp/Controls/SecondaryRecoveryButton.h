@@ -9,11 +9,13 @@ class SecondaryRecoveryButton final : public RecoveryButton {
 public:
     /// The height of a button in a row of small controls.
     static constexpr int lowHeight = 34;
+    /// The opacity of the whole button while it is pressed.
+    static constexpr double pressedOpacity = 0.78;
 
     explicit SecondaryRecoveryButton(std::optional<RecoverySymbol> symbol, QWidget* parent = nullptr);
 
-    /// Overrides the height that the style defines, for a button beside another control.
-    using RecoveryButton::setButtonHeight;
+    static QColor fill();
+    static QColor labelColor();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

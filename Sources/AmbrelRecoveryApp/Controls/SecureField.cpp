@@ -6,7 +6,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
-#include "AmbrelRecoveryApp/Controls/SecureFieldStyle.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Secrets/ProcessSetup.h"
 #include "AmbrelRecoveryAppSupport/SecretStackWiper.h"
@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -28,9 +27,8 @@ constexpr int fieldHeight = 42;
 constexpr int fontSize = 15;
 constexpr int hintFontSize = 12;
 constexpr qreal maskTracking = 3.6;
+/// Of which a line edit itself keeps 2 and the style sheet the rest.
 constexpr int horizontalPadding = 14;
-/// The margin that a line edit always keeps.
-constexpr int lineEditMargin = 2;
 constexpr qreal cornerRadius = 11;
 
 QString maskOf(int count) {
@@ -61,7 +59,9 @@ bool wouldTakeSecretOut(const QKeyEvent& event) {
 
 } // namespace
 
-SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new QLabel(this)) {
+SecureField::SecureField(QWidget* parent)
+    : QLineEdit(parent),
+      capsLockHint_(new TextLabel(recoveryFont(hintFontSize, QFont::DemiBold), RecoveryPalette::primary(), this)) {
     setEchoMode(QLineEdit::Password);
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setMaxLength(std::numeric_limits<int>::max());
@@ -70,17 +70,14 @@ SecureField::SecureField(QWidget* parent) : QLineEdit(parent), capsLockHint_(new
     setDragEnabled(false);
     setFont(recoveryFont(fontSize, QFont::Normal));
     setFixedHeight(TextScale::scaled(fieldHeight));
-    setStyle(new SecureFieldStyle(horizontalPadding - lineEditMargin, this));
-    QPalette colors = palette();
+    // paintEvent() draws the field's background and border. The mask is drawn with the bullets that it consists of.
+    setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 12px;"
+                                 " lineedit-password-character: 8226; lineedit-password-mask-delay: 0; }"));
+    QPalette colors = RecoveryPalette::ofToolkit();
     colors.setColor(QPalette::Text, RecoveryPalette::primary());
-    colors.setColor(QPalette::PlaceholderText, RecoveryPalette::muted());
     colors.setColor(QPalette::Disabled, QPalette::PlaceholderText,
                     RecoveryPalette::withOpacity(RecoveryPalette::muted(), RecoveryPalette::disabledOpacity));
-    colors.setColor(QPalette::Highlight, RecoveryPalette::copper());
-    colors.setColor(QPalette::HighlightedText, RecoveryPalette::onCopper());
     setPalette(colors);
-    capsLockHint_->setFont(recoveryFont(hintFontSize, QFont::DemiBold));
-    capsLockHint_->setTextFormat(Qt::PlainText);
     capsLockHint_->setAttribute(Qt::WA_TransparentForMouseEvents);
     capsLockHint_->hide();
     auto* const layout = new QHBoxLayout(this);

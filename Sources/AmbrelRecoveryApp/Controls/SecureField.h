@@ -5,7 +5,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 
-class QLabel;
+class TextLabel;
 
 /// A field for a secret. What is typed is kept in memory that is wiped. The underlying line edit holds only a mask with
 /// one bullet per character, so that the secret is never in its buffers, its undo history or its messages to assistive
@@ -63,7 +63,7 @@ private:
     void followMask();
     void fitFont();
 
-    QLabel* const capsLockHint_;
+    TextLabel* const capsLockHint_;
     SecretText secret_;
     /// Whether the mask is being updated from the secret, and not the other way round.
     bool isShowingMask_ = false;

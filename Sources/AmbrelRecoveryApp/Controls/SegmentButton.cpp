@@ -30,19 +30,17 @@ SegmentButton::SegmentButton(QWidget* parent) : QRadioButton(parent) {
 }
 
 void SegmentButton::setLabel(const QString& label) {
-    if (label_ == label) {
+    if (accessibleName() == label) {
         return;
     }
-    label_ = label;
-    // An ampersand would underline the next letter.
-    setText(QString(label).replace(u'&', QStringLiteral("&&")));
     setAccessibleName(label);
     updateGeometry();
+    update();
 }
 
 QSize SegmentButton::sizeHint() const {
     const QFontMetricsF metrics(labelFont(true));
-    return {2 * horizontalPadding + static_cast<int>(std::ceil(metrics.horizontalAdvance(label_))),
+    return {2 * horizontalPadding + static_cast<int>(std::ceil(metrics.horizontalAdvance(accessibleName()))),
             std::max(segmentHeight, static_cast<int>(std::ceil(metrics.height())) + 8)};
 }
 
@@ -68,8 +66,6 @@ void SegmentButton::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setPen(isChecked() ? RecoveryPalette::primary() : RecoveryPalette::secondary());
     painter.setFont(labelFont(isChecked()));
-    CenteredText::paint(painter, rect(), label_);
-    if (FocusRing::isShown(*this)) {
-        FocusRing::paint(painter, rect(), cornerRadius, RecoveryPalette::copper());
-    }
+    CenteredText::paint(painter, rect(), accessibleName());
+    FocusRing::paint(painter, *this, rect(), cornerRadius, RecoveryPalette::copper());
 }

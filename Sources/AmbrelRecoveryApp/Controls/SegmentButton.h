@@ -19,7 +19,4 @@ protected:
     bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QString label_;
 };

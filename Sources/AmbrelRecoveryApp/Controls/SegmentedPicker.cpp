@@ -9,7 +9,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <cstddef>
 
 namespace {
 
@@ -24,27 +23,22 @@ SegmentedPicker::SegmentedPicker(int count, QWidget* parent) : QWidget(parent), 
     for (int index = 0; index < count; ++index) {
         auto* const segment = new SegmentButton(this);
         layout_->addWidget(segment, 1);
-        segments_.push_back(segment);
+        segments_.append(segment);
         connect(segment, &SegmentButton::toggled, this, [this, index](bool isChosen) {
             if (isChosen) {
                 emit chosen(index);
             }
         });
     }
-    const QSignalBlocker blocker(segments_.front());
-    segments_.front()->setChecked(true);
 }
 
 void SegmentedPicker::apply(const QStringList& labels, int index) {
-    Q_ASSERT(labels.size() == static_cast<qsizetype>(segments_.size()));
-    for (std::size_t position = 0; position < segments_.size(); ++position) {
-        SegmentButton* const segment = segments_[position];
-        const QSignalBlocker blocker(segment);
-        segment->setLabel(labels.at(static_cast<qsizetype>(position)));
-        if (static_cast<int>(position) == index) {
-            segment->setChecked(true);
-        }
+    Q_ASSERT(labels.size() == segments_.size());
+    for (qsizetype position = 0; position < segments_.size(); ++position) {
+        segments_.at(position)->setLabel(labels.at(position));
     }
+    const QSignalBlocker blocker(segments_.at(index));
+    segments_.at(index)->setChecked(true);
     arrange();
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QStringList>
 #include <QWidget>
-
-#include <vector>
 
 class QBoxLayout;
 class SegmentButton;
@@ -14,7 +13,7 @@ class SegmentedPicker final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Creates `count` segments, at least one, with the first selected.
+    /// Creates `count` segments.
     explicit SegmentedPicker(int count, QWidget* parent = nullptr);
 
     /// Shows `labels`, one for each segment, and selects the segment at `index`. Emits nothing.
@@ -34,5 +33,5 @@ private:
     void arrange();
 
     QBoxLayout* const layout_;
-    std::vector<SegmentButton*> segments_;
+    QList<SegmentButton*> segments_;
 };

@@ -7,6 +7,8 @@
 #include <QSvgRenderer>
 
 #include <cmath>
+#include <cstddef>
+#include <iterator>
 
 // Not in a namespace, because the macro declares a function that the resource compiler generates.
 static void loadSymbols() {
@@ -15,45 +17,25 @@ static void loadSymbols() {
 
 namespace {
 
-QString fileName(RecoverySymbol symbol) {
-    switch (symbol) {
-    case RecoverySymbol::arrowUp:
-        return QStringLiteral("arrow.up");
-    case RecoverySymbol::checkmark:
-        return QStringLiteral("checkmark");
-    case RecoverySymbol::checkmarkCircleFill:
-        return QStringLiteral("checkmark.circle.fill");
-    case RecoverySymbol::checkmarkShield:
-        return QStringLiteral("checkmark.shield");
-    case RecoverySymbol::chevronLeft:
-        return QStringLiteral("chevron.left");
-    case RecoverySymbol::chevronRight:
-        return QStringLiteral("chevron.right");
-    case RecoverySymbol::circle:
-        return QStringLiteral("circle");
-    case RecoverySymbol::doc:
-        return QStringLiteral("doc");
-    case RecoverySymbol::exclamationmarkTriangleFill:
-        return QStringLiteral("exclamationmark.triangle.fill");
-    case RecoverySymbol::externaldrive:
-        return QStringLiteral("externaldrive");
-    case RecoverySymbol::folder:
-        return QStringLiteral("folder");
-    case RecoverySymbol::house:
-        return QStringLiteral("house");
-    case RecoverySymbol::personCropCircleBadgeXmark:
-        return QStringLiteral("person.crop.circle.badge.xmark");
-    case RecoverySymbol::photoStackFill:
-        return QStringLiteral("photo.stack.fill");
-    case RecoverySymbol::shippingboxFill:
-        return QStringLiteral("shippingbox.fill");
-    case RecoverySymbol::squareAndArrowDown:
-        return QStringLiteral("square.and.arrow.down");
-    case RecoverySymbol::xmark:
-        return QStringLiteral("xmark");
-    }
-    Q_UNREACHABLE();
-}
+/// The names of the files, in the order of the symbols.
+constexpr const char* fileNames[] = {"arrow.up",
+                                     "checkmark",
+                                     "checkmark.circle.fill",
+                                     "checkmark.shield",
+                                     "chevron.left",
+                                     "chevron.right",
+                                     "circle",
+                                     "doc",
+                                     "exclamationmark.triangle.fill",
+                                     "externaldrive",
+                                     "folder",
+                                     "house",
+                                     "person.crop.circle.badge.xmark",
+                                     "photo.stack.fill",
+                                     "shippingbox.fill",
+                                     "square.and.arrow.down",
+                                     "xmark"};
+static_assert(std::size(fileNames) == static_cast<std::size_t>(RecoverySymbol::xmark) + 1);
 
 /// The stroke width in the unit of the files, in which a symbol is 20 wide.
 QByteArray strokeWidth(QFont::Weight weight) {
@@ -97,7 +79,7 @@ void SymbolPainter::paint(QPainter& painter, RecoverySymbol symbol, const QRectF
                           QFont::Weight weight) {
     const qreal scale = painter.deviceTransform().m11();
     const QSize deviceSize = (rect.size() * scale).toSize();
-    const QString name = fileName(symbol);
+    const QString name = QLatin1String(fileNames[static_cast<std::size_t>(symbol)]);
     const QString key = QStringLiteral("%1 %2 %3 %4x%5")
                             .arg(name, color.name(QColor::HexArgb))
                             .arg(weight)

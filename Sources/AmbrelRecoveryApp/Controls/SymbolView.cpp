@@ -1,13 +1,17 @@
 #include "AmbrelRecoveryApp/Controls/SymbolView.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 #include <QPainter>
 
-SymbolView::SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent, QFont::Weight weight)
-    : QWidget(parent), symbol_(symbol), size_(TextScale::scaled(size)), color_(color), weight_(weight) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+SymbolView::SymbolView(RecoverySymbol symbol, int size, const QColor& color, QWidget* parent, QFont::Weight weight,
+                       const std::optional<Shape>& shape)
+    : QWidget(parent), symbol_(symbol), size_(shape ? size : TextScale::scaled(size)), color_(color), weight_(weight),
+      shape_(shape) {
+    const int side = shape ? shape->size : size_;
+    setFixedSize(side, side);
 }
 
 void SymbolView::setColor(const QColor& color) {
@@ -17,11 +21,15 @@ void SymbolView::setColor(const QColor& color) {
     }
 }
 
-QSize SymbolView::sizeHint() const {
-    return {size_, size_};
-}
-
 void SymbolView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    SymbolPainter::paint(painter, symbol_, rect(), color_, weight_);
+    if (shape_) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(RecoveryPalette::withOpacity(color_, shape_->opacity));
+        painter.drawRoundedRect(rect(), shape_->cornerRadius, shape_->cornerRadius);
+    }
+    QRectF place(0, 0, size_, size_);
+    place.moveCenter(QRectF(rect()).center());
+    SymbolPainter::paint(painter, symbol_, place, color_, weight_);
 }

@@ -96,8 +96,8 @@ void TextLabel::setColor(const QColor& color) {
     }
 }
 
-void TextLabel::setDirection(Direction direction) {
-    direction_ = direction;
+void TextLabel::useDirectionOfText() {
+    usesDirectionOfText_ = true;
 }
 
 int TextLabel::heightForWidth(int width) const {
@@ -110,15 +110,11 @@ int TextLabel::heightForWidth(int width) const {
     if (const int* const known = measured_.ofWidths.object(width)) {
         return *known;
     }
-    const int height = measuredHeight(width);
-    measured_.ofWidths.insert(width, new int(height));
-    return height;
-}
-
-int TextLabel::measuredHeight(int width) const {
     QTextLayout layout(text(), font());
     layout.setTextOption(wrapping(Qt::LayoutDirectionAuto));
-    return static_cast<int>(std::ceil(breakIntoLines(layout, width, linePitch_)));
+    const int height = static_cast<int>(std::ceil(breakIntoLines(layout, width, linePitch_)));
+    measured_.ofWidths.insert(width, new int(height));
+    return height;
 }
 
 QSize TextLabel::sizeHint() const {
@@ -136,8 +132,8 @@ void TextLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setPen(color_);
     QTextLayout layout(text(), font());
-    layout.setTextOption(wrapping(direction_ == Direction::text ? Qt::LayoutDirectionAuto
-                                                                : paragraphDirection(text(), layoutDirection())));
+    layout.setTextOption(
+        wrapping(usesDirectionOfText_ ? Qt::LayoutDirectionAuto : paragraphDirection(text(), layoutDirection())));
     const qreal top = std::ceil((height() - std::ceil(breakIntoLines(layout, width(), linePitch_))) / 2);
     for (int index = 0; index < layout.lineCount(); ++index) {
         const QTextLine line = layout.lineAt(index);

@@ -11,20 +11,13 @@ class TextLabel final : public QLabel {
     Q_OBJECT
 
 public:
-    /// What determines the direction of the text.
-    enum class Direction {
-        /// The interface, for a sentence in its language.
-        interfaceLanguage,
-        /// The first letter of the text, for a name or a path of the user's.
-        text
-    };
-
     /// `linePitch` is the distance between two lines in device-independent pixels before enlargement (TextScale), in
     /// every script. If it is 0, the letters of each line determine its height.
     TextLabel(const QFont& font, const QColor& color, QWidget* parent = nullptr, int linePitch = 0);
 
     void setColor(const QColor& color);
-    void setDirection(Direction direction);
+    /// Takes the direction of the text from its first letter, as for a name of the user's, and not from the interface.
+    void useDirectionOfText();
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -42,10 +35,8 @@ private:
         QCache<int, int> ofWidths{8};
     };
 
-    int measuredHeight(int width) const;
-
     const int linePitch_;
     QColor color_;
-    Direction direction_ = Direction::interfaceLanguage;
+    bool usesDirectionOfText_ = false;
     mutable MeasuredHeights measured_;
 };

@@ -62,8 +62,8 @@ void PanelRowDelegate::paintRow(QPainter& painter, const QWidget& list, const QR
                              : RecoveryPalette::withOpacity(RecoveryPalette::copper(), unfocusedFillOpacity));
         painter.drawRoundedRect(row, cornerRadius, cornerRadius);
     }
-    if (isCurrent && FocusRing::isShown(list)) {
-        FocusRing::paint(painter, row, cornerRadius, RecoveryPalette::primary());
+    if (isCurrent) {
+        FocusRing::paint(painter, list, row, cornerRadius, RecoveryPalette::primary());
     }
     painter.restore();
 }

@@ -6,7 +6,7 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
-#include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
+#include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Screens/ButtonRow.h"
 #include "AmbrelRecoveryApp/Screens/TrailingInset.h"
@@ -34,14 +34,8 @@ QWidget* CompletionScreen::makeCard() {
     auto* const layout = new QVBoxLayout(card);
     layout->setContentsMargins(35, 35, 35, 35);
     layout->setSpacing(13);
-    layout->addWidget(new SymbolBadge({.symbol = RecoverySymbol::checkmark,
-                                       .color = RecoveryPalette::success(),
-                                       .fillOpacity = 0.14,
-                                       .size = 64,
-                                       .cornerRadius = 32,
-                                       .symbolSize = 24,
-                                       .symbolWeight = QFont::Bold},
-                                      card),
+    layout->addWidget(new SymbolView(RecoverySymbol::checkmark, 24, RecoveryPalette::success(), card, QFont::Bold,
+                                     SymbolView::Shape{.size = 64, .cornerRadius = 32, .opacity = 0.14}),
                       0, Qt::AlignLeading);
     layout->addSpacing(1);
     layout->addWidget(title_);

@@ -2,7 +2,7 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
+#include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/Screens/RailBadge.h"
@@ -59,14 +59,9 @@ QHBoxLayout* JourneyRail::makeBrandBlock() {
 
     auto* const block = new QHBoxLayout;
     block->setSpacing(12);
-    block->addWidget(new SymbolBadge({.symbol = RecoverySymbol::photoStackFill,
-                                      .color = RecoveryPalette::copper(),
-                                      .fillOpacity = 0.16,
-                                      .size = 44,
-                                      .cornerRadius = 12,
-                                      .symbolSize = 18,
-                                      .symbolWeight = QFont::DemiBold},
-                                     this));
+    block->addWidget(new SymbolView(RecoverySymbol::photoStackFill, 18, RecoveryPalette::copper(), this,
+                                    QFont::DemiBold,
+                                    SymbolView::Shape{.size = 44, .cornerRadius = 12, .opacity = 0.16}));
     block->addLayout(names, 1);
     return block;
 }

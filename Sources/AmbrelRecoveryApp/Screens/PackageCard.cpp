@@ -15,8 +15,7 @@ PackageCard::PackageCard(QWidget* parent)
       kind_(new TextLabel(recoveryFont(12, QFont::Normal), RecoveryPalette::muted(), this)),
       hint_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::secondary(), this, 19)),
       choose_(new SecondaryRecoveryButton(RecoverySymbol::folder, this)) {
-    name_->setDirection(TextLabel::Direction::text);
-    kind_->setDirection(TextLabel::Direction::text);
+    name_->useDirectionOfText();
 
     auto* const texts = new QWidget(this);
     auto* const column = new QVBoxLayout(texts);

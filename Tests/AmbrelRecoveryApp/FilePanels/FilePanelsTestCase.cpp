@@ -50,7 +50,7 @@ QLineEdit& FilePanelsTest::nameField(ItemPanel& panel) {
 
 QPushButton* FilePanelsTest::button(ItemPanel& panel, const QString& text) {
     for (auto* const candidate : panel.findChildren<QPushButton*>()) {
-        if (candidate->text() == text && candidate->isVisible()) {
+        if (candidate->accessibleName() == text && candidate->isVisible()) {
             return candidate;
         }
     }

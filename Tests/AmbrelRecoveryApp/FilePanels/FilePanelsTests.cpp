@@ -45,7 +45,7 @@ TEST_F(FilePanelsTest, haveTheColorsOfTheApplication) {
 
 TEST_F(FilePanelsTest, showAnAmpersandInTheLabelOfTheirButton) {
     panels->chooseBackup({"Title", "This & that"}, recording());
-    EXPECT_NE(button(*window->findChild<ItemPanel*>(), "This && that"), nullptr);
+    EXPECT_NE(button(*window->findChild<ItemPanel*>(), "This & that"), nullptr);
 }
 
 TEST_F(FilePanelsTest, beginAtHomeAndThenWhereTheLastChoiceWas) {

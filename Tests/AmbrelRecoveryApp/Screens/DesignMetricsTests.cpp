@@ -3,7 +3,6 @@
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/ProgressRow.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
-#include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
 #include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
@@ -80,7 +79,7 @@ protected:
 
     void measureRail() {
         const JourneyRail& rail = the<JourneyRail>();
-        auto& badge = *rail.findChild<SymbolBadge*>();
+        auto& badge = *rail.findChild<SymbolView*>(QString(), Qt::FindDirectChildrenOnly);
         const DrawnShape drawn(badge);
         add("brand: side", 44, badge.width());
         add("brand: radius", 12, drawn.cornerRadius(), drawnStep);
@@ -165,7 +164,7 @@ protected:
 
     void measureCompletion() {
         const CompletionScreen& completion = the<CompletionScreen>();
-        auto& circle = *completion.findChild<SymbolBadge*>();
+        auto& circle = *completion.findChild<SymbolView*>();
         const DrawnShape drawn(circle);
         add("completion: circle", circle.width() / 2.0, drawn.cornerRadius(), drawnStep);
         add("completion: fill", 0.14, drawn.opacityAt({circle.width() / 2.0, 4}), opacityStep);

@@ -60,8 +60,8 @@ void SnapshotRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     paintPayload(*painter, layout, content.isComplete);
     paintLine(*painter, layout.date, RecoveryPalette::primary());
     paintLine(*painter, layout.facts, RecoveryPalette::muted());
-    if (option.state.testFlag(QStyle::State_HasFocus) && FocusRing::isShown(*option.widget)) {
-        FocusRing::paint(*painter, row, cornerRadius, RecoveryPalette::primary());
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        FocusRing::paint(*painter, *option.widget, row, cornerRadius, RecoveryPalette::primary());
     }
     painter->restore();
 }

@@ -1,6 +1,5 @@
 #include "ShownTexts.h"
 
-#include "AmbrelRecoveryApp/Controls/IconButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"

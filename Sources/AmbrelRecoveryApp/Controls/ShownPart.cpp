@@ -1,8 +1,0 @@
-#include "AmbrelRecoveryApp/Controls/ShownPart.h"
-
-#include <QWidget>
-
-void ShownPart::setShown(QWidget* part, bool isShown) {
-    part->setEnabled(isShown);
-    part->setVisible(isShown);
-}

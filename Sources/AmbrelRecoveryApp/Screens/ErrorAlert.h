@@ -10,8 +10,8 @@ class PrimaryRecoveryButton;
 class TextLabel;
 
 /// Dims the window and shows an error in its middle until the user dismisses it: title, body and one button, which
-/// Return and Escape press as well. While it is shown, nothing else in the window can be clicked or get the focus. It is
-/// part of the window, so that it looks the same on every desktop.
+/// Return and Escape press as well. While it is shown, nothing else in the window can be clicked or get the focus. It
+/// is part of the window, so that it looks the same on every desktop.
 class ErrorAlert final : public QWidget {
     Q_OBJECT
 

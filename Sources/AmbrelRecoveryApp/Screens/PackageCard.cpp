@@ -37,7 +37,6 @@ PackageCard::PackageCard(QWidget* parent)
     } else {
         row->addWidget(choose_);
     }
-    connect(choose_, &SecondaryRecoveryButton::clicked, this, &PackageCard::chooseRequested);
 }
 
 void PackageCard::apply(const ChooseBackupContent::Package& content) {
@@ -50,8 +49,4 @@ void PackageCard::apply(const ChooseBackupContent::Package& content) {
     hint_->setText(content.hint);
     choose_->setLabel(content.chooseLabel);
     choose_->setEnabled(content.canChoose);
-}
-
-QWidget* PackageCard::chooseButton() const {
-    return choose_;
 }

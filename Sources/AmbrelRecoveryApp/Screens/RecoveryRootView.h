@@ -40,9 +40,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void connectChooseBackup();
-    void connectSnapshots();
-    void connectCompletion();
+    void connectControls();
+    void connectButtons();
     QWidget* screenOfThePhase() const;
     void scheduleRedraw();
     void redraw();
@@ -55,7 +54,6 @@ private:
     void announceStep(const RecoveryScreenState& before);
     void announceErrorOfTheStart();
     void pressMainButton();
-    void chooseSnapshot(int row);
     void inspect();
 
     RecoveryViewModel& model_;

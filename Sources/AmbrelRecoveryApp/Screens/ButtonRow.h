@@ -2,8 +2,9 @@
 
 #include <QWidget>
 
-#include <vector>
+#include <initializer_list>
 
+class QBoxLayout;
 class QPushButton;
 
 /// Buttons side by side, or one below the other if they do not fit.
@@ -12,20 +13,15 @@ class ButtonRow final : public QWidget {
 
 public:
     /// Takes ownership of the buttons, which are in reading order.
-    explicit ButtonRow(std::vector<QPushButton*> buttons, QWidget* parent = nullptr);
+    explicit ButtonRow(std::initializer_list<QPushButton*> buttons, QWidget* parent = nullptr);
 
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
-    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void place();
-    int widthSideBySide() const;
+    void arrange();
 
-    const std::vector<QPushButton*> buttons_;
+    QBoxLayout* const layout_;
 };

@@ -5,8 +5,6 @@
 #include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
-#include <algorithm>
-
 namespace {
 
 using AmbrelStrings::localized;
@@ -36,42 +34,20 @@ ChooseBackupContent::Preparation preparationOf(const RecoveryScreenState& state)
     };
 }
 
-QString labelOf(AmbrelRecoveryAppFactor factor) {
-    switch (factor) {
-    case AmbrelRecoveryAppFactor::backupPassphrase:
-        return localized(AmbrelStrings::backupFactorPassphrase());
-    case AmbrelRecoveryAppFactor::recoveryKey:
-        return localized(AmbrelStrings::backupFactorRecoveryKey());
-    }
-    Q_UNREACHABLE();
-}
-
-QString promptOf(AmbrelRecoveryAppFactor factor) {
-    switch (factor) {
-    case AmbrelRecoveryAppFactor::backupPassphrase:
-        return localized(AmbrelStrings::recoveryPromptBackupPassphrase());
-    case AmbrelRecoveryAppFactor::recoveryKey:
-        return localized(AmbrelStrings::recoveryPromptRecoveryKey());
-    }
-    Q_UNREACHABLE();
-}
-
 ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
-    ChooseBackupContent::Credential credential{
+    const bool isPassphrase = state.factor == AmbrelRecoveryAppFactor::backupPassphrase;
+    return {
         .title = localized(AmbrelStrings::recoveryCredentialTitle()),
         .body = localized(AmbrelStrings::recoveryCredentialBody()),
         .kindLabel = localized(AmbrelStrings::recoveryCredentialKind()),
-        .factorLabels = {},
-        .chosenFactor =
-            static_cast<int>(std::ranges::find(allRecoveryAppFactors, state.factor) - allRecoveryAppFactors.begin()),
-        .prompt = promptOf(state.factor),
+        .factorLabels = {localized(AmbrelStrings::backupFactorPassphrase()),
+                         localized(AmbrelStrings::backupFactorRecoveryKey())},
+        .chosenFactor = isPassphrase ? 0 : 1,
+        .prompt = localized(isPassphrase ? AmbrelStrings::recoveryPromptBackupPassphrase()
+                                         : AmbrelStrings::recoveryPromptRecoveryKey()),
         .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),
         .canEdit = !state.isBusy(),
     };
-    for (const AmbrelRecoveryAppFactor factor : allRecoveryAppFactors) {
-        credential.factorLabels << labelOf(factor);
-    }
-    return credential;
 }
 
 } // namespace

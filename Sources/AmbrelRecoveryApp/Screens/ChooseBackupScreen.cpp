@@ -32,13 +32,6 @@ ChooseBackupScreen::ChooseBackupScreen(QWidget* parent)
     layout->addLayout(withTrailingInset(inspecting_));
     layout->addLayout(withTrailingInset(footnote_));
     layout->addStretch(1);
-
-    connect(package_, &PackageCard::chooseRequested, this, &ChooseBackupScreen::chooseRequested);
-    connect(preparation_, &PreparationCard::cancelled, this, &ChooseBackupScreen::cancelRequested);
-    connect(credential_, &CredentialCard::factorChosen, this, &ChooseBackupScreen::factorChosen);
-    connect(credential_, &CredentialCard::secretEdited, this, &ChooseBackupScreen::secretEdited);
-    connect(inspect_, &PrimaryRecoveryButton::clicked, this, &ChooseBackupScreen::inspectRequested);
-    connect(inspecting_, &ProgressRow::cancelled, this, &ChooseBackupScreen::cancelRequested);
 }
 
 void ChooseBackupScreen::apply(const ChooseBackupContent& content) {
@@ -62,12 +55,16 @@ void ChooseBackupScreen::apply(const ChooseBackupContent& content) {
     footnote_->setText(content.footnote);
 }
 
-SecureField* ChooseBackupScreen::secretField() const {
-    return credential_->secretField();
+SecondaryRecoveryButton* ChooseBackupScreen::chooseButton() const {
+    return package_->chooseButton();
 }
 
-QWidget* ChooseBackupScreen::chooseButton() const {
-    return package_->chooseButton();
+SegmentedPicker* ChooseBackupScreen::factorPicker() const {
+    return credential_->factorPicker();
+}
+
+SecureField* ChooseBackupScreen::secretField() const {
+    return credential_->secretField();
 }
 
 QWidget* ChooseBackupScreen::cancelButton() const {

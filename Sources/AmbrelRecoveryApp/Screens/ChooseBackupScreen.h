@@ -11,7 +11,9 @@ class PackageCard;
 class PreparationCard;
 class PrimaryRecoveryButton;
 class ProgressRow;
+class SecondaryRecoveryButton;
 class SecureField;
+class SegmentedPicker;
 class TextLabel;
 
 /// The screen on which a package is chosen, unlocked and inspected.
@@ -23,19 +25,13 @@ public:
 
     void apply(const ChooseBackupContent& content);
 
+    SecondaryRecoveryButton* chooseButton() const;
+    /// Offers allRecoveryAppFactors, in their order.
+    SegmentedPicker* factorPicker() const;
     SecureField* secretField() const;
-    QWidget* chooseButton() const;
     PrimaryRecoveryButton* inspectButton() const { return inspect_; }
     /// The cancel button of the running operation.
     QWidget* cancelButton() const;
-
-signals:
-    void chooseRequested();
-    /// The user chose the factor at `index` of allRecoveryAppFactors.
-    void factorChosen(int index);
-    void secretEdited();
-    void inspectRequested();
-    void cancelRequested();
 
 private:
     std::optional<ChooseBackupContent> content_;

@@ -12,7 +12,7 @@ CompletionContent completionContent(const RecoveryScreenState& state) {
         .exported = std::nullopt,
         .pathLabel = localized(AmbrelStrings::filesExportFolder()),
         .revealLabel = RecoveryAppCopy::showInFinder(locale),
-        .startAgainLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
+        .chooseAnotherLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
     };
     if (state.exportResult) {
         content.exported = localized(AmbrelStrings::filesExportExported()) + QStringLiteral(": ") +

@@ -14,7 +14,7 @@ struct CompletionContent {
     /// The label of the exported folder's path, if that path is shown.
     QString pathLabel;
     QString revealLabel;
-    QString startAgainLabel;
+    QString chooseAnotherLabel;
 
     bool operator==(const CompletionContent&) const = default;
 };

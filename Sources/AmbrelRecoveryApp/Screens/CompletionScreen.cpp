@@ -18,15 +18,13 @@ CompletionScreen::CompletionScreen(QWidget* parent)
       exported_(new TextLabel(recoveryFont(15, QFont::Normal), RecoveryPalette::secondary(), this)),
       pathLabel_(new TextLabel(recoveryFont(12, QFont::DemiBold), RecoveryPalette::muted(), this)),
       path_(new PathView(this)), reveal_(new PrimaryRecoveryButton(std::nullopt, this)),
-      startAgain_(new SecondaryRecoveryButton(std::nullopt, this)) {
+      chooseAnother_(new SecondaryRecoveryButton(std::nullopt, this)) {
     applyPath(std::nullopt);
-    startAgain_->setButtonHeight(reveal_->sizeHint().height());
+    chooseAnother_->setButtonHeight(reveal_->sizeHint().height());
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(withTrailingInset(makeCard()));
     layout->addStretch(1);
-    connect(reveal_, &PrimaryRecoveryButton::clicked, this, &CompletionScreen::revealRequested);
-    connect(startAgain_, &SecondaryRecoveryButton::clicked, this, &CompletionScreen::startAgainRequested);
 }
 
 QWidget* CompletionScreen::makeCard() {
@@ -43,7 +41,7 @@ QWidget* CompletionScreen::makeCard() {
     layout->addWidget(pathLabel_);
     layout->addWidget(path_);
     layout->addSpacing(9);
-    layout->addWidget(new ButtonRow({reveal_, startAgain_}, card));
+    layout->addWidget(new ButtonRow({reveal_, chooseAnother_}, card));
     return card;
 }
 
@@ -54,7 +52,7 @@ void CompletionScreen::apply(const CompletionContent& content) {
     pathLabel_->setText(content.pathLabel);
     path_->setAccessibleName(content.pathLabel);
     reveal_->setLabel(content.revealLabel);
-    startAgain_->setLabel(content.startAgainLabel);
+    chooseAnother_->setLabel(content.chooseAnotherLabel);
 }
 
 void CompletionScreen::applyPath(const std::optional<std::filesystem::path>& folder) {

@@ -25,10 +25,7 @@ public:
     /// Selects the shown path and gives it the focus.
     void selectPath();
     PrimaryRecoveryButton* revealButton() const { return reveal_; }
-
-signals:
-    void revealRequested();
-    void startAgainRequested();
+    SecondaryRecoveryButton* chooseAnotherButton() const { return chooseAnother_; }
 
 private:
     QWidget* makeCard();
@@ -38,5 +35,5 @@ private:
     TextLabel* const pathLabel_;
     PathView* const path_;
     PrimaryRecoveryButton* const reveal_;
-    SecondaryRecoveryButton* const startAgain_;
+    SecondaryRecoveryButton* const chooseAnother_;
 };

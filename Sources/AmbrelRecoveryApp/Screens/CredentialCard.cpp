@@ -26,8 +26,6 @@ CredentialCard::CredentialCard(QWidget* parent)
     layout->addWidget(picker_);
     layout->addSpacing(10);
     layout->addWidget(field_);
-    connect(picker_, &SegmentedPicker::chosen, this, &CredentialCard::factorChosen);
-    connect(field_, &SecureField::secretEdited, this, &CredentialCard::secretEdited);
 }
 
 void CredentialCard::apply(const ChooseBackupContent::Credential& content) {

@@ -15,13 +15,9 @@ public:
     explicit CredentialCard(QWidget* parent = nullptr);
 
     void apply(const ChooseBackupContent::Credential& content);
+    /// Offers allRecoveryAppFactors, in their order.
+    SegmentedPicker* factorPicker() const { return picker_; }
     SecureField* secretField() const { return field_; }
-
-signals:
-    /// The user chose the factor at `index` of allRecoveryAppFactors.
-    void factorChosen(int index);
-    /// The user changed the secret in the field.
-    void secretEdited();
 
 private:
     TextLabel* const title_;

@@ -1,14 +1,23 @@
 #include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
+#include "AmbrelRecoveryApp/Controls/TextLabel.h"
+#include "AmbrelRecoveryApp/Controls/TextScale.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QVBoxLayout>
 
 namespace {
 
+constexpr int panelWidth = 380;
+constexpr int padding = 25;
+constexpr int cornerRadius = 16;
 constexpr float dimming = 0.45F;
 constexpr int shadowSize = 24;
 constexpr int shadowDrop = 10;
@@ -16,10 +25,25 @@ constexpr int shadowOpacity = 4;
 
 } // namespace
 
-ErrorAlert::ErrorAlert(QWidget* parent) : QWidget(parent), dialog_(new ErrorAlertDialog(this)) {
+ErrorAlert::ErrorAlert(QWidget* parent)
+    : QWidget(parent), panel_(new QWidget(this)),
+      title_(new TextLabel(recoveryFont(16, QFont::DemiBold), RecoveryPalette::primary(), panel_)),
+      body_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::secondary(), panel_, 19)),
+      okay_(new PrimaryRecoveryButton(std::nullopt, panel_)) {
     hide();
+    okay_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    panel_->setFixedWidth(TextScale::scaled(panelWidth));
+    auto* const column = new QVBoxLayout(panel_);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(8);
+    column->addWidget(title_);
+    column->addWidget(body_);
+    column->addSpacing(9);
+    column->addWidget(okay_);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(panel_, 0, Qt::AlignCenter);
     parent->installEventFilter(this);
-    connect(dialog_, &QDialog::finished, this, &ErrorAlert::dismissed);
+    connect(okay_, &PrimaryRecoveryButton::clicked, this, &ErrorAlert::dismiss);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepFocus(now); });
 }
 
@@ -30,55 +54,63 @@ void ErrorAlert::apply(const std::optional<ErrorAlertContent>& content) {
     const bool isAnother = content && (!content_ || content_->id != content->id);
     content_ = content;
     if (!content) {
-        dialog_->hide();
         hide();
         return;
     }
-    dialog_->apply(*content);
-    cover();
+    title_->setText(content->title);
+    body_->setText(content->body);
+    okay_->setLabel(content->okayLabel);
+    setAccessibleName(content->title);
+    setAccessibleDescription(content->body);
     if (isAnother) {
-        raise();
-        leaveFocus();
-        show();
-        dialog_->open();
-        dialog_->takeFocus();
-        QAccessibleEvent event(dialog_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
+        present();
     }
 }
 
-/// If the window is not active, a dialog that opens sends a focus event to the widget that would have the focus, and a
-/// caret would blink behind the alert.
-void ErrorAlert::leaveFocus() {
-    QWidget* const focused = window()->focusWidget();
-    if (focused != nullptr && !focused->hasFocus()) {
-        focused->clearFocus();
-    }
+void ErrorAlert::present() {
+    setGeometry(parentWidget()->rect());
+    raise();
+    show();
+    // The shadow of an error that is replaced may have another size.
+    update();
+    takeFocus();
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void ErrorAlert::dismiss() {
+    hide();
+    emit dismissed();
 }
 
 void ErrorAlert::takeFocus() {
-    dialog_->takeFocus();
+    okay_->setFocus();
 }
 
 bool ErrorAlert::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::Resize) {
-        cover();
+        setGeometry(parentWidget()->rect());
     }
     return QWidget::eventFilter(object, event);
 }
 
-void ErrorAlert::cover() {
-    setGeometry(parentWidget()->rect());
-    QRect place(0, 0, dialog_->width(), dialog_->heightForWidth(dialog_->width()));
-    place.moveCenter(rect().center());
-    dialog_->setGeometry(place);
-    update();
+bool ErrorAlert::focusNextPrevChild(bool /*next*/) {
+    // There is only the button, and nothing behind the alert may get the focus.
+    return true;
 }
 
 /// Assistive technology and the desktop may give the focus to any widget.
 void ErrorAlert::keepFocus(QWidget* focused) {
     if (isVisible() && focused != nullptr && focused->window() == window() && !isAncestorOf(focused)) {
-        dialog_->takeFocus();
+        takeFocus();
+    }
+}
+
+void ErrorAlert::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel)) {
+        dismiss();
+    } else {
+        QWidget::keyPressEvent(event);
     }
 }
 
@@ -88,9 +120,11 @@ void ErrorAlert::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, shadowOpacity));
-    const QRectF shadow = QRectF(dialog_->geometry()).translated(0, shadowDrop);
+    const QRectF panel = panel_->geometry();
+    const QRectF shadow = panel.translated(0, shadowDrop);
     for (int spread = 0; spread < shadowSize; ++spread) {
-        painter.drawRoundedRect(shadow.adjusted(-spread, -spread, spread, spread),
-                                ErrorAlertDialog::cornerRadius + spread, ErrorAlertDialog::cornerRadius + spread);
+        painter.drawRoundedRect(shadow.adjusted(-spread, -spread, spread, spread), cornerRadius + spread,
+                                cornerRadius + spread);
     }
+    RoundedPanel::paint(painter, panel, cornerRadius, RecoveryPalette::alert(), RecoveryPalette::line());
 }

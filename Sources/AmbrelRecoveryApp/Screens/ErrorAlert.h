@@ -6,10 +6,12 @@
 
 #include <optional>
 
-class ErrorAlertDialog;
+class PrimaryRecoveryButton;
+class TextLabel;
 
-/// Dims the window and shows an error in its middle until the user dismisses it. While it is shown, nothing else in the
-/// window can be clicked or get the focus.
+/// Dims the window and shows an error in its middle until the user dismisses it: title, body and one button, which
+/// Return and Escape press as well. While it is shown, nothing else in the window can be clicked or get the focus. It
+/// is part of the window, so that it looks the same on every desktop.
 class ErrorAlert final : public QWidget {
     Q_OBJECT
 
@@ -22,18 +24,23 @@ public:
     void takeFocus();
 
 signals:
-    /// The user dismissed the alert.
+    /// The user dismissed the alert, which is hidden now.
     void dismissed();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void cover();
-    void leaveFocus();
+    void present();
+    void dismiss();
     void keepFocus(QWidget* focused);
 
-    ErrorAlertDialog* const dialog_;
+    QWidget* const panel_;
+    TextLabel* const title_;
+    TextLabel* const body_;
+    PrimaryRecoveryButton* const okay_;
     std::optional<ErrorAlertContent> content_;
 };

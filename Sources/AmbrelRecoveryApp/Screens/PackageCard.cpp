@@ -36,7 +36,6 @@ PackageCard::PackageCard(QWidget* parent)
     } else {
         row->addWidget(choose_);
     }
-    connect(choose_, &SecondaryRecoveryButton::clicked, this, &PackageCard::chooseRequested);
 }
 
 void PackageCard::apply(const ChooseBackupContent::Package& content) {
@@ -49,8 +48,4 @@ void PackageCard::apply(const ChooseBackupContent::Package& content) {
     hint_->setText(content.hint);
     choose_->setLabel(content.chooseLabel);
     choose_->setEnabled(content.canChoose);
-}
-
-QWidget* PackageCard::chooseButton() const {
-    return choose_;
 }

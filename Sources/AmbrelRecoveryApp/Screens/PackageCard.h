@@ -15,10 +15,7 @@ public:
     explicit PackageCard(QWidget* parent = nullptr);
 
     void apply(const ChooseBackupContent::Package& content);
-    QWidget* chooseButton() const;
-
-signals:
-    void chooseRequested();
+    SecondaryRecoveryButton* chooseButton() const { return choose_; }
 
 private:
     SymbolView* const symbol_;

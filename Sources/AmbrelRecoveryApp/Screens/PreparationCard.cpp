@@ -18,7 +18,6 @@ PreparationCard::PreparationCard(QWidget* parent)
     layout->addWidget(body_);
     layout->addSpacing(3);
     layout->addWidget(progress_);
-    connect(progress_, &ProgressRow::cancelled, this, &PreparationCard::cancelled);
 }
 
 void PreparationCard::apply(const ChooseBackupContent::Preparation& content) {

@@ -16,9 +16,6 @@ public:
     void apply(const ChooseBackupContent::Preparation& content);
     QWidget* cancelButton() const;
 
-signals:
-    void cancelled();
-
 private:
     TextLabel* const title_;
     TextLabel* const body_;

@@ -7,16 +7,46 @@
 #include "AmbrelRecoveryApp/Controls/SecureFieldAccessible.h"
 #include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertAccessible.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/RailStep.h"
-#include "AmbrelRecoveryApp/Screens/RailStepAccessible.h"
 #include "AmbrelRecoveryApp/Screens/RailStepList.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotListAccessible.h"
 
+#include <QAccessibleWidget>
+
 namespace {
+
+/// A modal alert, named by its title.
+class ErrorAlertAccessible final : public QAccessibleWidget {
+public:
+    explicit ErrorAlertAccessible(ErrorAlert* alert) : QAccessibleWidget(alert, QAccessible::AlertMessage) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = true;
+        return state;
+    }
+};
+
+/// A list item that is selected while it is the current step. Once the step is completed, it is checked and described
+/// as completed.
+class RailStepAccessible final : public QAccessibleWidget {
+public:
+    explicit RailStepAccessible(RailStep* step) : QAccessibleWidget(step, QAccessible::ListItem) {}
+
+    QAccessible::State state() const override {
+        const JourneyRailContent::Step& content = static_cast<RailStep*>(widget())->content();
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.selected = content.isActive;
+        state.checkable = true;
+        state.checked = content.isCompleted;
+        state.readOnly = true;
+        return state;
+    }
+};
 
 /// Qt takes ownership of the interface.
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
@@ -38,8 +68,8 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     if (auto* const step = qobject_cast<RailStep*>(object)) {
         return new RailStepAccessible(step);
     }
-    if (auto* const dialog = qobject_cast<ErrorAlertDialog*>(object)) {
-        return new ErrorAlertAccessible(dialog);
+    if (auto* const alert = qobject_cast<ErrorAlert*>(object)) {
+        return new ErrorAlertAccessible(alert);
     }
     if (auto* const window = qobject_cast<RecoveryWindow*>(object)) {
         return new QAccessibleWidget(window, QAccessible::Window);

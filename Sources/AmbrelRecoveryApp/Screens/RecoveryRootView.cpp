@@ -3,11 +3,13 @@
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/HeldKeys.h"
 #include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/ProgressRow.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/ScreenTransition.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
+#include "AmbrelRecoveryApp/Controls/SegmentedPicker.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 #include "AmbrelRecoveryApp/Screens/ChooseBackupScreen.h"
 #include "AmbrelRecoveryApp/Screens/CompletionScreen.h"
@@ -26,6 +28,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 
 #include <utility>
 
@@ -46,38 +49,38 @@ RecoveryRootView::RecoveryRootView(RecoveryViewModel& model, QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(rail_);
     layout->addWidget(content_, 1);
-    connectChooseBackup();
-    connectSnapshots();
-    connectCompletion();
-    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
+    connectButtons();
+    connectControls();
     connect(&model_, &RecoveryViewModel::aboutToChange, this, &RecoveryRootView::scheduleRedraw);
     applyContents();
     nextFocus_ = widgetOf(FocusPlan::first(state_));
 }
 
-void RecoveryRootView::connectChooseBackup() {
+void RecoveryRootView::connectButtons() {
+    const ChooseBackupScreen& choose = *content_->chooseBackup();
+    const SnapshotsScreen& snapshots = *content_->snapshots();
+    const CompletionScreen& completion = *content_->completion();
+    connect(choose.chooseButton(), &QPushButton::clicked, &model_, &RecoveryViewModel::chooseBackup);
+    connect(choose.inspectButton(), &QPushButton::clicked, this, &RecoveryRootView::inspect);
+    connect(snapshots.exportButton(), &QPushButton::clicked, &model_, &RecoveryViewModel::chooseDestinationAndExport);
+    connect(snapshots.chooseAnotherButton(), &QPushButton::clicked, &model_, &RecoveryViewModel::startAgain);
+    connect(completion.revealButton(), &QPushButton::clicked, &model_, &RecoveryViewModel::openRecoveredFolder);
+    connect(completion.chooseAnotherButton(), &QPushButton::clicked, &model_, &RecoveryViewModel::startAgain);
+    for (const ProgressRow* const operation : content_->findChildren<ProgressRow*>()) {
+        connect(operation, &ProgressRow::cancelled, &model_, &RecoveryViewModel::cancelOperation);
+    }
+}
+
+void RecoveryRootView::connectControls() {
     const ChooseBackupScreen* const choose = content_->chooseBackup();
-    connect(choose, &ChooseBackupScreen::chooseRequested, &model_, &RecoveryViewModel::chooseBackup);
-    connect(choose, &ChooseBackupScreen::factorChosen, &model_,
+    connect(choose->factorPicker(), &SegmentedPicker::chosen, &model_,
             [this](int index) { model_.setFactor(allRecoveryAppFactors.at(static_cast<std::size_t>(index))); });
-    connect(choose, &ChooseBackupScreen::secretEdited, &model_,
-            [this] { model_.setCredential(SecretText(content_->chooseBackup()->secretField()->secret())); });
-    connect(choose, &ChooseBackupScreen::inspectRequested, this, &RecoveryRootView::inspect);
-    connect(choose, &ChooseBackupScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
-}
-
-void RecoveryRootView::connectSnapshots() {
-    const SnapshotsScreen* const snapshots = content_->snapshots();
-    connect(snapshots, &SnapshotsScreen::snapshotChosen, this, &RecoveryRootView::chooseSnapshot);
-    connect(snapshots, &SnapshotsScreen::exportRequested, &model_, &RecoveryViewModel::chooseDestinationAndExport);
-    connect(snapshots, &SnapshotsScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
-    connect(snapshots, &SnapshotsScreen::cancelRequested, &model_, &RecoveryViewModel::cancelOperation);
-}
-
-void RecoveryRootView::connectCompletion() {
-    const CompletionScreen* const completion = content_->completion();
-    connect(completion, &CompletionScreen::revealRequested, &model_, &RecoveryViewModel::openRecoveredFolder);
-    connect(completion, &CompletionScreen::startAgainRequested, &model_, &RecoveryViewModel::startAgain);
+    connect(choose->secretField(), &SecureField::secretEdited, &model_,
+            [this, choose] { model_.setCredential(SecretText(choose->secretField()->secret())); });
+    connect(content_->snapshots()->list(), &SnapshotList::chosen, &model_, [this](int row) {
+        model_.setSelectedSnapshotCode(state_.snapshots->at(static_cast<std::size_t>(row)).selectionCode);
+    });
+    connect(dropArea_, &DropArea::dropped, &model_, &RecoveryViewModel::acceptPackage);
 }
 
 QWidget* RecoveryRootView::screenOfThePhase() const {
@@ -102,24 +105,9 @@ void RecoveryRootView::inspect() {
     redraw();
 }
 
-void RecoveryRootView::chooseSnapshot(int row) {
-    if (state_.snapshots) {
-        model_.setSelectedSnapshotCode(state_.snapshots->at(static_cast<std::size_t>(row)).selectionCode);
-    }
-}
-
 void RecoveryRootView::scheduleRedraw() {
-    if (!isRedrawScheduled_) {
-        isRedrawScheduled_ = true;
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                // Unless redraw() was called in between.
-                if (isRedrawScheduled_) {
-                    redraw();
-                }
-            },
-            Qt::QueuedConnection);
+    if (!std::exchange(isRedrawScheduled_, true)) {
+        QMetaObject::invokeMethod(this, &RecoveryRootView::redraw, Qt::QueuedConnection);
     }
 }
 
@@ -148,13 +136,6 @@ void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
     } else if (before.phase != state_.phase || (before.presentedError && !state_.presentedError)) {
         announcer_->withdraw();
     }
-}
-
-/// No redraw has announced an error from before the window was shown.
-void RecoveryRootView::announceErrorOfTheStart() {
-    RecoveryScreenState before = state_;
-    before.presentedError.reset();
-    announceStep(before);
 }
 
 void RecoveryRootView::applyContents() {
@@ -246,7 +227,10 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
     if (state_.presentedError) {
         alert_->takeFocus();
         if (!event->spontaneous()) {
-            announceErrorOfTheStart();
+            // No redraw has announced an error from before the window was shown.
+            RecoveryScreenState before = state_;
+            before.presentedError.reset();
+            announceStep(before);
         }
     } else {
         moveFocus();
@@ -265,24 +249,9 @@ void RecoveryRootView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// click() does nothing if the button is disabled.
+/// Each screen has one button of the kind for its main action. click() does nothing if it is disabled.
 void RecoveryRootView::pressMainButton() {
-    using Phase = RecoveryScreenState::Phase;
-    switch (state_.phase) {
-    case Phase::chooseBackup:
-        content_->chooseBackup()->inspectButton()->click();
-        break;
-    case Phase::snapshots:
-        content_->snapshots()->exportButton()->click();
-        break;
-    case Phase::complete:
-        content_->completion()->revealButton()->click();
-        break;
-    case Phase::preparingPackage:
-    case Phase::inspecting:
-    case Phase::exporting:
-        break;
-    }
+    screenOfThePhase()->findChild<PrimaryRecoveryButton*>()->click();
 }
 
 void RecoveryRootView::paintEvent(QPaintEvent* /*event*/) {

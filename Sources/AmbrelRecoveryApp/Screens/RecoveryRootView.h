@@ -40,9 +40,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void connectChooseBackup();
-    void connectSnapshots();
-    void connectCompletion();
+    void connectControls();
+    void connectButtons();
     QWidget* screenOfThePhase() const;
     void scheduleRedraw();
     void redraw();
@@ -53,9 +52,7 @@ private:
     QWidget* widgetOf(FocusPlan::Target target) const;
     void moveFocus();
     void announceStep(const RecoveryScreenState& before);
-    void announceErrorOfTheStart();
     void pressMainButton();
-    void chooseSnapshot(int row);
     void inspect();
 
     RecoveryViewModel& model_;

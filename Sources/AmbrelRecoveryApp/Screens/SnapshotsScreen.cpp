@@ -44,11 +44,6 @@ SnapshotsScreen::SnapshotsScreen(QWidget* parent)
     layout->addLayout(titledList, 1);
     layout->addLayout(withTrailingInset(buttons_));
     layout->addLayout(withTrailingInset(exporting_));
-
-    connect(list_, &SnapshotList::chosen, this, &SnapshotsScreen::snapshotChosen);
-    connect(export_, &PrimaryRecoveryButton::clicked, this, &SnapshotsScreen::exportRequested);
-    connect(chooseAnother_, &SecondaryRecoveryButton::clicked, this, &SnapshotsScreen::startAgainRequested);
-    connect(exporting_, &ProgressRow::cancelled, this, &SnapshotsScreen::cancelRequested);
 }
 
 void SnapshotsScreen::apply(const SnapshotsContent& content) {

@@ -27,13 +27,6 @@ public:
     SecondaryRecoveryButton* chooseAnotherButton() const { return chooseAnother_; }
     QWidget* cancelButton() const;
 
-signals:
-    /// The user chose the snapshot in `row`.
-    void snapshotChosen(int row);
-    void exportRequested();
-    void startAgainRequested();
-    void cancelRequested();
-
 private:
     void applyButtons(const SnapshotsContent& content);
 

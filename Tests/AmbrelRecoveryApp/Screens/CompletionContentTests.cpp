@@ -16,14 +16,14 @@ TEST(CompletionContentTest, showsHowManyItemsWereRecovered) {
     EXPECT_EQ(content.title, QStringLiteral("Export complete"));
     EXPECT_EQ(content.exported, QStringLiteral("Exported: 4,812"));
     EXPECT_EQ(content.revealLabel, QStringLiteral("Show in Finder"));
-    EXPECT_EQ(content.startAgainLabel, QStringLiteral("Choose another package"));
+    EXPECT_EQ(content.chooseAnotherLabel, QStringLiteral("Choose another package"));
 }
 
 TEST(CompletionContentTest, lacksOnlyTheCountWithoutAReport) {
     const CompletionContent content = completionContent(stateIn(Phase::complete));
     EXPECT_EQ(content.exported, std::nullopt);
     EXPECT_FALSE(content.revealLabel.isEmpty());
-    EXPECT_FALSE(content.startAgainLabel.isEmpty());
+    EXPECT_FALSE(content.chooseAnotherLabel.isEmpty());
 }
 
 TEST(CompletionContentTest, showsZeroRecoveredItemsInTheDigitsOfTheLocale) {

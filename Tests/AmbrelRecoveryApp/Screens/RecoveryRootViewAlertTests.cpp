@@ -1,5 +1,5 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 #include "RecoveryRootViewTestCase.h"
 #include "ScreensTestSupport.h"
@@ -80,7 +80,7 @@ TEST_F(RecoveryRootViewAlertTest, theSameErrorAgainIsAnotherAlert) {
     panels.answer = path("");
     untilAnnounced([this] { button("Choose backup package")->click(); });
     redraw();
-    alert().accept();
+    press(Qt::Key_Return);
     untilAnnounced([this] { model->acceptPackage(path("")); });
     redraw();
     EXPECT_TRUE(isAlertShown());

@@ -3,7 +3,7 @@
 #include "../Support/RecoveryViewModelTestCase.h"
 #include "AmbrelRecoveryApp/Controls/Announcer.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 
@@ -36,9 +36,9 @@ protected:
     static void redraw() { QCoreApplication::processEvents(); }
 
     SecureField& field() const { return *view->findChild<SecureField*>(); }
-    ErrorAlertDialog& alert() const { return *view->findChild<ErrorAlertDialog*>(); }
+    ErrorAlert& alert() const { return *view->findChild<ErrorAlert*>(); }
     bool isAlertShown() const {
-        const auto* const alert = view->findChild<ErrorAlertDialog*>();
+        const auto* const alert = view->findChild<ErrorAlert*>();
         return alert != nullptr && alert->isVisible();
     }
     SnapshotList& list() const { return *view->findChild<SnapshotList*>(); }

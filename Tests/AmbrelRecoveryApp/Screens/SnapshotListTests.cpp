@@ -175,6 +175,7 @@ TEST_F(SnapshotListTest, aHundredThousandRowsExistAndAreNamed) {
 TEST_F(SnapshotListTest, rowsAreListItemsNamedByASentence) {
     select("1");
     EXPECT_EQ(accessible().role(), QAccessible::List);
+    EXPECT_TRUE(accessible().state().focusable);
     ASSERT_EQ(accessible().childCount(), 3);
     QAccessibleInterface& row = *accessible().child(1);
     EXPECT_EQ(row.role(), QAccessible::ListItem);

@@ -8,7 +8,14 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
-#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+namespace {
+
+/// Of two rows, so that the user sees that there is more than one.
+constexpr int leastHeight = 158;
+
+} // namespace
 
 SnapshotList::SnapshotList(QWidget* parent) : QListView(parent), model_(new SnapshotListModel(this)) {
     setModel(model_);
@@ -23,19 +30,15 @@ SnapshotList::SnapshotList(QWidget* parent) : QListView(parent), model_(new Snap
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setAutoFillBackground(false);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    setMinimumHeight(TextScale::scaled(leastHeight));
 }
 
 void SnapshotList::apply(const SnapshotRows& rows) {
-    const SnapshotRows& shown = model_->rows();
-    if (shown == rows) {
+    if (model_->rows() == rows) {
         return;
     }
-    const QScopedValueRollback applying(isApplying_, true);
-    const bool isInOtherWords = shown.locale != rows.locale || shown.itemsLabel != rows.itemsLabel;
+    const QSignalBlocker blocker(this);
     model_->setRows(rows);
-    if (isInOtherWords) {
-        doItemsLayout();
-    }
     followSelection();
     viewport()->update();
 }
@@ -58,35 +61,9 @@ void SnapshotList::followSelection() {
     }
 }
 
-void SnapshotList::choose(int row) {
-    const QModelIndex index = model_->index(row);
-    if (selectionModel()->isSelected(index)) {
-        emit chosen(row);
-    } else {
-        setCurrentIndex(index);
-    }
-}
-
 QModelIndex SnapshotList::indexAt(const QPoint& point) const {
     const QModelIndex index = QListView::indexAt(point);
     return SnapshotRowDelegate::rowRect(visualRect(index)).contains(point) ? index : QModelIndex();
-}
-
-QSize SnapshotList::sizeHint() const {
-    return minimumSizeHint();
-}
-
-QSize SnapshotList::minimumSizeHint() const {
-    // Two rows, so that the user sees that there is more than one.
-    constexpr int leastHeight = 158;
-    return {0, TextScale::scaled(leastHeight)};
-}
-
-void SnapshotList::changeEvent(QEvent* event) {
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange) {
-        scheduleDelayedItemsLayout();
-    }
 }
 
 void SnapshotList::focusInEvent(QFocusEvent* event) {
@@ -109,7 +86,7 @@ QItemSelectionModel::SelectionFlags SnapshotList::selectionCommand(const QModelI
 
 void SnapshotList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListView::selectionChanged(selected, deselected);
-    if (!isApplying_ && !selected.isEmpty()) {
+    if (!selected.isEmpty()) {
         emit chosen(selected.indexes().constFirst().row());
     }
 }

@@ -14,27 +14,23 @@ class SnapshotList final : public QListView {
 public:
     explicit SnapshotList(QWidget* parent = nullptr);
 
-    /// Shows `rows` and marks the selected one. Emits nothing. The scroll position is kept if the snapshots are the
-    /// same.
+    /// Shows `rows` and marks the selected one. Emits nothing. The scroll position is kept if only the selection
+    /// changes.
     void apply(const SnapshotRows& rows);
     const SnapshotListModel& snapshotModel() const { return *model_; }
-
-    /// Selects a row as if the user had clicked it.
-    void choose(int row);
 
     /// Ignores the gaps between the rows.
     QModelIndex indexAt(const QPoint& point) const override;
     /// Disabled: a search would format every row.
     void keyboardSearch(const QString& /*search*/) override {}
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    /// No higher than necessary, so that the list scrolls before the screen does.
+    QSize sizeHint() const override { return minimumSize(); }
 
 signals:
     /// The user chose the snapshot in `row`.
     void chosen(int row);
 
 protected:
-    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
@@ -45,5 +41,4 @@ private:
     void announceCurrentRow();
 
     SnapshotListModel* const model_;
-    bool isApplying_ = false;
 };

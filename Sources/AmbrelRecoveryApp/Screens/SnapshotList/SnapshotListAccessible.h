@@ -17,7 +17,6 @@ public:
     QAccessibleInterface* childAt(int x, int y) const override;
     QAccessibleInterface* focusChild() const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
-    QAccessible::State state() const override;
 
 private:
     SnapshotList& list() const;

@@ -1,11 +1,9 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotListModel.h"
 
-#include <algorithm>
-#include <limits>
-
 void SnapshotListModel::setRows(const SnapshotRows& rows) {
-    contents_.clear();
-    if (rows_.snapshots == rows.snapshots) {
+    SnapshotRows shown = rows_;
+    shown.selectedCode = rows.selectedCode;
+    if (shown == rows) {
         rows_ = rows;
         return;
     }
@@ -15,29 +13,9 @@ void SnapshotListModel::setRows(const SnapshotRows& rows) {
 }
 
 SnapshotRowContent SnapshotListModel::content(const QModelIndex& index) const {
-    if (const SnapshotRowContent* const known = contents_.object(index.row())) {
-        return *known;
-    }
-    SnapshotRowContent content = rows_.row(static_cast<std::size_t>(index.row()));
-    contents_.insert(index.row(), new SnapshotRowContent(content));
-    return content;
+    return rows_.row(static_cast<std::size_t>(index.row()));
 }
 
 int SnapshotListModel::rowCount(const QModelIndex& parent) const {
-    constexpr std::size_t most = std::numeric_limits<int>::max();
-    return parent.isValid() ? 0 : static_cast<int>(std::min(rows_.count(), most));
-}
-
-QVariant SnapshotListModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
-        return {};
-    }
-    switch (role) {
-    case Qt::DisplayRole:
-        return content(index).date;
-    case Qt::AccessibleTextRole:
-        return content(index).sentence();
-    default:
-        return {};
-    }
+    return parent.isValid() ? 0 : static_cast<int>(rows_.count());
 }

@@ -3,7 +3,6 @@
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRows.h"
 
 #include <QAbstractListModel>
-#include <QCache>
 
 /// The rows of the snapshot list for Qt's views. Nothing is copied or formatted in advance.
 class SnapshotListModel final : public QAbstractListModel {
@@ -12,16 +11,16 @@ class SnapshotListModel final : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Sets the rows. Resets the model only if the snapshots are different ones.
+    /// Sets the rows. Resets the model unless only another row is selected.
     void setRows(const SnapshotRows& rows);
     const SnapshotRows& rows() const { return rows_; }
-    /// The formatted content of a row. The most recently requested rows are cached.
+    /// The content of a row, formatted anew.
     SnapshotRowContent content(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
+    /// None: whoever shows a row asks for its content.
+    QVariant data(const QModelIndex& /*index*/, int /*role*/) const override { return {}; }
 
 private:
     SnapshotRows rows_;
-    mutable QCache<int, SnapshotRowContent> contents_{64};
 };

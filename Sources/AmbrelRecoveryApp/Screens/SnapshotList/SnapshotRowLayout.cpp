@@ -20,14 +20,6 @@ constexpr int markSpacing = 15;
 constexpr int lineSpacing = 4;
 constexpr int payloadSpacing = 7;
 
-QFont dateFont() {
-    return recoveryFont(dateSize, QFont::DemiBold);
-}
-
-QFont factsFont() {
-    return recoveryFont(factsSize, QFont::Normal);
-}
-
 /// Returns the facts as they are drawn. In a right-to-left interface, each keeps its own direction, so that a size in
 /// Latin letters is not torn apart.
 QString drawnFacts(const SnapshotRowContent& content, Qt::LayoutDirection direction) {
@@ -52,6 +44,8 @@ SnapshotRowLayout SnapshotRowLayout::of(const SnapshotRowContent& content, const
         return Text{.text = shown, .font = FittedText::font(shown, font, place.width()), .place = place};
     };
     const bool isStacked = TextScale::isEnlarged();
+    const QFont dateFont = recoveryFont(dateSize, QFont::DemiBold);
+    const QFont factsFont = recoveryFont(factsSize, QFont::Normal);
     const QFont payloadFont = recoveryFont(payloadSize, QFont::Medium);
     const QSize payload = FittedText::size(content.payload, payloadFont);
     const int symbolSize = payloadFont.pixelSize();
@@ -64,15 +58,15 @@ SnapshotRowLayout SnapshotRowLayout::of(const SnapshotRowContent& content, const
 
     const QString facts = drawnFacts(content, direction);
     const int dateTop = row.top() + padding;
-    const int dateHeight = FittedText::size(content.date, dateFont()).height();
+    const int dateHeight = FittedText::size(content.date, dateFont).height();
     const int factsTop = dateTop + dateHeight + lineSpacing;
-    const int factsHeight = FittedText::size(facts, factsFont()).height();
+    const int factsHeight = FittedText::size(facts, factsFont).height();
     const int payloadTop = isStacked ? factsTop + factsHeight + lineSpacing : row.top();
     const int payloadHeight = isStacked ? payload.height() : row.height();
     return {
         .mark = mirrored(row.left() + padding, row.top() + (row.height() - mark) / 2, mark, mark),
-        .date = text(content.date, dateFont(), mirrored(leading, dateTop, width, dateHeight)),
-        .facts = text(facts, factsFont(), mirrored(leading, factsTop, width, factsHeight)),
+        .date = text(content.date, dateFont, mirrored(leading, dateTop, width, dateHeight)),
+        .facts = text(facts, factsFont, mirrored(leading, factsTop, width, factsHeight)),
         .payloadSymbol = mirrored(symbolLeft, payloadTop + (payloadHeight - symbolSize) / 2, symbolSize, symbolSize),
         .payload =
             text(content.payload, payloadFont,
@@ -81,8 +75,8 @@ SnapshotRowLayout SnapshotRowLayout::of(const SnapshotRowContent& content, const
 }
 
 int SnapshotRowLayout::heightOf(const SnapshotRowContent& content, Qt::LayoutDirection direction) {
-    const int payloadHeight = FittedText::size(content.payload, recoveryFont(payloadSize, QFont::Medium)).height();
-    return 2 * padding + FittedText::size(content.date, dateFont()).height() + lineSpacing +
-           FittedText::size(drawnFacts(content, direction), factsFont()).height() +
-           (TextScale::isEnlarged() ? lineSpacing + payloadHeight : 0);
+    // Wide enough for any text.
+    constexpr QRect row(0, 0, 1'000'000, 0);
+    const SnapshotRowLayout layout = of(content, row, direction);
+    return (TextScale::isEnlarged() ? layout.payload : layout.facts).place.bottom() + 1 + padding;
 }

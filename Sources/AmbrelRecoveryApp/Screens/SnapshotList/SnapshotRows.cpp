@@ -13,21 +13,18 @@ QString labelled(const QString& label, const QString& value) {
     return label + QStringLiteral(": ") + value;
 }
 
-QString formattedSize(std::uint64_t byteCount, const icu::Locale& locale) {
-    constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
-    return AmbrelStrings::formattedFileSize(static_cast<std::int64_t>(std::min(byteCount, largest)), locale);
-}
-
 } // namespace
 
 SnapshotRowContent SnapshotRows::row(std::size_t row) const {
     const SortedSnapshots::Snapshot& snapshot = snapshots->at(row);
     const bool isComplete = snapshot.payloadFileEvidence.complete;
+    constexpr std::uint64_t largestSize = std::numeric_limits<std::int64_t>::max();
+    const auto size = static_cast<std::int64_t>(std::min(snapshot.logicalPlaintextByteCount, largestSize));
     return {
         .date = RecoveryViewModel::formattedDate(snapshot.createdAtUTCMilliseconds),
         .facts = {labelled(itemsLabel, AmbrelStrings::formattedNumber(snapshot.counts.items, locale)),
                   labelled(filesLabel, AmbrelStrings::formattedNumber(snapshot.counts.resources, locale)),
-                  formattedSize(snapshot.logicalPlaintextByteCount, locale)},
+                  AmbrelStrings::formattedFileSize(size, locale)},
         .payload = isComplete ? completeLabel : incompleteLabel,
         .isComplete = isComplete,
         .isSelected = selectedCode == snapshot.selectionCode,
@@ -35,8 +32,5 @@ SnapshotRowContent SnapshotRows::row(std::size_t row) const {
 }
 
 std::optional<std::size_t> SnapshotRows::selectedRow() const {
-    if (!snapshots || !selectedCode) {
-        return std::nullopt;
-    }
-    return snapshots->rowOf(*selectedCode);
+    return snapshots && selectedCode ? snapshots->rowOf(*selectedCode) : std::nullopt;
 }

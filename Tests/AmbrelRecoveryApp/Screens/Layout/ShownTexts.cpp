@@ -5,7 +5,7 @@
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Controls/SegmentButton.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
-#include "AmbrelRecoveryApp/Screens/ErrorAlertDialog.h"
+#include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotList.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotListModel.h"
 #include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRowDelegate.h"
@@ -57,7 +57,7 @@ QString defectInLabel(const TextLabel& label) {
 
 class Collector {
 public:
-    explicit Collector(const QWidget& root) : alert_(root.findChild<ErrorAlertDialog*>()) {
+    explicit Collector(const QWidget& root) : alert_(root.findChild<ErrorAlert*>()) {
         for (const QWidget* const widget : root.findChildren<QWidget*>()) {
             if (widget->isVisibleTo(&root)) {
                 addTextsOf(*widget);

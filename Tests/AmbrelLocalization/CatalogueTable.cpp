@@ -1,5 +1,7 @@
 #include "CatalogueTable.h"
 
+#include "AmbrelLocalization/AmbrelStrings.h"
+
 #include <simdjson.h>
 
 #include <string_view>
@@ -24,4 +26,22 @@ CatalogueTable CatalogueTable::read(const std::filesystem::path& path) {
         }
     }
     return table;
+}
+
+std::filesystem::path CatalogueTable::pathOfLanguage(const std::string& locale) {
+    return std::filesystem::path(AMBREL_STRING_TABLES) / (locale + ".lproj") / "Localizable.json";
+}
+
+const CatalogueTable& CatalogueTable::ofLanguage(const std::string& locale) {
+    static std::map<std::string, CatalogueTable> tables;
+    const auto found = tables.find(locale);
+    return found != tables.end() ? found->second : tables.emplace(locale, read(pathOfLanguage(locale))).first->second;
+}
+
+std::vector<std::string> CatalogueTable::languages() {
+    std::vector<std::string> result;
+    for (const QString& identifier : AmbrelStrings::completeLocaleIdentifiers()) {
+        result.push_back(identifier.toStdString());
+    }
+    return result;
 }

@@ -16,4 +16,13 @@ struct CatalogueTable {
     std::vector<std::string> faults;
 
     static CatalogueTable read(const std::filesystem::path& path);
+
+    /// The product's table of a language, read once.
+    static const CatalogueTable& ofLanguage(const std::string& locale);
+
+    /// Where the product's table of a language lies.
+    static std::filesystem::path pathOfLanguage(const std::string& locale);
+
+    /// The languages that the product has tables for.
+    static std::vector<std::string> languages();
 };

@@ -25,15 +25,8 @@ namespace {
 
 using PrintfStyleFormat::Kind;
 
-std::filesystem::path tablePath(const std::string& locale) {
-    return std::filesystem::path(AMBREL_STRING_TABLES) / (locale + ".lproj") / "Localizable.json";
-}
-
 const CatalogueTable& table(const std::string& locale) {
-    static std::map<std::string, CatalogueTable> tables;
-    const auto found = tables.find(locale);
-    return found != tables.end() ? found->second
-                                 : tables.emplace(locale, CatalogueTable::read(tablePath(locale))).first->second;
+    return CatalogueTable::ofLanguage(locale);
 }
 
 std::optional<QString> text(const std::string& locale, const std::string& key) {
@@ -44,14 +37,6 @@ std::optional<QString> text(const std::string& locale, const std::string& key) {
 const UntranslatedTexts& untranslatedTexts() {
     static const UntranslatedTexts texts = UntranslatedTexts::read(AMBREL_UNTRANSLATED_TEXTS);
     return texts;
-}
-
-std::vector<std::string> locales() {
-    std::vector<std::string> result;
-    for (const QString& identifier : AmbrelStrings::completeLocaleIdentifiers()) {
-        result.push_back(identifier.toStdString());
-    }
-    return result;
 }
 
 using PlaceholderUse = std::multiset<std::pair<std::size_t, Kind>>;
@@ -119,9 +104,9 @@ TEST(CatalogueTest, hasATableForEveryLanguageAndForNoOther) {
         folders.insert(entry.path().filename().string());
     }
     std::set<std::string> expected;
-    for (const std::string& locale : locales()) {
+    for (const std::string& locale : CatalogueTable::languages()) {
         expected.insert(locale + ".lproj");
-        EXPECT_TRUE(std::filesystem::is_regular_file(tablePath(locale))) << "no table for " << locale;
+        EXPECT_TRUE(std::filesystem::is_regular_file(CatalogueTable::pathOfLanguage(locale))) << "no table for " << locale;
     }
     EXPECT_EQ(folders, expected);
 }
@@ -268,7 +253,7 @@ TEST_P(TableTest, quotesNamesExactly) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, TableTest, testing::ValuesIn(locales()), [](const auto& parameter) {
+INSTANTIATE_TEST_SUITE_P(Catalogue, TableTest, testing::ValuesIn(CatalogueTable::languages()), [](const auto& parameter) {
     std::string name = parameter.param;
     std::erase(name, '-');
     return name;

@@ -59,7 +59,8 @@ const std::vector<Rule>& rules() {
          pattern(R"([\x{3041}-\x{30FF}\x{3400}-\x{9FFF}] [A-Za-z]|[A-Za-z] [\x{3041}-\x{30FF}\x{3400}-\x{9FFF}])")},
         {"digit", only, {"ar"}, pattern("[0-9٠-٩]")},
         {"European mark", only, {"ar"}, pattern("[,;?]")},
-        {"Latin letters at the beginning", only, {"ar"}, pattern(R"(^[A-Za-z].*\p{Arabic})")},
+        {"Latin letters at the beginning", only, {"ar"}, pattern(R"((^|[.؟؛] )[A-Za-z].*\p{Arabic})")},
+        {"Latin letters at the end of a sentence", only, {"ar"}, pattern(R"([A-Za-z][.؟؛])")},
         {"Arabic digit or mark", allBut, {"ar"}, pattern("[٠-٩،؛؟]")},
     };
     return all;

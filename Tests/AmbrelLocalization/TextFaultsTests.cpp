@@ -54,6 +54,8 @@ const Sample samples[] = {
     {"ar", "بعد ثلاثين ثانية", "بعد ٣٠ ثانية", "digit"},
     {"ar", "العناصر: %lld، كلها", "العناصر, كلها", "European mark"},
     {"ar", "في Finder", "Finder في", "Latin letters at the beginning"},
+    {"ar", "نعم. في Finder", "نعم. Finder في", "Latin letters at the beginning"},
+    {"ar", "لشركة Apple أيضًا.", "لشركة Apple Inc.", "Latin letters at the end of a sentence"},
     {"en", "In 30 seconds", "In ٣٠ seconds", "Arabic digit or mark"},
     {"ko", "‘백업’", "‘백업", "quotation marks of another language or without their other half"},
     {"de", "„Dateien“", "„Dateien”", "quotation marks of another language or without their other half"},

@@ -28,7 +28,7 @@ struct FolderContents {
         friend bool operator==(const Item&, const Item&) = default;
     };
 
-    /// Folders first, then by name in the sort order of the given locale, with numbers sorted by value.
+    /// By name, in the sort order of the given locale, with numbers sorted by value.
     std::vector<Item> items;
     /// Whether items can be created in the folder.
     bool isWritable = false;

@@ -9,6 +9,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/FilePanels/PathBar.h"
 #include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
@@ -206,7 +207,7 @@ void ItemPanel::nameSelectedItem() {
 
 void ItemPanel::handleNameChange() {
     finding_.drop();
-    accept_->setEnabled(!fileName_->text().isEmpty());
+    accept_->setEnabled(!fileName_->text().isEmpty() && !fileName_->text().contains(QChar::Null));
     if (!isNamingSelection_) {
         list_->clearSelection();
     }
@@ -246,11 +247,7 @@ void ItemPanel::findTyped() {
     }
     const bool isStarted =
         finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
-                       [this](const std::optional<TypedItem>& item) {
-                           if (item) {
-                               chooseTyped(*item);
-                           }
-                       });
+                       [this](const TypedItem& item) { chooseTyped(item); });
     if (!isStarted) {
         // No thread is available: the receiver of the path has to resolve the text.
         choose(folder() / fileName_->text().toStdString());

@@ -23,8 +23,6 @@ struct FolderContents {
         /// std::nullopt if the item's status cannot be read.
         std::optional<std::chrono::sys_time<std::chrono::milliseconds>> modified;
 
-        bool isHidden() const { return name.starts_with('.'); }
-
         friend bool operator==(const Item&, const Item&) = default;
     };
 

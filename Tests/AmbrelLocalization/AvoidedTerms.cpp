@@ -12,7 +12,8 @@ QStringList avoidedTerms(const std::string& locale) {
     }
     const QStringList lines = QString::fromUtf8(page.readAll()).split(u'\n');
     const qsizetype heading = lines.indexOf(QStringLiteral("## Avoided terms"));
-    const qsizetype firstRow = lines.indexOf(QStringLiteral("| --- | --- | --- |"), std::max<qsizetype>(heading, 0)) + 1;
+    const qsizetype firstRow =
+        lines.indexOf(QStringLiteral("| --- | --- | --- |"), std::max<qsizetype>(heading, 0)) + 1;
     QStringList terms;
     for (qsizetype row = firstRow; heading >= 0 && row < lines.size() && lines[row].startsWith(u'|'); ++row) {
         terms.append(lines[row].section(u'|', 1, 1).trimmed());

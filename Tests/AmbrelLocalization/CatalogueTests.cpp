@@ -106,7 +106,8 @@ TEST(CatalogueTest, hasATableForEveryLanguageAndForNoOther) {
     std::set<std::string> expected;
     for (const std::string& locale : CatalogueTable::languages()) {
         expected.insert(locale + ".lproj");
-        EXPECT_TRUE(std::filesystem::is_regular_file(CatalogueTable::pathOfLanguage(locale))) << "no table for " << locale;
+        EXPECT_TRUE(std::filesystem::is_regular_file(CatalogueTable::pathOfLanguage(locale)))
+            << "no table for " << locale;
     }
     EXPECT_EQ(folders, expected);
 }
@@ -253,10 +254,11 @@ TEST_P(TableTest, quotesNamesExactly) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, TableTest, testing::ValuesIn(CatalogueTable::languages()), [](const auto& parameter) {
-    std::string name = parameter.param;
-    std::erase(name, '-');
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Catalogue, TableTest, testing::ValuesIn(CatalogueTable::languages()),
+                         [](const auto& parameter) {
+                             std::string name = parameter.param;
+                             std::erase(name, '-');
+                             return name;
+                         });
 
 } // namespace

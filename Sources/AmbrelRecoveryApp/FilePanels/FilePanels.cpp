@@ -1,6 +1,5 @@
 #include "AmbrelRecoveryApp/FilePanels/FilePanels.h"
 
-#include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <utility>
@@ -18,15 +17,10 @@ void FilePanels::chooseBackup(const OpenPanel& panel, Completion completion) {
 }
 
 void FilePanels::chooseDestination(const SavePanel& panel, Completion completion) {
-    show(ItemPanel::Purpose::newItem,
-         {.title = panel.title,
-          .prompt = panel.prompt,
-          .proposedName = panel.proposedName,
-          .requiredByteCount = panel.requiredByteCount},
-         std::move(completion));
+    show(ItemPanel::Purpose::newItem, panel, std::move(completion));
 }
 
-void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Request& request, Completion completion) {
+void FilePanels::show(ItemPanel::Purpose purpose, const SavePanel& request, Completion completion) {
     MainThread::require();
     if (open_) {
         open_->raise();
@@ -43,7 +37,6 @@ void FilePanels::show(ItemPanel::Purpose purpose, const ItemPanel::Request& requ
         }
         completion(std::move(choice));
     };
-    open_ =
-        new ItemPanel(purpose, request, folder_.value_or(PanelPlaces::home().path), std::move(remembering), window_);
+    open_ = new ItemPanel(purpose, request, folder_, std::move(remembering), window_);
     open_->open();
 }

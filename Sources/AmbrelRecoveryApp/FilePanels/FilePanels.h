@@ -3,8 +3,11 @@
 #include "AmbrelRecoveryApp/FilePanels/ItemPanel.h"
 #include "AmbrelRecoveryApp/Model/RecoveryPanels.h"
 
+#include <QDir>
 #include <QPointer>
 #include <QString>
+
+#include <filesystem>
 
 /// The application's own file panels. The desktops' panels can neither offer files and folders together nor treat a
 /// package as a single item, and both theirs and Qt's let the user rename and delete files. Only one panel is open at a
@@ -22,11 +25,10 @@ public:
     void chooseDestination(const SavePanel& panel, Completion completion) override;
 
 private:
-    void show(ItemPanel::Purpose purpose, const ItemPanel::Request& request, Completion completion);
+    void show(ItemPanel::Purpose purpose, const SavePanel& request, Completion completion);
 
     QPointer<QWidget> window_;
     QPointer<ItemPanel> open_;
-    /// The folder of the last choice in this session, in which the next panel opens; std::nullopt before the first
-    /// choice.
-    std::optional<std::filesystem::path> folder_;
+    /// The folder in which the next panel opens: home, or that of the last choice in this session.
+    std::filesystem::path folder_ = QDir::homePath().toStdString();
 };

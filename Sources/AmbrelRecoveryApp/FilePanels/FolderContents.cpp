@@ -2,15 +2,13 @@
 
 #include "AmbrelRecoveryApp/Model/RecoveryChosenPath.h"
 
-#include <unicode/coll.h>
-#include <unicode/unistr.h>
+#include <QCollator>
+#include <QLocale>
 
 #include <algorithm>
-#include <cstddef>
-#include <memory>
-#include <numeric>
 #include <system_error>
 #include <tuple>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -37,50 +35,19 @@ Item itemAt(const std::filesystem::path& path) {
     return item;
 }
 
-/// Collation keys of names: comparing two of them costs no more than comparing bytes.
-class NameOrder {
-public:
-    explicit NameOrder(const icu::Locale& locale) {
-        UErrorCode status = U_ZERO_ERROR;
-        collator_.reset(icu::Collator::createInstance(locale, status));
-        if (U_FAILURE(status)) {
-            collator_.reset();
-            return;
-        }
-        collator_->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
-    }
-
-    std::string key(const std::string& name) const {
-        if (!collator_) {
-            return name;
-        }
-        const icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
-        std::string key(static_cast<std::size_t>(collator_->getSortKey(text, nullptr, 0)), '\0');
-        collator_->getSortKey(text, reinterpret_cast<std::uint8_t*>(key.data()), static_cast<std::int32_t>(key.size()));
-        return key;
-    }
-
-private:
-    std::unique_ptr<icu::Collator> collator_;
-};
-
 void sort(std::vector<Item>& items, const icu::Locale& locale) {
-    struct Keyed {
-        bool isFolder;
-        std::string key;
-        Item item;
-    };
-    const NameOrder order(locale);
-    std::vector<Keyed> keyed;
+    QCollator collator(QLocale(QString::fromLatin1(locale.getName())));
+    collator.setNumericMode(true);
+    std::vector<std::pair<QCollatorSortKey, Item>> keyed;
     keyed.reserve(items.size());
     for (Item& item : items) {
-        std::string key = order.key(item.name);
-        keyed.push_back({item.kind == Item::Kind::folder, std::move(key), std::move(item)});
+        QCollatorSortKey key = collator.sortKey(QString::fromStdString(item.name));
+        keyed.emplace_back(std::move(key), std::move(item));
     }
-    std::ranges::sort(keyed, [](const Keyed& left, const Keyed& right) {
-        return std::tie(right.isFolder, left.key, left.item.name) < std::tie(left.isFolder, right.key, right.item.name);
+    std::ranges::sort(keyed, [](const auto& left, const auto& right) {
+        return std::tie(left.first, left.second.name) < std::tie(right.first, right.second.name);
     });
-    std::ranges::transform(keyed, items.begin(), [](Keyed& entry) { return std::move(entry.item); });
+    std::ranges::transform(keyed, items.begin(), [](auto& entry) { return std::move(entry.second); });
 }
 
 } // namespace

@@ -23,12 +23,10 @@ struct FolderContents {
         /// std::nullopt if the item's status cannot be read.
         std::optional<std::chrono::sys_time<std::chrono::milliseconds>> modified;
 
-        bool isHidden() const { return name.starts_with('.'); }
-
         friend bool operator==(const Item&, const Item&) = default;
     };
 
-    /// Folders first, then by name in the sort order of the given locale, with numbers sorted by value.
+    /// By name, in the sort order of the given locale, with numbers sorted by value.
     std::vector<Item> items;
     /// Whether items can be created in the folder.
     bool isWritable = false;

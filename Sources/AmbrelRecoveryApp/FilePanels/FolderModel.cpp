@@ -3,9 +3,12 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderWatch.h"
+#include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
+
+#include <QTimer>
 
 #include <algorithm>
 #include <cstddef>
@@ -15,6 +18,7 @@ namespace {
 
 using Item = FolderContents::Item;
 
+/// Changes are collected for so long, so that a busy folder is not read continuously.
 constexpr std::chrono::milliseconds changeDelay(250);
 
 RecoverySymbol symbolOf(Item::Kind kind) {
@@ -32,15 +36,10 @@ RecoverySymbol symbolOf(Item::Kind kind) {
 } // namespace
 
 FolderModel::FolderModel(QObject* parent)
-    : QAbstractTableModel(parent), locale_(AmbrelStrings::currentFormattingLocale()) {
-    change_.setSingleShot(true);
-    change_.setInterval(changeDelay);
-    connect(&change_, &QTimer::timeout, this, &FolderModel::read);
-}
+    : QAbstractTableModel(parent), locale_(AmbrelStrings::currentFormattingLocale()) {}
 
 void FolderModel::setFolder(const std::filesystem::path& folder) {
     MainThread::require();
-    change_.stop();
     watch({});
     beginResetModel();
     folder_ = folder;
@@ -51,12 +50,9 @@ void FolderModel::setFolder(const std::filesystem::path& folder) {
     read();
 }
 
-void FolderModel::setShowsHidden(bool showsHidden) {
+void FolderModel::toggleHiddenItems() {
     MainThread::require();
-    beginResetModel();
-    showsHidden_ = showsHidden;
-    arrange();
-    endResetModel();
+    rearrange([this] { showsHidden_ = !showsHidden_; });
 }
 
 /// The watch starts before the folder is read, so that changes during reading are noticed.
@@ -75,11 +71,10 @@ void FolderModel::apply(Reading reading) {
     const State state = reading.contents ? State::loaded : State::unreadable;
     FolderContents contents = std::move(reading.contents).value_or(FolderContents());
     if (state != state_ || contents != contents_) {
-        beginResetModel();
-        state_ = state;
-        contents_ = std::move(contents);
-        arrange();
-        endResetModel();
+        rearrange([&] {
+            state_ = state;
+            contents_ = std::move(contents);
+        });
     }
     if (reading.watch) {
         watch(std::move(reading.watch));
@@ -99,15 +94,33 @@ void FolderModel::watch(UniqueDescriptor watch) {
         connect(changes_.get(), &QSocketNotifier::activated, this, [this] {
             // Re-enabled after the folder has been read.
             changes_->setEnabled(false);
-            change_.start();
+            QTimer::singleShot(changeDelay, changes_.get(), [this] { read(); });
         });
     }
+}
+
+/// Makes a change of what is shown, after which persistent indexes refer to the same items as before.
+void FolderModel::rearrange(const std::function<void()>& change) {
+    emit layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    std::vector<std::string> names;
+    for (const QModelIndex& index : before) {
+        names.push_back(item(index).name);
+    }
+    change();
+    arrange();
+    QModelIndexList after;
+    for (std::size_t number = 0; number < names.size(); ++number) {
+        after.append(indexOf(names[number]).siblingAtColumn(before[static_cast<qsizetype>(number)].column()));
+    }
+    changePersistentIndexList(before, after);
+    emit layoutChanged();
 }
 
 void FolderModel::arrange() {
     rows_.clear();
     for (std::size_t index = 0; index < contents_.items.size(); ++index) {
-        if (showsHidden_ || !contents_.items[index].isHidden()) {
+        if (showsHidden_ || !contents_.items[index].name.starts_with('.')) {
             rows_.push_back(index);
         }
     }
@@ -152,7 +165,7 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) {
         return text(item(index), index.column());
     }
-    if (index.column() == name && role == SymbolRole) {
+    if (index.column() == name && role == PanelItemView::symbolRole) {
         return static_cast<int>(symbolOf(item(index).kind));
     }
     if (index.column() == name && role == Qt::AccessibleDescriptionRole && item(index).kind == Item::Kind::folder) {
@@ -162,9 +175,6 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) {
-        return QVariant(Qt::AlignLeading | Qt::AlignVCenter);
-    }
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
@@ -179,11 +189,10 @@ QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int r
 }
 
 void FolderModel::sort(int column, Qt::SortOrder order) {
-    beginResetModel();
-    sortColumn_ = column;
-    sortOrder_ = order;
-    arrange();
-    endResetModel();
+    rearrange([&] {
+        sortColumn_ = column;
+        sortOrder_ = order;
+    });
 }
 
 QString FolderModel::text(const Item& item, int column) const {
@@ -195,18 +204,4 @@ QString FolderModel::text(const Item& item, int column) const {
     default:
         return item.modified ? AmbrelStrings::formattedDateTime(*item.modified, locale_) : QString();
     }
-}
-
-int FolderModel::widestText(Column column, const QFontMetrics& metrics) const {
-    using namespace std::chrono;
-    constexpr std::int64_t wideSize = 888'800'000;
-    constexpr sys_time<milliseconds> wideDate = sys_days(year(2028) / 9 / 28) + hours(20) + minutes(48);
-    int widest = 0;
-    // A size of zero is written as a word.
-    for (const std::int64_t byteCount : {std::int64_t(0), wideSize}) {
-        const QString shown =
-            text({.name = {}, .kind = Item::Kind::file, .size = byteCount, .modified = wideDate}, column);
-        widest = std::max(widest, metrics.horizontalAdvance(shown));
-    }
-    return widest;
 }

@@ -5,25 +5,21 @@
 #include "AmbrelRecoveryApp/FilePanels/LatestTask.h"
 
 #include <QAbstractTableModel>
-#include <QFontMetrics>
 #include <QSocketNotifier>
-#include <QTimer>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <vector>
 
 /// The contents of one folder, with names, sizes and dates in the interface language. The folder is read on a
-/// background thread, and again when it changes, so an unresponsive folder blocks nothing. Main thread.
+/// background thread, and again when it changes, so an unresponsive folder blocks nothing. An item keeps its persistent
+/// indexes as long as it is shown. Main thread.
 class FolderModel final : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     enum Column { name, size, date, columnCountOfModel };
-    enum Role {
-        /// The `RecoverySymbol` of an item, as an int.
-        SymbolRole = Qt::UserRole
-    };
     enum class State { loading, loaded, unreadable };
 
     explicit FolderModel(QObject* parent = nullptr);
@@ -34,8 +30,8 @@ public:
     State state() const { return state_; }
     bool isFolderWritable() const { return contents_.isWritable; }
 
-    void setShowsHidden(bool showsHidden);
-    bool showsHidden() const { return showsHidden_; }
+    /// Starts or stops showing hidden items; initially they are not shown.
+    void toggleHiddenItems();
 
     /// The item of a valid index, and its path.
     const FolderContents::Item& item(const QModelIndex& index) const;
@@ -48,9 +44,6 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     void sort(int column, Qt::SortOrder order) override;
-
-    /// The width of the widest size or date that is likely to be shown, in the font of `metrics`.
-    int widestText(Column column, const QFontMetrics& metrics) const;
 
 signals:
     /// The folder has been read; `state()` gives the result.
@@ -66,6 +59,7 @@ private:
     void read();
     void apply(Reading reading);
     void watch(UniqueDescriptor watch);
+    void rearrange(const std::function<void()>& change);
     void arrange();
     QString text(const FolderContents::Item& item, int column) const;
 
@@ -81,6 +75,4 @@ private:
     LatestTask reading_;
     UniqueDescriptor watch_;
     std::unique_ptr<QSocketNotifier> changes_;
-    /// Coalesces changes, so that a busy folder is not read continuously.
-    QTimer change_;
 };

@@ -2,6 +2,8 @@
 
 #include "AmbrelRecoveryApp/FilePanels/FolderModel.h"
 
+#include <QStringList>
+#include <QTimer>
 #include <QTreeView>
 
 /// The list of a folder's items, with single selection. Return and a double click activate an item; nothing can be
@@ -17,32 +19,24 @@ public:
     QModelIndex selectedItem() const;
 
     void keyboardSearch(const QString& search) override;
-    void reset() override;
 
 signals:
     void itemActivated(const QModelIndex& index);
-    void itemSelected();
     void upRequested();
     /// The user has started to type a path, not the name of an item; `beginning` is its first character.
     void pathTyped(const QString& beginning);
 
 protected:
-    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
+    void prepareHeader();
+    void fitColumn(FolderModel::Column column, const QStringList& texts);
     QString message() const;
-    void handleReset();
-    void restore();
+    void showMessage();
 
     FolderModel& model_;
-    /// The names of the selected and the current item, to restore them after the folder is read again.
-    std::string selectedName_;
-    std::string currentName_;
-    int scrollPlace_ = 0;
-    bool isSlow_ = false;
-    QTimer slowness_;
+    /// Runs while it is too early to show that the folder is loading.
+    QTimer patience_;
 };

@@ -17,13 +17,16 @@
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
+#include <QDir>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <initializer_list>
 #include <utility>
 
 using namespace AmbrelStrings;
@@ -33,7 +36,6 @@ namespace {
 constexpr QSize initialSize(860, 560);
 constexpr QSize leastSize(660, 420);
 constexpr int padding = 20;
-constexpr int sidebarPadding = 12;
 constexpr int spacing = 10;
 
 /// `size` enlarged by the text scale, as far as the screen has room.
@@ -42,20 +44,28 @@ QSize scaledToScreen(const QSize& size, const QScreen& screen) {
     return enlarged.boundedTo(screen.availableSize()).expandedTo(size);
 }
 
+QBoxLayout* rowOf(std::initializer_list<QWidget*> widgets) {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    for (QWidget* const widget : widgets) {
+        row->addWidget(widget);
+    }
+    return row;
+}
+
 } // namespace
 
-ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
+ItemPanel::ItemPanel(Purpose purpose, const RecoveryPanels::SavePanel& request, const std::filesystem::path& folder,
                      RecoveryPanels::Completion completion, QWidget* window)
     : QDialog(window), purpose_(purpose), proposedName_(request.proposedName), completion_(std::move(completion)),
       files_(new FolderModel(this)), list_(new FolderView(*files_, this)), places_(new PlacesView(this)),
       path_(new PathBar(this)), newFolder_(new SecondaryRecoveryButton(std::nullopt, this)),
-      fileName_(new PanelNameField(localized(detailsFilename()), this)),
+      fileName_(new PanelNameField(this)),
       space_(purpose == Purpose::newItem ? new SpaceView(request.requiredByteCount, this) : nullptr),
       cancel_(new SecondaryRecoveryButton(std::nullopt, this)), accept_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setLayoutDirection(interfaceDirection());
     setWindowTitle(request.title);
-    setAccessibleName(request.title);
     setPalette(RecoveryPalette::ofToolkit());
     list_->setAccessibleName(localized(detailsResources()));
     newFolder_->setLabel(localized(organizationNewFolder()));
@@ -75,7 +85,7 @@ ItemPanel::ItemPanel(Purpose purpose, const Request& request, const std::filesys
 }
 
 ItemPanel::~ItemPanel() {
-    complete(std::nullopt);
+    complete();
 }
 
 const std::filesystem::path& ItemPanel::folder() const {
@@ -85,7 +95,7 @@ const std::filesystem::path& ItemPanel::folder() const {
 void ItemPanel::done(int result) {
     finding_.drop();
     QDialog::done(result);
-    complete(result == Accepted ? std::exchange(choice_, std::nullopt) : std::nullopt);
+    complete();
 }
 
 /// Accepts the name or the selection, whichever the user changed last.
@@ -104,67 +114,35 @@ void ItemPanel::layOut() {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(sidebar());
+    layout->addWidget(places_);
     auto* const content = new QVBoxLayout;
     content->setContentsMargins(padding, padding, padding, padding);
     content->setSpacing(spacing);
-    auto* const pathRow = new QHBoxLayout;
-    pathRow->setSpacing(spacing);
-    pathRow->addWidget(path_, 1);
     newFolder_->setButtonHeight(SecondaryRecoveryButton::lowHeight);
     newFolder_->setFont(recoveryFont(13, QFont::Medium));
     newFolder_->setVisible(purpose_ == Purpose::newItem);
-    pathRow->addWidget(newFolder_);
-    content->addLayout(pathRow);
+    content->addLayout(rowOf({path_, newFolder_}));
     content->addWidget(list_, 1);
-    content->addLayout(nameRow());
+    auto* const label = new QLabel(localized(detailsFilename()), this);
+    label->setFont(recoveryFont(13, QFont::Medium));
+    label->setBuddy(fileName_);
+    content->addLayout(rowOf({label, fileName_}));
     if (space_) {
         content->addWidget(space_);
     }
     content->addSpacing(spacing / 2);
-    content->addLayout(buttonRow());
-    layout->addLayout(content, 1);
-}
-
-QWidget* ItemPanel::sidebar() {
-    auto* const sidebar = new QWidget(this);
-    QPalette colors = RecoveryPalette::ofToolkit();
-    colors.setColor(QPalette::Window, RecoveryPalette::rail());
-    colors.setColor(QPalette::Base, RecoveryPalette::rail());
-    sidebar->setPalette(colors);
-    sidebar->setAutoFillBackground(true);
-    auto* const layout = new QVBoxLayout(sidebar);
-    layout->setContentsMargins(sidebarPadding, padding, sidebarPadding, padding);
-    layout->addWidget(places_);
-    return sidebar;
-}
-
-QBoxLayout* ItemPanel::nameRow() {
-    auto* const label = new QLabel(localized(detailsFilename()), this);
-    label->setFont(recoveryFont(13, QFont::Medium));
-    label->setBuddy(fileName_);
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(spacing);
-    row->addWidget(label);
-    row->addWidget(fileName_, 1);
-    return row;
-}
-
-QBoxLayout* ItemPanel::buttonRow() {
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(spacing);
-    row->addStretch();
     cancel_->setButtonHeight(accept_->sizeHint().height());
-    row->addWidget(cancel_);
-    row->addWidget(accept_);
-    return row;
+    QBoxLayout* const buttons = rowOf({cancel_, accept_});
+    buttons->insertStretch(0);
+    content->addLayout(buttons);
+    layout->addLayout(content, 1);
 }
 
 void ItemPanel::connectParts() {
     connect(files_, &FolderModel::wasRead, this, &ItemPanel::handleReading);
     connect(list_, &FolderView::itemActivated, this, &ItemPanel::activate);
-    connect(list_, &FolderView::itemSelected, this, &ItemPanel::nameSelectedItem);
     connect(list_, &FolderView::upRequested, path_, &PathBar::goUp);
+    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ItemPanel::nameSelectedItem);
     connect(list_, &FolderView::pathTyped, this, &ItemPanel::beginPath);
     connect(places_, &PlacesView::placeChosen, path_, &PathBar::goTo);
     connect(path_, &PathBar::folderChanged, this, &ItemPanel::showFolder);
@@ -175,10 +153,9 @@ void ItemPanel::connectParts() {
 }
 
 void ItemPanel::addShortcuts() {
-    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this,
-            [this] { files_->setShowsHidden(!files_->showsHidden()); });
-    connect(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, path_, &PathBar::goBack);
-    connect(new QShortcut(Qt::ALT | Qt::Key_Up, this), &QShortcut::activated, path_, &PathBar::goUp);
+    new QShortcut(Qt::CTRL | Qt::Key_H, this, files_, &FolderModel::toggleHiddenItems);
+    new QShortcut(Qt::ALT | Qt::Key_Left, this, path_, &PathBar::goBack);
+    new QShortcut(Qt::ALT | Qt::Key_Up, this, path_, &PathBar::goUp);
 }
 
 void ItemPanel::activate(const QModelIndex& index) {
@@ -206,7 +183,7 @@ void ItemPanel::nameSelectedItem() {
 
 void ItemPanel::handleNameChange() {
     finding_.drop();
-    accept_->setEnabled(!fileName_->text().isEmpty());
+    accept_->setEnabled(!fileName_->text().isEmpty() && !fileName_->text().contains(QChar::Null));
     if (!isNamingSelection_) {
         list_->clearSelection();
     }
@@ -223,7 +200,7 @@ void ItemPanel::beginPath(const QString& beginning) {
 void ItemPanel::handleReading() {
     const bool isOfNoUse = files_->state() == FolderModel::State::unreadable ||
                            (purpose_ == Purpose::newItem && !files_->isFolderWritable());
-    const std::filesystem::path home = PanelPlaces::home().path;
+    const std::filesystem::path home = QDir::homePath().toStdString();
     if (std::exchange(isAtBeginning_, false) && isOfNoUse && folder() != home) {
         path_->begin(home);
         return;
@@ -246,11 +223,7 @@ void ItemPanel::findTyped() {
     }
     const bool isStarted =
         finding_.start([text = fileName_->text(), folder = folder()] { return TypedItem::find(text, folder); },
-                       [this](const std::optional<TypedItem>& item) {
-                           if (item) {
-                               chooseTyped(*item);
-                           }
-                       });
+                       [this](const TypedItem& item) { chooseTyped(item); });
     if (!isStarted) {
         // No thread is available: the receiver of the path has to resolve the text.
         choose(folder() / fileName_->text().toStdString());
@@ -290,8 +263,8 @@ void ItemPanel::choose(const std::filesystem::path& path) {
     done(Accepted);
 }
 
-void ItemPanel::complete(std::optional<std::filesystem::path> choice) {
+void ItemPanel::complete() {
     if (const auto completion = std::exchange(completion_, nullptr)) {
-        completion(std::move(choice));
+        completion(choice_);
     }
 }

@@ -11,7 +11,6 @@ class PanelNameField;
 class PathBar;
 class PlacesView;
 class PrimaryRecoveryButton;
-class QBoxLayout;
 class SecondaryRecoveryButton;
 class SpaceView;
 struct TypedItem;
@@ -25,20 +24,11 @@ class ItemPanel final : public QDialog {
 public:
     enum class Purpose { existingItem, newItem };
 
-    struct Request {
-        QString title;
-        /// The label of the button that confirms.
-        QString prompt;
-        /// The following members are used only for a new item.
-        QString proposedName;
-        /// The number of bytes that will be written, or std::nullopt if unknown.
-        std::optional<std::uint64_t> requiredByteCount;
-    };
-
-    /// Opens in `folder`, or in the home folder if `folder` cannot be read or, for a new item, not be written.
-    /// `completion` is called once, after the panel is closed, with an absolute path, or with std::nullopt if the panel
-    /// was dismissed or destroyed. The panel then deletes itself.
-    ItemPanel(Purpose purpose, const Request& request, const std::filesystem::path& folder,
+    /// Opens in `folder`, or in the home folder if `folder` cannot be read or, for a new item, not be written. For an
+    /// existing item, only the title and the prompt of `request` are used. `completion` is called once, after the panel
+    /// is closed, with an absolute path, or with std::nullopt if the panel was dismissed or destroyed. The panel then
+    /// deletes itself.
+    ItemPanel(Purpose purpose, const RecoveryPanels::SavePanel& request, const std::filesystem::path& folder,
               RecoveryPanels::Completion completion, QWidget* window);
     ~ItemPanel() override;
 
@@ -50,9 +40,6 @@ public:
 
 private:
     void layOut();
-    QBoxLayout* nameRow();
-    QBoxLayout* buttonRow();
-    QWidget* sidebar();
     void connectParts();
     void addShortcuts();
 
@@ -69,11 +56,12 @@ private:
     void showFolder(const std::filesystem::path& folder);
     void showSpace();
     void choose(const std::filesystem::path& path);
-    void complete(std::optional<std::filesystem::path> choice);
+    void complete();
 
     const Purpose purpose_;
     const QString proposedName_;
     RecoveryPanels::Completion completion_;
+    /// std::nullopt until the panel is confirmed.
     std::optional<std::filesystem::path> choice_;
     bool isAtBeginning_ = true;
     bool isNamingSelection_ = false;

@@ -15,10 +15,6 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <cerrno>
-
-#include <sys/stat.h>
-
 using namespace AmbrelStrings;
 using PanelTexts::Text;
 
@@ -32,9 +28,9 @@ std::error_code makeFolder(const std::filesystem::path& folder) {
     if (FolderContents::isWithinPackage(folder)) {
         return std::make_error_code(std::errc::operation_not_permitted);
     }
-    constexpr mode_t everyoneAsTheMaskAllows = 0777;
-    const bool isMade = mkdir(folder.c_str(), everyoneAsTheMaskAllows) == 0;
-    return isMade ? std::error_code() : std::error_code(errno, std::generic_category());
+    std::error_code error;
+    const bool isMade = std::filesystem::create_directory(folder, error);
+    return isMade || error ? error : std::make_error_code(std::errc::file_exists);
 }
 
 bool canBeName(const QString& name) {
@@ -44,7 +40,7 @@ bool canBeName(const QString& name) {
 } // namespace
 
 NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
-    : QDialog(panel), folder_(std::move(folder)), name_(new PanelNameField(localized(organizationName()), this)),
+    : QDialog(panel), folder_(std::move(folder)), name_(new PanelNameField(this)),
       message_(new TextLabel(recoveryFont(13, QFont::Normal), RecoveryPalette::warning(), this)),
       create_(new PrimaryRecoveryButton(std::nullopt, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -53,7 +49,6 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     colors.setColor(QPalette::Window, RecoveryPalette::rail());
     setPalette(colors);
     setWindowTitle(localized(organizationNewFolder()));
-    setAccessibleName(localized(organizationNewFolder()));
     setFixedWidth(TextScale::scaled(panelWidth));
     message_->hide();
     create_->setLabel(PanelTexts::localized(Text::create));
@@ -67,6 +62,7 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     layout->setSpacing(10);
     auto* const label = new TextLabel(recoveryFont(13, QFont::Medium), RecoveryPalette::secondary(), this);
     label->setText(localized(organizationName()));
+    label->setBuddy(name_);
     layout->addWidget(label);
     layout->addWidget(name_);
     layout->addWidget(message_);
@@ -87,9 +83,6 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
 }
 
 void NewFolderPanel::accept() {
-    if (making_.isRunning() || !canBeName(name_->text())) {
-        return;
-    }
     const std::filesystem::path folder = folder_ / name_->text().toStdString();
     create_->setEnabled(false);
     const bool isStarted = making_.start([folder] { return makeFolder(folder); },

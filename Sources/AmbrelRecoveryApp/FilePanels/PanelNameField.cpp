@@ -2,7 +2,6 @@
 
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/Controls/RoundedPanel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 
@@ -10,7 +9,6 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QPainter>
 
 using PanelTexts::Text;
 
@@ -18,17 +16,17 @@ namespace {
 
 constexpr int fieldHeight = 40;
 constexpr int fontSize = 14;
-constexpr qreal cornerRadius = 11;
 
 } // namespace
 
-PanelNameField::PanelNameField(const QString& label, QWidget* parent) : QLineEdit(parent) {
-    setAccessibleName(label);
+PanelNameField::PanelNameField(QWidget* parent) : QLineEdit(parent) {
     setFont(recoveryFont(fontSize, QFont::Normal));
     setFixedHeight(TextScale::scaled(fieldHeight));
-    setFrame(false);
-    // paintEvent() draws the field's background and border.
-    setStyleSheet(QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0 12px; }"));
+    setStyleSheet(
+        QStringLiteral("QLineEdit { background: %1; border: 1px solid %2; border-radius: 11px; padding: 0 11px; }"
+                       "QLineEdit:focus { border-color: %3; }")
+            .arg(RecoveryPalette::input().name(QColor::HexArgb), RecoveryPalette::line().name(QColor::HexArgb),
+                 RecoveryPalette::copper().name()));
     // A widget with a style sheet does not inherit colors from its parent.
     setPalette(RecoveryPalette::ofToolkit());
 }
@@ -48,13 +46,4 @@ void PanelNameField::contextMenuEvent(QContextMenuEvent* event) {
     menu->addSeparator();
     menu->addAction(PanelTexts::localized(Text::selectAll), this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
     menu->popup(event->globalPos());
-}
-
-void PanelNameField::paintEvent(QPaintEvent* event) {
-    {
-        QPainter painter(this);
-        RoundedPanel::paint(painter, rect(), cornerRadius, RecoveryPalette::input(),
-                            hasFocus() ? RecoveryPalette::copper() : RecoveryPalette::line());
-    }
-    QLineEdit::paintEvent(event);
 }

@@ -8,12 +8,6 @@ namespace PanelTexts {
 enum class Text {
     locations,
     home,
-    desktop,
-    documents,
-    downloads,
-    music,
-    pictures,
-    videos,
     computer,
     enclosingFolder,
     dateModified,

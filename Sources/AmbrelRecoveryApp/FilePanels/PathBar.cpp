@@ -1,26 +1,29 @@
 #include "AmbrelRecoveryApp/FilePanels/PathBar.h"
 
 #include "AmbrelLocalization/AmbrelStrings.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
-#include "AmbrelRecoveryApp/FilePanels/PathLabel.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
+#include <QStyle>
 
 namespace {
 
 constexpr int spacing = 10;
 
-RecoverySymbol backSymbol() {
-    return interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft;
-}
-
 } // namespace
 
 PathBar::PathBar(QWidget* parent)
-    : QWidget(parent), back_(new SecondaryRecoveryButton(backSymbol(), this)),
-      up_(new SecondaryRecoveryButton(RecoverySymbol::arrowUp, this)), path_(new PathLabel(this)) {
+    : QWidget(parent),
+      back_(new SecondaryRecoveryButton(
+          interfaceDirection() == Qt::RightToLeft ? RecoverySymbol::chevronRight : RecoverySymbol::chevronLeft, this)),
+      up_(new SecondaryRecoveryButton(RecoverySymbol::arrowUp, this)) {
+    setFont(recoveryFont(14, QFont::DemiBold));
     back_->setSymbolLabel(AmbrelStrings::localized(AmbrelStrings::genericBack()));
     up_->setSymbolLabel(PanelTexts::localized(PanelTexts::Text::enclosingFolder));
     auto* const layout = new QHBoxLayout(this);
@@ -30,7 +33,7 @@ PathBar::PathBar(QWidget* parent)
         button->setButtonHeight(SecondaryRecoveryButton::lowHeight);
         layout->addWidget(button);
     }
-    layout->addWidget(path_, 1);
+    layout->addStretch();
     connect(back_, &SecondaryRecoveryButton::clicked, this, &PathBar::goBack);
     connect(up_, &SecondaryRecoveryButton::clicked, this, &PathBar::goUp);
 }
@@ -63,8 +66,20 @@ void PathBar::goUp() {
 
 void PathBar::show(const std::filesystem::path& folder) {
     folder_ = folder;
-    path_->setPath(folder_);
+    setAccessibleName(FileNameText::readable(folder_.native()));
+    update();
     back_->setEnabled(!history_.empty());
     up_->setEnabled(folder_.has_relative_path());
     emit folderChanged(folder_);
+}
+
+void PathBar::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(RecoveryPalette::primary());
+    painter.setLayoutDirection(layoutDirection());
+    const int leading = back_->width() + up_->width() + 2 * spacing;
+    const QRect place = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(leading, 0, 0, 0));
+    painter.drawText(
+        place, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
+        FileNameText::isolated(fontMetrics().elidedText(accessibleName(), Qt::ElideMiddle, place.width())));
 }

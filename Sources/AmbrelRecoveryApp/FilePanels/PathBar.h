@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <vector>
 
-class PathLabel;
 class SecondaryRecoveryButton;
 
-/// Shows a panel's current folder, with buttons to go back and up. Decides which folder is shown. Main thread.
+/// Shows the path of a panel's current folder, elided in the middle if there is not enough room, with buttons to go
+/// back and up. Assistive technology gets the full path. Decides which folder is shown. Main thread.
 class PathBar final : public QWidget {
     Q_OBJECT
 
@@ -30,6 +30,9 @@ signals:
     /// Emitted each time a folder is to be shown, even if it is already shown.
     void folderChanged(const std::filesystem::path& folder);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void show(const std::filesystem::path& folder);
 
@@ -38,5 +41,4 @@ private:
     std::vector<std::filesystem::path> history_;
     SecondaryRecoveryButton* const back_;
     SecondaryRecoveryButton* const up_;
-    PathLabel* const path_;
 };

@@ -1,100 +1,106 @@
 #include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
 
-#include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/MountedVolumes.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelRowDelegate.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 
+#include <QDir>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QSocketNotifier>
+#include <QStandardPaths>
 
 #include <algorithm>
+#include <utility>
+
+using PanelTexts::Text;
 
 namespace {
 
 constexpr int listWidth = 196;
-constexpr int textSize = 13;
-constexpr int symbolRole = Qt::UserRole;
+constexpr QMargins margins(12, 20, 12, 20);
 
-/// Draws the rows with their background, which a plain list does not draw.
-class PlaceDelegate final : public QStyledItemDelegate {
-public:
-    explicit PlaceDelegate(QAbstractItemView* view) : QStyledItemDelegate(view), view_(view) {}
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        PanelRowDelegate::paintRow(*painter, *view_, option.rect, view_->selectionModel()->isSelected(index),
-                                   view_->currentIndex() == index);
-        texts_.paint(painter, option, index);
+/// The user's standard folders that exist. Blocks as long as the file system does; any thread.
+std::vector<std::filesystem::path> usualFolders() {
+    std::vector<std::filesystem::path> folders;
+    for (const auto location :
+         {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation, QStandardPaths::DownloadLocation,
+          QStandardPaths::MusicLocation, QStandardPaths::PicturesLocation, QStandardPaths::MoviesLocation}) {
+        std::filesystem::path folder = QStandardPaths::writableLocation(location).toStdString();
+        std::error_code error;
+        if (std::filesystem::is_directory(folder, error)) {
+            folders.push_back(std::move(folder));
+        }
     }
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return texts_.sizeHint(option, index);
-    }
-
-private:
-    const QAbstractItemView* const view_;
-    const PanelRowDelegate texts_{symbolRole, nullptr};
-};
+    return folders;
+}
 
 } // namespace
 
 PlacesView::PlacesView(QWidget* parent)
     : QListWidget(parent), volumeTable_(QString::fromLatin1(MountedVolumes::tablePath)) {
-    setFont(recoveryFont(textSize, QFont::Normal));
-    setItemDelegate(new PlaceDelegate(this));
-    setAccessibleName(PanelTexts::localized(PanelTexts::Text::locations));
-    setFixedWidth(TextScale::scaled(listWidth));
-    setUniformItemSizes(true);
     PanelItemView::prepare(*this);
-    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { choose(row(item)); });
+    QPalette colors = RecoveryPalette::ofToolkit();
+    colors.setColor(QPalette::Window, RecoveryPalette::rail());
+    colors.setColor(QPalette::Base, RecoveryPalette::rail());
+    setPalette(colors);
+    setAutoFillBackground(true);
+    setViewportMargins(margins);
+    setFixedWidth(TextScale::scaled(listWidth) + margins.left() + margins.right());
+    setAccessibleName(PanelTexts::localized(Text::locations));
+    setUniformItemSizes(true);
+    connect(this, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { emit placeChosen(path(row(item))); });
     fill();
-    findUsualFolders();
-    watchVolumes();
-}
-
-/// If no thread is available, home and the volumes are enough to reach every folder.
-void PlacesView::findUsualFolders() {
-    finding_.start(PanelPlaces::usualFolders, [this](std::vector<PanelPlaces::Place> folders) {
+    if (volumeTable_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        auto* const changes = new QSocketNotifier(volumeTable_.handle(), QSocketNotifier::Exception, this);
+        connect(changes, &QSocketNotifier::activated, this, &PlacesView::readVolumes);
+        readVolumes();
+    }
+    // If no thread is available, home and the volumes are enough to reach every folder.
+    finding_.start(usualFolders, [this](std::vector<std::filesystem::path> folders) {
         usualFolders_ = std::move(folders);
         fill();
     });
 }
 
-void PlacesView::watchVolumes() {
-    if (volumeTable_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        auto* const changes = new QSocketNotifier(volumeTable_.handle(), QSocketNotifier::Exception, this);
-        connect(changes, &QSocketNotifier::activated, this, &PlacesView::fill);
+void PlacesView::readVolumes() {
+    volumeTable_.seek(0);
+    std::vector<std::filesystem::path> volumes = MountedVolumes::forFiles(volumeTable_.readAll());
+    if (volumes != volumes_) {
+        volumes_ = std::move(volumes);
+        fill();
     }
 }
 
 void PlacesView::fill() {
-    std::vector<PanelPlaces::Place> places{PanelPlaces::home()};
-    for (const auto& group : {usualFolders_, PanelPlaces::volumes()}) {
-        for (const PanelPlaces::Place& place : group) {
-            if (std::ranges::find(places, place.path, &PanelPlaces::Place::path) == places.end()) {
-                places.push_back(place);
-            }
-        }
-    }
-    if (places == places_) {
-        return;
-    }
-    places_ = std::move(places);
     clear();
-    for (const PanelPlaces::Place& place : places_) {
-        auto* const item = new QListWidgetItem(place.name, this);
-        item->setData(symbolRole, static_cast<int>(place.symbol));
+    places_.clear();
+    add(PanelTexts::localized(Text::home), QDir::homePath().toStdString(), RecoverySymbol::house);
+    for (const std::filesystem::path& folder : usualFolders_) {
+        add(FileNameText::readable(folder.filename().native()), folder, RecoverySymbol::folder);
+    }
+    for (const std::filesystem::path& root : volumes_) {
+        add(root == "/" ? PanelTexts::localized(Text::computer) : FileNameText::readable(root.filename().native()),
+            root, RecoverySymbol::externaldrive);
     }
     showFolder(folder_);
 }
 
+/// Lists a place, unless `folder` is listed already.
+void PlacesView::add(const QString& name, const std::filesystem::path& folder, RecoverySymbol symbol) {
+    if (std::ranges::find(places_, folder) == places_.end()) {
+        places_.push_back(folder);
+        (new QListWidgetItem(name, this))->setData(PanelItemView::symbolRole, static_cast<int>(symbol));
+    }
+}
+
 void PlacesView::showFolder(const std::filesystem::path& folder) {
     folder_ = folder;
-    const auto place = std::ranges::find(places_, folder, &PanelPlaces::Place::path);
+    const auto place = std::ranges::find(places_, folder);
     if (place != places_.end()) {
         setCurrentRow(static_cast<int>(place - places_.begin()));
     } else {
@@ -102,15 +108,9 @@ void PlacesView::showFolder(const std::filesystem::path& folder) {
     }
 }
 
-void PlacesView::choose(int row) {
-    // A copy, since emitting the signal may change the list.
-    const std::filesystem::path place = path(row);
-    emit placeChosen(place);
-}
-
 void PlacesView::keyPressEvent(QKeyEvent* event) {
-    if (isReturnKey(*event) && currentRow() >= 0) {
-        choose(currentRow());
+    if (isReturnKey(*event) && currentItem() != nullptr) {
+        emit itemClicked(currentItem());
     } else {
         QListWidget::keyPressEvent(event);
     }

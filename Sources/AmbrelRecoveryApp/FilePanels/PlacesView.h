@@ -1,7 +1,7 @@
 #pragma once
 
+#include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 #include "AmbrelRecoveryApp/FilePanels/LatestTask.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
 
 #include <QFile>
 #include <QListWidget>
@@ -9,9 +9,10 @@
 #include <filesystem>
 #include <vector>
 
-/// The list of places in a panel: home, the standard folders that exist, and the mounted volumes, updated as they
-/// change. A click or Return opens a place. Home and the volumes are listed immediately. No place is accessed on this
-/// thread, so one that does not respond delays nothing. Main thread.
+/// The side rail of a panel with the list of places: home, the user's standard folders that exist, and the mounted
+/// volumes on which a user may keep files, updated as they change. A click or Return opens a place. Home and the
+/// volumes are listed immediately. No place is accessed on this thread, so one that does not respond delays nothing.
+/// Main thread.
 class PlacesView final : public QListWidget {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ public:
     explicit PlacesView(QWidget* parent = nullptr);
 
     /// The folder of the place in `row`, which must be valid.
-    const std::filesystem::path& path(int row) const { return places_.at(static_cast<std::size_t>(row)).path; }
+    std::filesystem::path path(int row) const { return places_.at(static_cast<std::size_t>(row)); }
 
     /// Marks the place at `folder`, if there is one.
     void showFolder(const std::filesystem::path& folder);
@@ -31,14 +32,15 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void findUsualFolders();
-    void watchVolumes();
+    void readVolumes();
     void fill();
-    void choose(int row);
+    void add(const QString& name, const std::filesystem::path& folder, RecoverySymbol symbol);
 
     std::filesystem::path folder_;
     LatestTask finding_;
-    std::vector<PanelPlaces::Place> usualFolders_;
-    std::vector<PanelPlaces::Place> places_;
+    std::vector<std::filesystem::path> usualFolders_;
+    std::vector<std::filesystem::path> volumes_;
+    /// The folders of all places, in the order of the rows.
+    std::vector<std::filesystem::path> places_;
     QFile volumeTable_;
 };

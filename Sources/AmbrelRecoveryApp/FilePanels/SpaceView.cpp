@@ -20,12 +20,8 @@ constexpr int spacing = 2;
 
 /// Returns std::nullopt if the place does not exist or its free space is unknown.
 std::optional<std::uint64_t> availableByteCount(const std::filesystem::path& folder, const QString& way) {
-    const std::optional<TypedItem> place = TypedItem::find(way + u'.', folder);
-    if (!place) {
-        return std::nullopt;
-    }
     std::error_code error;
-    const std::filesystem::space_info space = std::filesystem::space(place->path, error);
+    const std::filesystem::space_info space = std::filesystem::space(TypedItem::pathOf(way, folder), error);
     return error || space.capacity == 0 ? std::nullopt : std::optional<std::uint64_t>(space.available);
 }
 

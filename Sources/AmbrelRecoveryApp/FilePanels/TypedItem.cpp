@@ -1,46 +1,27 @@
 #include "AmbrelRecoveryApp/FilePanels/TypedItem.h"
 
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelPlaces.h"
 
-namespace {
+#include <QDir>
 
-std::filesystem::path withoutTrailingSeparators(std::string path) {
-    while (path.size() > 1 && path.ends_with('/')) {
-        path.pop_back();
-    }
-    return path;
-}
-
-bool isWrittenAsFolder(const std::string& path) {
-    return path.ends_with('/') || path.ends_with("/.") || path.ends_with("/..");
-}
-
-bool isFolderToEnter(const std::filesystem::path& path) {
+TypedItem TypedItem::find(const QString& text, const std::filesystem::path& folder) {
+    const std::filesystem::path typed = pathOf(text, folder);
+    // This ends with a separator if the typed path is written as a folder.
+    const std::filesystem::path normal = typed.lexically_normal();
     std::error_code error;
-    return std::filesystem::is_directory(path, error) && !FolderContents::isWithinPackage(path);
+    if (!normal.has_filename() && std::filesystem::is_directory(normal, error) &&
+        !FolderContents::isWithinPackage(normal)) {
+        return {.path = normal.parent_path(), .isFolderToEnter = true};
+    }
+    return {.path = typed.has_filename() ? typed : typed.parent_path(), .isFolderToEnter = false};
 }
 
 /// "~" is an ordinary name if an item of that name exists.
-std::filesystem::path pathOf(const QString& text, const std::filesystem::path& folder) {
+std::filesystem::path TypedItem::pathOf(const QString& text, const std::filesystem::path& folder) {
     std::filesystem::path path = folder / text.toStdString();
     const bool isFromHome = text == u"~" || text.startsWith(u"~/");
     std::error_code error;
     return isFromHome && !std::filesystem::exists(path, error)
-               ? std::filesystem::path(PanelPlaces::home().path.native() + text.sliced(1).toStdString())
+               ? std::filesystem::path((QDir::homePath() + text.sliced(1)).toStdString())
                : path;
-}
-
-} // namespace
-
-std::optional<TypedItem> TypedItem::find(const QString& text, const std::filesystem::path& folder) {
-    if (text.isEmpty() || text.contains(QChar::Null)) {
-        return std::nullopt;
-    }
-    const std::filesystem::path path = pathOf(text, folder);
-    const std::filesystem::path entered = withoutTrailingSeparators(path.lexically_normal());
-    if (isWrittenAsFolder(path) && ::isFolderToEnter(entered)) {
-        return TypedItem{.path = entered, .isFolderToEnter = true};
-    }
-    return TypedItem{.path = withoutTrailingSeparators(path), .isFolderToEnter = false};
 }

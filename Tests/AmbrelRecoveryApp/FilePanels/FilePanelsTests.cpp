@@ -1,6 +1,7 @@
 #include "AmbrelLocalization/AmbrelStrings.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "FilePanelsTestCase.h"
 
 #include <QAccessible>
@@ -10,6 +11,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace {
 
@@ -22,7 +25,7 @@ QString cancelLabel() {
 TEST_F(FilePanelsTest, areDialogsUnderTheirTitleWithTheRequestedButton) {
     ItemPanel& panel = openPanel();
     EXPECT_EQ(panel.windowTitle(), "Choose backup package");
-    EXPECT_EQ(panel.accessibleName(), "Choose backup package");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&panel)->text(QAccessible::Name), "Choose backup package");
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(panel.windowModality(), Qt::WindowModal);
     EXPECT_EQ(panel.parentWidget(), window.get());

@@ -5,14 +5,32 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <fstream>
+#include <optional>
 
+#include <dirent.h>
+#include <dlfcn.h>
 #include <sys/stat.h>
 
 namespace {
 
 using Kind = FolderContents::Item::Kind;
+
+/// How many more items this thread reads from folders before an error; std::nullopt if there is none.
+thread_local std::optional<int> itemsBeforeError;
+
+/// What the system's function of this name returns, or an error.
+dirent* nextEntry(const char* function, DIR* folder) {
+    dirent* const entry = reinterpret_cast<dirent* (*)(DIR*)>(dlsym(RTLD_NEXT, function))(folder);
+    const bool isItem = entry != nullptr && entry->d_name[0] != '.';
+    if (isItem && itemsBeforeError && (*itemsBeforeError)-- == 0) {
+        errno = EIO;
+        return nullptr;
+    }
+    return entry;
+}
 
 class FolderContentsTest : public testing::Test {
 protected:
@@ -47,7 +65,22 @@ private:
 
 } // namespace
 
-TEST_F(FolderContentsTest, distinguishesFoldersPackagesAndFiles) {
+// Named by their labels, as the system's header declares functions of these names with attributes of their own.
+extern "C" {
+
+dirent* breakingReaddir(DIR* folder) __asm__("readdir");
+dirent* breakingReaddir(DIR* folder) {
+    return nextEntry("readdir", folder);
+}
+
+dirent* breakingReaddir64(DIR* folder) __asm__("readdir64");
+dirent* breakingReaddir64(DIR* folder) {
+    return nextEntry("readdir64", folder);
+}
+
+} // extern "C"
+
+TEST_F(FolderContentsTest, tellsFoldersPackagesAndFilesApart) {
     makeFiles({"file.ambrel"});
     std::filesystem::create_directory(folder() / "folder");
     std::filesystem::create_directory(folder() / "package.Ambrel");
@@ -58,14 +91,14 @@ TEST_F(FolderContentsTest, distinguishesFoldersPackagesAndFiles) {
     ASSERT_TRUE(contents);
     EXPECT_TRUE(contents->isWritable);
     ASSERT_EQ(names(),
-              (std::vector<std::string>{"folder", "link", "dangling", "file.ambrel", "package.Ambrel", "pipe"}));
-    const std::vector<Kind> kinds{Kind::folder, Kind::folder, Kind::file, Kind::file, Kind::package, Kind::file};
+              (std::vector<std::string>{"dangling", "file.ambrel", "folder", "link", "package.Ambrel", "pipe"}));
+    const std::vector<Kind> kinds{Kind::file, Kind::file, Kind::folder, Kind::folder, Kind::package, Kind::file};
     for (std::size_t index = 0; index < kinds.size(); ++index) {
         EXPECT_EQ(contents->items[index].kind, kinds[index]) << index;
     }
-    EXPECT_EQ(contents->items[3].size, 4);
-    EXPECT_FALSE(contents->items[2].modified);
-    EXPECT_TRUE(contents->items[3].modified);
+    EXPECT_EQ(contents->items[1].size, 4);
+    EXPECT_FALSE(contents->items[0].modified);
+    EXPECT_TRUE(contents->items[1].modified);
 }
 
 TEST_F(FolderContentsTest, sortsByTheRulesOfTheLanguageAndNumbersByValue) {
@@ -81,7 +114,17 @@ TEST_F(FolderContentsTest, keepsNamesOfAnyBytes) {
     EXPECT_TRUE(std::filesystem::exists(folder() / names()[0]));
 }
 
-TEST_F(FolderContentsTest, isAbsentWithoutAFolderOrWhenStopped) {
+TEST_F(FolderContentsTest, holdWhatWasReadBeforeAnError) {
+    makeFiles({"one", "two", "three"});
+    itemsBeforeError = 2;
+    const auto contents = read();
+    itemsBeforeError.reset();
+    ASSERT_TRUE(contents);
+    EXPECT_EQ(contents->items.size(), 2U);
+    EXPECT_EQ(names().size(), 3U);
+}
+
+TEST_F(FolderContentsTest, isNoneWhereThereIsNoFolderAndWhereItIsStopped) {
     makeFiles({"file"});
     const icu::Locale locale("en");
     EXPECT_FALSE(FolderContents::read(folder() / "gone", locale, stop_.get_token()));

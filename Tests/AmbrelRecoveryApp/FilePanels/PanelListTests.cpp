@@ -141,6 +141,9 @@ TEST_F(PanelListTest, sortsByTheHeadingsWithFoldersFirst) {
     list(panel).sortByColumn(FolderModel::size, Qt::DescendingOrder);
     EXPECT_EQ(files(panel).item(files(panel).index(0, 0)).name, "folder");
     EXPECT_EQ(files(panel).item(files(panel).index(1, 0)).name, "big");
+    list(panel).sortByColumn(FolderModel::name, Qt::AscendingOrder);
+    EXPECT_EQ(files(panel).item(files(panel).index(0, 0)).name, "folder");
+    EXPECT_EQ(files(panel).item(files(panel).index(1, 0)).name, "big");
 }
 
 TEST_F(PanelListTest, isQuickWithAHundredThousandItems) {

@@ -15,8 +15,8 @@ namespace {
 
 /// The words that a language has from English.
 const std::set<std::pair<QString, Text>> loanwords = {
-    {"de", Text::downloads}, {"de", Text::videos},   {"de", Text::computer},
-    {"fr", Text::documents}, {"it", Text::computer}, {"pt-BR", Text::downloads},
+    {"de", Text::computer},
+    {"it", Text::computer},
 };
 
 } // namespace

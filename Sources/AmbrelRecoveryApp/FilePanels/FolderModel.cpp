@@ -4,9 +4,9 @@
 #include "AmbrelRecoveryApp/Controls/RecoverySymbol.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderWatch.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QTimer>
 
@@ -184,7 +184,7 @@ QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int r
     case size:
         return AmbrelStrings::localized(AmbrelStrings::detailsSize());
     default:
-        return PanelTexts::localized(PanelTexts::Text::dateModified);
+        return RecoveryAppCopy::localized(RecoveryAppCopy::Text::dateModified);
     }
 }
 

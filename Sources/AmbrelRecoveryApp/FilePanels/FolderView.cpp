@@ -6,8 +6,8 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/ReturnKey.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -94,9 +94,9 @@ void FolderView::keyboardSearch(const QString& search) {
 QString FolderView::message() const {
     switch (model_.state()) {
     case FolderModel::State::loading:
-        return patience_.isActive() ? QString() : PanelTexts::localized(PanelTexts::Text::loading);
+        return patience_.isActive() ? QString() : RecoveryAppCopy::localized(RecoveryAppCopy::Text::loading);
     case FolderModel::State::unreadable:
-        return PanelTexts::localized(PanelTexts::Text::folderCannotBeOpened);
+        return RecoveryAppCopy::localized(RecoveryAppCopy::Text::folderCannotBeOpened);
     case FolderModel::State::loaded:
         return model_.rowCount() == 0 ? localized(albumsFolderEmptyTitle()) : QString();
     }

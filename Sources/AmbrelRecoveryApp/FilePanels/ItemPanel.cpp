@@ -9,13 +9,13 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/FilePanels/PathBar.h"
 #include "AmbrelRecoveryApp/FilePanels/PlacesView.h"
 #include "AmbrelRecoveryApp/FilePanels/SpaceView.h"
 #include "AmbrelRecoveryApp/FilePanels/TypedItem.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QDir>
 #include <QHBoxLayout>

@@ -9,14 +9,14 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderContents.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
 using namespace AmbrelStrings;
-using PanelTexts::Text;
+using RecoveryAppCopy::Text;
 
 namespace {
 
@@ -51,7 +51,7 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
     setWindowTitle(localized(organizationNewFolder()));
     setFixedWidth(TextScale::scaled(panelWidth));
     message_->hide();
-    create_->setLabel(PanelTexts::localized(Text::create));
+    create_->setLabel(RecoveryAppCopy::localized(Text::create));
     create_->setDefault(true);
     auto* const cancel = new SecondaryRecoveryButton(std::nullopt, this);
     cancel->setLabel(localized(genericCancel()));
@@ -100,7 +100,7 @@ void NewFolderPanel::finish(const std::filesystem::path& folder, const std::erro
         return;
     }
     const bool isTaken = error == std::errc::file_exists;
-    showMessage(PanelTexts::localized(isTaken ? Text::nameIsTaken : Text::folderNotCreated));
+    showMessage(RecoveryAppCopy::localized(isTaken ? Text::nameIsTaken : Text::folderNotCreated));
     name_->setFocus();
     name_->selectAll();
 }

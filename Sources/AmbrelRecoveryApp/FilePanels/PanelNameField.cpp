@@ -3,14 +3,14 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QMenu>
 
-using PanelTexts::Text;
+using RecoveryAppCopy::Text;
 
 namespace {
 
@@ -39,11 +39,12 @@ void PanelNameField::contextMenuEvent(QContextMenuEvent* event) {
     colors.setColor(QPalette::Window, RecoveryPalette::rail());
     menu->setPalette(colors);
     menu->setFont(font());
-    menu->addAction(PanelTexts::localized(Text::cut), this, &QLineEdit::cut)->setEnabled(hasSelectedText());
-    menu->addAction(PanelTexts::localized(Text::copy), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
-    menu->addAction(PanelTexts::localized(Text::paste), this, &QLineEdit::paste)
+    menu->addAction(RecoveryAppCopy::localized(Text::cut), this, &QLineEdit::cut)->setEnabled(hasSelectedText());
+    menu->addAction(RecoveryAppCopy::localized(Text::copy), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
+    menu->addAction(RecoveryAppCopy::localized(Text::paste), this, &QLineEdit::paste)
         ->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
     menu->addSeparator();
-    menu->addAction(PanelTexts::localized(Text::selectAll), this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
+    menu->addAction(RecoveryAppCopy::localized(Text::selectAll), this, &QLineEdit::selectAll)
+        ->setEnabled(!text().isEmpty());
     menu->popup(event->globalPos());
 }

@@ -4,9 +4,9 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
 #include "AmbrelRecoveryApp/Foundation/InterfaceDirection.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -25,7 +25,7 @@ PathBar::PathBar(QWidget* parent)
       up_(new SecondaryRecoveryButton(RecoverySymbol::arrowUp, this)) {
     setFont(recoveryFont(14, QFont::DemiBold));
     back_->setSymbolLabel(AmbrelStrings::localized(AmbrelStrings::genericBack()));
-    up_->setSymbolLabel(PanelTexts::localized(PanelTexts::Text::enclosingFolder));
+    up_->setSymbolLabel(RecoveryAppCopy::localized(RecoveryAppCopy::Text::enclosingFolder));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(spacing);

@@ -5,8 +5,8 @@
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
 #include "AmbrelRecoveryApp/FilePanels/MountedVolumes.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelItemView.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
 #include "AmbrelRecoveryApp/Foundation/FileNameText.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
 #include <QDir>
 #include <QKeyEvent>
@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <utility>
 
-using PanelTexts::Text;
+using RecoveryAppCopy::Text;
 
 namespace {
 
@@ -50,7 +50,7 @@ PlacesView::PlacesView(QWidget* parent)
     setAutoFillBackground(true);
     setViewportMargins(margins);
     setFixedWidth(TextScale::scaled(listWidth) + margins.left() + margins.right());
-    setAccessibleName(PanelTexts::localized(Text::locations));
+    setAccessibleName(RecoveryAppCopy::localized(Text::locations));
     setUniformItemSizes(true);
     connect(this, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* item) { emit placeChosen(path(row(item))); });
@@ -79,12 +79,12 @@ void PlacesView::readVolumes() {
 void PlacesView::fill() {
     clear();
     places_.clear();
-    add(PanelTexts::localized(Text::home), QDir::homePath().toStdString(), RecoverySymbol::house);
+    add(RecoveryAppCopy::localized(Text::home), QDir::homePath().toStdString(), RecoverySymbol::house);
     for (const std::filesystem::path& folder : usualFolders_) {
         add(FileNameText::readable(folder.filename().native()), folder, RecoverySymbol::folder);
     }
     for (const std::filesystem::path& root : volumes_) {
-        add(root == "/" ? PanelTexts::localized(Text::computer) : FileNameText::readable(root.filename().native()),
+        add(root == "/" ? RecoveryAppCopy::localized(Text::computer) : FileNameText::readable(root.filename().native()),
             root, RecoverySymbol::externaldrive);
     }
     showFolder(folder_);

@@ -14,7 +14,7 @@ ChooseBackupContent::Package packageOf(const RecoveryScreenState& state) {
     ChooseBackupContent::Package package{
         .name = std::nullopt,
         .kind = QStringLiteral(".ambrel"),
-        .hint = RecoveryAppCopy::chooseOrDrop(AmbrelStrings::currentFormattingLocale()),
+        .hint = RecoveryAppCopy::localized(RecoveryAppCopy::Text::chooseOrDrop),
         .chooseLabel = localized(AmbrelStrings::recoveryChoosePackageAction()),
         .canChoose = !state.isBusy(),
     };
@@ -45,7 +45,7 @@ ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
         .chosenFactor = isPassphrase ? 0 : 1,
         .prompt = localized(isPassphrase ? AmbrelStrings::recoveryPromptBackupPassphrase()
                                          : AmbrelStrings::recoveryPromptRecoveryKey()),
-        .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),
+        .capsLockHint = RecoveryAppCopy::localized(RecoveryAppCopy::Text::capsLock),
         .canEdit = !state.isBusy(),
     };
 }

@@ -33,7 +33,8 @@ JourneyRailContent journeyRailContent(const RecoveryScreenState& state) {
         .readOnly = RecoveryAppCopy::readOnly(locale),
     };
     for (JourneyRailContent::Step& step : content.steps) {
-        step.spokenCheckmark = step.isCompleted ? RecoveryAppCopy::stepCompleted(locale) : QString();
+        step.spokenCheckmark =
+            step.isCompleted ? RecoveryAppCopy::localized(RecoveryAppCopy::Text::stepCompleted) : QString();
     }
     return content;
 }

@@ -39,7 +39,7 @@ SnapshotsContent snapshotsContent(const RecoveryScreenState& state) {
         .chooseAnotherLabel = localized(AmbrelStrings::recoveryChooseAnotherPackageAction()),
     };
     if (state.snapshots && content.rows.count() == 0) {
-        content.emptyText = RecoveryAppCopy::noSnapshots(AmbrelStrings::currentFormattingLocale());
+        content.emptyText = RecoveryAppCopy::localized(RecoveryAppCopy::Text::noSnapshots);
     }
     if (hasFork(state)) {
         content.forkNotice = NoticeContent{.title = localized(AmbrelStrings::recoveryBranchForkTitle()),

@@ -4,7 +4,7 @@
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
-#include "AmbrelRecoveryApp/FilePanels/PanelTexts.h"
+#include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "FilePanelsTestCase.h"
 
 #include <QAbstractButton>
@@ -83,8 +83,9 @@ protected:
     static QSet<QString> wordsOf(const QString& language) {
         using namespace AmbrelStrings;
         QSet<QString> words{QString()};
-        for (int number = 0; number < PanelTexts::textCount; ++number) {
-            words += PanelTexts::resolved(static_cast<PanelTexts::Text>(number), language);
+        for (std::size_t number = 0; number < RecoveryAppCopy::textCount; ++number) {
+            words += RecoveryAppCopy::text(static_cast<RecoveryAppCopy::Text>(number),
+                                           icu::Locale(language.toStdString().c_str()));
         }
         for (const LocalizedStringResource& resource : interfaceResources()) {
             words += resolved(resource, language);

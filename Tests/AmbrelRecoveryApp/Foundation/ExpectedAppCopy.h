@@ -58,7 +58,7 @@ inline constexpr std::array expectedAppCopy = {
                                u"baixá-lo. Mantenha o Mac conectado; você pode cancelar sem alterar o backup.",
         .showInFinder = u"Mostrar no Finder",
         .capsLock = u"Caps Lock ativado",
-        .stepCompleted = u"Concluído",
+        .stepCompleted = u"Concluída",
         .chooseOrDrop = u"Escolha o backup ou arraste-o para cá.",
         .noSnapshots =
             u"Este backup não contém instantâneos, portanto não há nada para exportar. Escolha outro pacote.",
@@ -90,8 +90,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Verr. Maj. activé",
         .stepCompleted = u"Terminée",
         .chooseOrDrop = u"Choisissez la sauvegarde ou déposez-la ici.",
-        .noSnapshots = u"Cette sauvegarde ne contient aucun instantané, il n’y a donc rien à exporter. Choisissez une "
-                       u"autre sauvegarde.",
+        .noSnapshots = u"Cette sauvegarde ne contient aucun instantané, il n’y a donc rien à exporter. Choisissez un "
+                       u"autre paquet.",
     },
     ExpectedAppCopy{
         .locale = "it",
@@ -106,7 +106,7 @@ inline constexpr std::array expectedAppCopy = {
         .stepCompleted = u"Completato",
         .chooseOrDrop = u"Scegli il backup o trascinalo qui.",
         .noSnapshots =
-            u"Questo backup non contiene istantanee, quindi non c’è nulla da esportare. Scegli un altro backup.",
+            u"Questo backup non contiene istantanee, quindi non c’è nulla da esportare. Scegli un altro pacchetto.",
     },
     ExpectedAppCopy{
         .locale = "ja",
@@ -121,8 +121,8 @@ inline constexpr std::array expectedAppCopy = {
         .capsLock = u"Caps Lockがオンです",
         .stepCompleted = u"完了済み",
         .chooseOrDrop = u"バックアップを選択するか、ここにドロップしてください。",
-        .noSnapshots = u"このバックアップにはスナップショットが含まれていないため、書き出せるものがありません。別のバッ"
-                       u"クアップを選択してください。",
+        .noSnapshots = u"このバックアップにはスナップショットが含まれていないため、書き出せるものがありません。別のパッ"
+                       u"ケージを選択してください。",
     },
     ExpectedAppCopy{
         .locale = "ko",

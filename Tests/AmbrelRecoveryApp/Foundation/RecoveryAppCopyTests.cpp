@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 
+#include "../../AmbrelLocalization/AvoidedTerms.h"
 #include "../../AmbrelLocalization/TextFaults.h"
 #include "../Support/TestEnvironment.h"
 #include "AmbrelLocalization/AmbrelStrings.h"
@@ -12,11 +13,26 @@
 #include <array>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
+using RecoveryAppCopy::Text;
+
 icu::Locale locale(const char* identifier) {
     return icu::Locale(identifier);
+}
+
+QString shownIn(const QString& language, Text text) {
+    return RecoveryAppCopy::text(text, locale(language.toStdString().c_str()));
+}
+
+std::vector<Text> everyText() {
+    std::vector<Text> texts;
+    for (std::size_t number = 0; number < RecoveryAppCopy::textCount; ++number) {
+        texts.push_back(static_cast<Text>(number));
+    }
+    return texts;
 }
 
 TEST(RecoveryAppCopyTest, hasEveryTextInEveryLanguage) {
@@ -29,10 +45,10 @@ TEST(RecoveryAppCopyTest, hasEveryTextInEveryLanguage) {
         EXPECT_EQ(RecoveryAppCopy::providerPreparationTitle(language), expected.providerPreparationTitle.toString());
         EXPECT_EQ(RecoveryAppCopy::providerPreparation(language), expected.providerPreparation.toString());
         EXPECT_EQ(RecoveryAppCopy::showInFinder(language), expected.showInFinder.toString());
-        EXPECT_EQ(RecoveryAppCopy::capsLock(language), expected.capsLock.toString());
-        EXPECT_EQ(RecoveryAppCopy::stepCompleted(language), expected.stepCompleted.toString());
-        EXPECT_EQ(RecoveryAppCopy::chooseOrDrop(language), expected.chooseOrDrop.toString());
-        EXPECT_EQ(RecoveryAppCopy::noSnapshots(language), expected.noSnapshots.toString());
+        EXPECT_EQ(RecoveryAppCopy::text(Text::capsLock, language), expected.capsLock.toString());
+        EXPECT_EQ(RecoveryAppCopy::text(Text::stepCompleted, language), expected.stepCompleted.toString());
+        EXPECT_EQ(RecoveryAppCopy::text(Text::chooseOrDrop, language), expected.chooseOrDrop.toString());
+        EXPECT_EQ(RecoveryAppCopy::text(Text::noSnapshots, language), expected.noSnapshots.toString());
     }
 }
 
@@ -54,14 +70,11 @@ TEST(RecoveryAppCopyTest, isInTheLanguageOfTheCatalogueWhateverTheDateLocale) {
 }
 
 TEST(RecoveryAppCopyTest, isTypesetByTheRulesOfItsLanguage) {
-    for (const ExpectedAppCopy& expected : expectedAppCopy) {
-        SCOPED_TRACE(expected.locale);
-        const std::string locale = expected.locale == std::string("pt") ? "pt-BR" : expected.locale;
-        for (const QStringView text :
-             {expected.noAccount, expected.readOnly, expected.okay, expected.providerPreparationTitle,
-              expected.providerPreparation, expected.showInFinder, expected.capsLock, expected.stepCompleted,
-              expected.chooseOrDrop, expected.noSnapshots}) {
-            QString shown = text.toString();
+    for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
+        const std::string locale = language.toStdString();
+        for (const Text text : everyText()) {
+            QString shown = shownIn(language, text);
+            EXPECT_EQ(shown, shown.trimmed());
             if (locale == "fr") {
                 // The fixed text has an ordinary space there, and keeps it.
                 shown.replace(QStringLiteral("en ligne ;"), QStringLiteral("en ligne\u00A0;"));
@@ -75,10 +88,32 @@ TEST(RecoveryAppCopyTest, isTypesetByTheRulesOfItsLanguage) {
     }
 }
 
+TEST(RecoveryAppCopyTest, isTranslated) {
+    for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
+        for (const Text text : everyText()) {
+            const QString shown = shownIn(language, text);
+            const bool isEnglish = shown == shownIn(QStringLiteral("en"), text);
+            const bool isLoanword = text == Text::computer && (language == u"de" || language == u"it");
+            EXPECT_TRUE(isEnglish == (language == u"en" || isLoanword) || shown == QStringLiteral("OK"))
+                << language.toStdString() << ": " << shown.toStdString();
+        }
+    }
+}
+
+TEST(RecoveryAppCopyTest, hasNoTermThatThePageOfItsLanguageAvoids) {
+    for (const QString& language : AmbrelStrings::launchLocaleIdentifiers()) {
+        const QStringList avoided = avoidedTerms(language.toStdString());
+        EXPECT_NE(avoided.isEmpty(), language != u"en") << language.toStdString();
+        for (const Text text : everyText()) {
+            EXPECT_THAT(avoidedTermsIn(shownIn(language, text), avoided), testing::IsEmpty()) << language.toStdString();
+        }
+    }
+}
+
 TEST(RecoveryAppCopyTest, doesNotUseTheWordOfTheDoneButtonForACompletedStep) {
     for (const ExpectedAppCopy& expected : expectedAppCopy) {
         const ScopedLanguage language(expected.locale, "en_US.UTF-8");
-        EXPECT_NE(RecoveryAppCopy::stepCompleted(AmbrelStrings::currentFormattingLocale()),
+        EXPECT_NE(RecoveryAppCopy::localized(Text::stepCompleted),
                   AmbrelStrings::localized(AmbrelStrings::selectionDone()))
             << expected.locale;
     }

@@ -133,14 +133,14 @@ TEST_F(RecoveryRootViewStepsTest, aBackupWithoutSnapshotsSaysSoAndOffersTheWayBa
     const std::string document = inspectionDocument();
     inspect(document.substr(0, document.find(R"("snapshots":[)")) + R"("snapshots":[]})");
     redraw();
-    EXPECT_TRUE(isShown(RecoveryAppCopy::noSnapshots(icu::Locale("en"))));
+    EXPECT_TRUE(isShown(RecoveryAppCopy::text(RecoveryAppCopy::Text::noSnapshots, icu::Locale("en"))));
     EXPECT_FALSE(list().isVisible());
     EXPECT_EQ(focused(), QStringLiteral("Choose another package"));
     EXPECT_FALSE(button("Export")->isEnabled());
     inspect(inspectionDocument());
     redraw();
     EXPECT_TRUE(list().isVisible());
-    EXPECT_FALSE(isShown(RecoveryAppCopy::noSnapshots(icu::Locale("en"))));
+    EXPECT_FALSE(isShown(RecoveryAppCopy::text(RecoveryAppCopy::Text::noSnapshots, icu::Locale("en"))));
 }
 
 TEST_F(RecoveryRootViewStepsTest, saysWhatToDoUntilThereIsAPackage) {

@@ -46,7 +46,8 @@ QString defectInLabel(const TextLabel& label) {
         return QStringLiteral("needs %1 in width and has %2").arg(wrapped.width()).arg(label.width());
     }
     const qreal needed = std::max<qreal>(wrapped.height(), label.heightForWidth(label.width()));
-    if (needed > label.height()) {
+    // Letters may reach into the line below by a part of a pixel.
+    if (needed >= label.height() + 1) {
         return QStringLiteral("needs %1 in height and has %2").arg(needed).arg(label.height());
     }
     if (!wrapped.tornWord().isEmpty()) {

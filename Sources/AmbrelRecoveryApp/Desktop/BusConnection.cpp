@@ -3,6 +3,7 @@
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
+#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QFile>
@@ -48,19 +49,18 @@ class Listener final : public QObject {
     Q_OBJECT
 
 public:
-    using Received = std::function<void(const QDBusMessage& message)>;
-
-    Listener(Received received, QObject* parent) : QObject(parent), received_(std::move(received)) {}
+    Listener(std::function<void(const QDBusMessage&)> received, QObject* parent)
+        : QObject(parent), received_(std::move(received)) {}
 
 public slots:
     void receive(const QDBusMessage& message) {
         // Copied, because it may end the connection, and this object with it.
-        const Received received = received_;
+        const auto received = received_;
         received(message);
     }
 
 private:
-    const Received received_;
+    const std::function<void(const QDBusMessage&)> received_;
 };
 
 } // namespace

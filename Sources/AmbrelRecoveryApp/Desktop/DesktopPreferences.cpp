@@ -10,8 +10,6 @@
 #include <QGuiApplication>
 #include <QStringList>
 
-#include <utility>
-
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
@@ -56,8 +54,6 @@ DesktopPreferences::DesktopPreferences(std::chrono::milliseconds limit) {
         }
     });
 }
-
-DesktopPreferences::~DesktopPreferences() = default;
 
 void DesktopPreferences::ask() {
     // Subscribed first, so that no change is missed between the answer and the subscription.

@@ -18,7 +18,6 @@ class DesktopPreferences final : public QObject {
 public:
     /// `limit` applies to the connection to the bus and to the portal's answer.
     explicit DesktopPreferences(std::chrono::milliseconds limit = std::chrono::seconds(10));
-    ~DesktopPreferences() override;
 
 signals:
     /// The contrast or the text size has changed; the view must be rebuilt.

@@ -67,8 +67,6 @@ DesktopSleepInhibitor::DesktopSleepInhibitor(std::chrono::milliseconds limit) : 
     });
 }
 
-DesktopSleepInhibitor::~DesktopSleepInhibitor() = default;
-
 void DesktopSleepInhibitor::begin(const QString& reason) {
     MainThread::require();
     if (current_ == nullptr) {

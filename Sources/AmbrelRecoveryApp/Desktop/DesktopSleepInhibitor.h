@@ -19,7 +19,6 @@ class DesktopSleepInhibitor final : public QObject {
 public:
     /// `limit` applies to the connection to each bus and to each answer of a service.
     explicit DesktopSleepInhibitor(std::chrono::milliseconds limit = std::chrono::seconds(10));
-    ~DesktopSleepInhibitor() override;
 
     /// Keeps the machine from falling asleep until end(), if the desktop allows it. The desktop may show `reason` to
     /// the user. Does nothing if already active.

@@ -11,6 +11,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <future>
 #include <system_error>
 
@@ -90,7 +91,7 @@ void RecoveryViewModel::runEngine(const std::stop_token& stopToken, const std::v
             return RecoveryEngineRun::outcome<Document>(engine->run(arguments, *session, factor, stopToken), factor);
         },
         [apply](RecoveryViewModel& model, std::future<RecoveryEngineRun::Outcome<Document>>& outcome) {
-            (model.*apply)(outcome.get());
+            std::invoke(apply, model, outcome.get());
         },
         fail);
 }

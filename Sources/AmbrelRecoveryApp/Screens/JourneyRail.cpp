@@ -3,9 +3,9 @@
 #include "AmbrelRecoveryApp/Controls/RecoveryFont.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
 #include "AmbrelRecoveryApp/Controls/SymbolBadge.h"
+#include "AmbrelRecoveryApp/Controls/SymbolView.h"
 #include "AmbrelRecoveryApp/Controls/TextLabel.h"
 #include "AmbrelRecoveryApp/Controls/TextScale.h"
-#include "AmbrelRecoveryApp/Screens/RailBadge.h"
 #include "AmbrelRecoveryApp/Screens/RailStepList.h"
 
 #include <QPainter>
@@ -20,14 +20,25 @@ constexpr int leadingPadding = 22;
 constexpr int trailingPadding = 22;
 constexpr int topPadding = 52;
 constexpr int bottomPadding = 28;
+constexpr int badgeSize = 11;
+
+/// A badge at the bottom of the rail: a symbol and a text.
+QHBoxLayout* badge(RecoverySymbol symbol, TextLabel* text) {
+    auto* const layout = new QHBoxLayout;
+    layout->setSpacing(8);
+    layout->addWidget(new SymbolView(symbol, badgeSize, RecoveryPalette::muted()), 0, Qt::AlignVCenter);
+    layout->addWidget(text, 1);
+    return layout;
+}
 
 } // namespace
 
 JourneyRail::JourneyRail(QWidget* parent)
     : QWidget(parent), brand_(new TextLabel(recoveryFont(19, QFont::DemiBold), RecoveryPalette::primary(), this)),
       product_(new TextLabel(recoveryFont(12, QFont::Medium), RecoveryPalette::muted(), this)),
-      steps_(new RailStepList(this)), noAccount_(new RailBadge(RecoverySymbol::personCropCircleBadgeXmark, this)),
-      readOnly_(new RailBadge(RecoverySymbol::checkmarkShield, this)) {
+      steps_(new RailStepList(this)),
+      noAccount_(new TextLabel(recoveryFont(badgeSize, QFont::Normal), RecoveryPalette::muted(), this)),
+      readOnly_(new TextLabel(recoveryFont(badgeSize, QFont::Normal), RecoveryPalette::muted(), this)) {
     setFixedWidth(leadingPadding + TextScale::scaled(contentWidth) + trailingPadding);
     auto* const layout = new QVBoxLayout;
     layout->setSpacing(0);
@@ -36,9 +47,9 @@ JourneyRail::JourneyRail(QWidget* parent)
     layout->addWidget(steps_);
     layout->addSpacing(20);
     layout->addStretch(1);
-    layout->addWidget(noAccount_);
+    layout->addLayout(badge(RecoverySymbol::personCropCircleBadgeXmark, noAccount_));
     layout->addSpacing(9);
-    layout->addWidget(readOnly_);
+    layout->addLayout(badge(RecoverySymbol::checkmarkShield, readOnly_));
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, topPadding, 0, bottomPadding);

@@ -5,7 +5,6 @@
 #include <QWidget>
 
 class QHBoxLayout;
-class RailBadge;
 class RailStepList;
 class TextLabel;
 
@@ -27,6 +26,6 @@ private:
     TextLabel* const brand_;
     TextLabel* const product_;
     RailStepList* const steps_;
-    RailBadge* const noAccount_;
-    RailBadge* const readOnly_;
+    TextLabel* const noAccount_;
+    TextLabel* const readOnly_;
 };

@@ -1,9 +1,13 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 
+#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
+#include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
-#include "AmbrelRecoveryApp/Screens/RecoveryIcon.h"
 
 #include <QGuiApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -15,6 +19,32 @@ namespace {
 constexpr QSize initialSize(980, 720);
 constexpr QSize smallestSize(880, 660);
 
+/// The application's symbol on its accent color.
+QPixmap drawnIcon(int size) {
+    constexpr qreal cornerShare = 0.25;
+    constexpr qreal symbolShare = 0.75;
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(RecoveryPalette::copper());
+    painter.drawRoundedRect(pixmap.rect(), size * cornerShare, size * cornerShare);
+    QRectF symbol(0, 0, size * symbolShare, size * symbolShare);
+    symbol.moveCenter(QRectF(pixmap.rect()).center());
+    SymbolPainter::paint(painter, RecoverySymbol::photoStackFill, symbol, RecoveryPalette::onCopper());
+    return pixmap;
+}
+
+/// In every size that desktops usually request.
+QIcon icon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        icon.addPixmap(drawnIcon(size));
+    }
+    return icon;
+}
+
 } // namespace
 
 RecoveryWindow::RecoveryWindow() {
@@ -23,7 +53,7 @@ RecoveryWindow::RecoveryWindow() {
     setWindowTitle(QStringLiteral("Ambrel Recovery"));
     setMinimumSize(smallestSize);
     resize(initialSize);
-    setWindowIcon(RecoveryIcon::icon());
+    setWindowIcon(icon());
     // Some desktops use this name to find the desktop entry of a window, if one is installed, and with it the icon.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ambrel.recovery"));
     // Spelled out, because Qt's standard shortcuts for them have no keys on some desktops.

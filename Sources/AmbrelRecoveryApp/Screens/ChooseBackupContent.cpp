@@ -36,42 +36,21 @@ ChooseBackupContent::Preparation preparationOf(const RecoveryScreenState& state)
     };
 }
 
-QString labelOf(AmbrelRecoveryAppFactor factor) {
-    switch (factor) {
-    case AmbrelRecoveryAppFactor::backupPassphrase:
-        return localized(AmbrelStrings::backupFactorPassphrase());
-    case AmbrelRecoveryAppFactor::recoveryKey:
-        return localized(AmbrelStrings::backupFactorRecoveryKey());
-    }
-    Q_UNREACHABLE();
-}
-
-QString promptOf(AmbrelRecoveryAppFactor factor) {
-    switch (factor) {
-    case AmbrelRecoveryAppFactor::backupPassphrase:
-        return localized(AmbrelStrings::recoveryPromptBackupPassphrase());
-    case AmbrelRecoveryAppFactor::recoveryKey:
-        return localized(AmbrelStrings::recoveryPromptRecoveryKey());
-    }
-    Q_UNREACHABLE();
-}
-
 ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
-    ChooseBackupContent::Credential credential{
+    const bool isPassphrase = state.factor == AmbrelRecoveryAppFactor::backupPassphrase;
+    return {
         .title = localized(AmbrelStrings::recoveryCredentialTitle()),
         .body = localized(AmbrelStrings::recoveryCredentialBody()),
         .kindLabel = localized(AmbrelStrings::recoveryCredentialKind()),
-        .factorLabels = {},
+        .factorLabels = {localized(AmbrelStrings::backupFactorPassphrase()),
+                         localized(AmbrelStrings::backupFactorRecoveryKey())},
         .chosenFactor =
             static_cast<int>(std::ranges::find(allRecoveryAppFactors, state.factor) - allRecoveryAppFactors.begin()),
-        .prompt = promptOf(state.factor),
+        .prompt = localized(isPassphrase ? AmbrelStrings::recoveryPromptBackupPassphrase()
+                                         : AmbrelStrings::recoveryPromptRecoveryKey()),
         .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),
         .canEdit = !state.isBusy(),
     };
-    for (const AmbrelRecoveryAppFactor factor : allRecoveryAppFactors) {
-        credential.factorLabels << labelOf(factor);
-    }
-    return credential;
 }
 
 } // namespace

@@ -16,14 +16,9 @@ std::optional<std::filesystem::path> onlyLocalItem(const QMimeData& dragged) {
     return urls.size() == 1 ? FileURL::path(urls.first()) : std::nullopt;
 }
 
-/// Returns an action that leaves the dragged item in place, or std::nullopt if it could only be moved.
-std::optional<Qt::DropAction> harmlessAction(Qt::DropActions possible) {
-    for (const Qt::DropAction action : {Qt::CopyAction, Qt::LinkAction}) {
-        if (possible.testFlag(action)) {
-            return action;
-        }
-    }
-    return std::nullopt;
+/// Returns an action that leaves the dragged item in place, if there is one.
+Qt::DropAction harmlessAction(Qt::DropActions possible) {
+    return possible.testFlag(Qt::CopyAction) ? Qt::CopyAction : Qt::LinkAction;
 }
 
 } // namespace
@@ -78,11 +73,12 @@ bool DropArea::eventFilter(QObject* object, QEvent* event) {
 }
 
 void DropArea::answer(QDropEvent& drag) {
-    const std::optional<Qt::DropAction> action = harmlessAction(drag.possibleActions());
+    const Qt::DropAction action = harmlessAction(drag.possibleActions());
     // An open panel has to be answered first.
-    const bool isTaken = isAccepting_ && dragged_ && action && QApplication::activeModalWidget() == nullptr;
+    const bool isTaken = isAccepting_ && dragged_ && drag.possibleActions().testFlag(action) &&
+                         QApplication::activeModalWidget() == nullptr;
     if (isTaken) {
-        drag.setDropAction(*action);
+        drag.setDropAction(action);
         drag.accept();
     } else {
         drag.ignore();

@@ -31,11 +31,7 @@ Target FocusPlan::first(const RecoveryScreenState& state) {
 }
 
 std::optional<Target> FocusPlan::target(const RecoveryScreenState& before, const RecoveryScreenState& after) {
-    if (before.phase != after.phase) {
-        return targetOfNewPhase(before, after);
-    }
-    if (after.phase == Phase::chooseBackup && before.packageURL != after.packageURL) {
-        return targetOfNewPhase(before, after);
-    }
-    return std::nullopt;
+    const bool isOtherPackage = after.phase == Phase::chooseBackup && before.packageURL != after.packageURL;
+    return before.phase != after.phase || isOtherPackage ? std::optional(targetOfNewPhase(before, after))
+                                                         : std::nullopt;
 }

@@ -4,14 +4,10 @@
 #include "AmbrelRecoveryApp/Model/RecoveryViewModel.h"
 
 ProgressRowContent operationProgress(const QString& title, const std::optional<double>& fraction) {
-    ProgressRowContent content{
+    return {
         .fraction = fraction,
-        .percent = {},
+        .percent = fraction ? RecoveryViewModel::formattedPercent(*fraction) : QString(),
         .title = title,
         .cancelLabel = AmbrelStrings::localized(AmbrelStrings::recoveryActionCancelRestore()),
     };
-    if (fraction) {
-        content.percent = RecoveryViewModel::formattedPercent(*fraction);
-    }
-    return content;
 }

@@ -17,10 +17,6 @@ QString sentences(const QStringList& texts) {
     return texts.join(u'\n');
 }
 
-QString firstStepAnnouncement() {
-    return localized(AmbrelStrings::recoveryChoosePackageAction());
-}
-
 QString snapshotsAnnouncement(const RecoveryScreenState& state) {
     const SnapshotsContent content = snapshotsContent(state);
     QStringList texts{content.title};
@@ -48,7 +44,7 @@ std::optional<QString> phaseAnnouncement(Phase before, const RecoveryScreenState
         // After a cancelled or refused inspection the user is back where they were.
         return before == Phase::preparingPackage || before == Phase::inspecting
                    ? std::nullopt
-                   : std::optional(firstStepAnnouncement());
+                   : std::optional(localized(AmbrelStrings::recoveryChoosePackageAction()));
     case Phase::preparingPackage:
         return RecoveryAppCopy::providerPreparationTitle(AmbrelStrings::currentFormattingLocale());
     case Phase::inspecting:

@@ -5,8 +5,6 @@
 #include "AmbrelRecoveryApp/Foundation/RecoveryAppCopy.h"
 #include "AmbrelRecoveryApp/Screens/OperationProgress.h"
 
-#include <algorithm>
-
 namespace {
 
 using AmbrelStrings::localized;
@@ -44,8 +42,7 @@ ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
         .kindLabel = localized(AmbrelStrings::recoveryCredentialKind()),
         .factorLabels = {localized(AmbrelStrings::backupFactorPassphrase()),
                          localized(AmbrelStrings::backupFactorRecoveryKey())},
-        .chosenFactor =
-            static_cast<int>(std::ranges::find(allRecoveryAppFactors, state.factor) - allRecoveryAppFactors.begin()),
+        .chosenFactor = isPassphrase ? 0 : 1,
         .prompt = localized(isPassphrase ? AmbrelStrings::recoveryPromptBackupPassphrase()
                                          : AmbrelStrings::recoveryPromptRecoveryKey()),
         .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),

@@ -63,13 +63,9 @@ bool DropArea::eventFilter(QObject* object, QEvent* event) {
         dragged_.reset();
         return true;
     }
-    case QEvent::Resize:
-        setGeometry(parentWidget()->rect());
-        break;
     default:
-        break;
+        return QWidget::eventFilter(object, event);
     }
-    return QWidget::eventFilter(object, event);
 }
 
 void DropArea::answer(QDropEvent& drag) {

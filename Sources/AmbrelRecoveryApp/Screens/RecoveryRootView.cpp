@@ -138,13 +138,6 @@ void RecoveryRootView::announceStep(const RecoveryScreenState& before) {
     }
 }
 
-/// No redraw has announced an error from before the window was shown.
-void RecoveryRootView::announceErrorOfTheStart() {
-    RecoveryScreenState before = state_;
-    before.presentedError.reset();
-    announceStep(before);
-}
-
 void RecoveryRootView::applyContents() {
     QWidget* const screen = screenOfThePhase();
     if (screen->isHidden()) {
@@ -234,7 +227,10 @@ void RecoveryRootView::showEvent(QShowEvent* event) {
     if (state_.presentedError) {
         alert_->takeFocus();
         if (!event->spontaneous()) {
-            announceErrorOfTheStart();
+            // No redraw has announced an error from before the window was shown.
+            RecoveryScreenState before = state_;
+            before.presentedError.reset();
+            announceStep(before);
         }
     } else {
         moveFocus();

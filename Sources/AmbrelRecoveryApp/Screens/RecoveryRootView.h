@@ -52,7 +52,6 @@ private:
     QWidget* widgetOf(FocusPlan::Target target) const;
     void moveFocus();
     void announceStep(const RecoveryScreenState& before);
-    void announceErrorOfTheStart();
     void pressMainButton();
     void inspect();
 

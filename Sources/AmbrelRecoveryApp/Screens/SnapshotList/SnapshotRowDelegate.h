@@ -1,7 +1,5 @@
 #pragma once
 
-#include "AmbrelRecoveryApp/Screens/SnapshotList/SnapshotRowContent.h"
-
 #include <QAbstractItemDelegate>
 
 /// Draws the rows of the snapshot list. Every row is as high as the first one, with a gap below it.

@@ -2,9 +2,8 @@
 
 #include <QWidget>
 
-#include <initializer_list>
+#include <vector>
 
-class QBoxLayout;
 class QPushButton;
 
 /// Buttons side by side, or one below the other if they do not fit.
@@ -13,15 +12,20 @@ class ButtonRow final : public QWidget {
 
 public:
     /// Takes ownership of the buttons, which are in reading order.
-    explicit ButtonRow(std::initializer_list<QPushButton*> buttons, QWidget* parent = nullptr);
+    explicit ButtonRow(std::vector<QPushButton*> buttons, QWidget* parent = nullptr);
 
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void arrange();
+    void place();
+    int widthSideBySide() const;
 
-    QBoxLayout* const layout_;
+    const std::vector<QPushButton*> buttons_;
 };

@@ -45,7 +45,7 @@ ChooseBackupContent::Credential credentialOf(const RecoveryScreenState& state) {
         .chosenFactor = isPassphrase ? 0 : 1,
         .prompt = localized(isPassphrase ? AmbrelStrings::recoveryPromptBackupPassphrase()
                                          : AmbrelStrings::recoveryPromptRecoveryKey()),
-        .capsLockHint = RecoveryAppCopy::capsLock(AmbrelStrings::currentFormattingLocale()),
+        .capsLockHint = RecoveryAppCopy::localized(RecoveryAppCopy::Text::capsLock),
         .canEdit = !state.isBusy(),
     };
 }

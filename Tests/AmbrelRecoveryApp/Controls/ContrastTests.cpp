@@ -1,6 +1,6 @@
-#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButtonStyle.h"
 #include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButton.h"
+#include "AmbrelRecoveryApp/Controls/SecondaryRecoveryButtonStyle.h"
 
 #include <gtest/gtest.h>
 
@@ -81,15 +81,15 @@ std::vector<Pair> texts() {
 }
 
 std::vector<Pair> labels(const QColor& ground) {
-    using Primary = PrimaryRecoveryButton;
-    using Secondary = SecondaryRecoveryButton;
+    namespace Primary = PrimaryRecoveryButtonStyle;
+    namespace Secondary = SecondaryRecoveryButtonStyle;
     std::vector<Pair> pairs;
     for (const bool isPressed : {false, true}) {
-        pairs.push_back({"primary button", Primary::labelColor(isPressed), blended(Primary::fill(isPressed), ground)});
+        pairs.push_back({"primary button", Primary::label(isPressed), blended(Primary::fill(isPressed), ground)});
     }
     const QColor raisedGround = blended(Secondary::fill(), ground);
-    pairs.push_back({"secondary button", Secondary::labelColor(), raisedGround});
-    pairs.push_back({"pressed secondary button", withOpacity(Secondary::labelColor(), Secondary::pressedOpacity),
+    pairs.push_back({"secondary button", Secondary::label(), raisedGround});
+    pairs.push_back({"pressed secondary button", withOpacity(Secondary::label(), Secondary::pressedOpacity),
                      tinted(Secondary::fill(), Secondary::pressedOpacity, ground)});
     return pairs;
 }

@@ -269,19 +269,15 @@ TEST(ButtonRowTest, stacksButtonsThatDoNotFit) {
     auto* const second = new SecondaryRecoveryButton(std::nullopt);
     first->setLabel(QStringLiteral("First"));
     second->setLabel(QStringLiteral("Second"));
-    QWidget window;
-    auto* const row = new ButtonRow({first, second}, &window);
-    const QSize wide = row->sizeHint();
-    row->resize(wide);
-    window.show();
-    EXPECT_EQ(first->y(), second->y());
-    EXPECT_EQ(second->geometry().right(), row->rect().right());
-    row->resize(wide.width() - 1, wide.height());
-    row->resize(row->width(), row->sizeHint().height());
+    ButtonRow row({first, second});
+    const int wide = row.sizeHint().width();
+    row.resize(wide, row.heightForWidth(wide));
     QApplication::sendPostedEvents();
-    EXPECT_EQ(first->x(), second->x());
-    EXPECT_GT(second->y(), first->geometry().bottom());
-    EXPECT_LE(second->geometry().bottom(), row->rect().bottom());
+    row.show();
+    EXPECT_EQ(first->y(), second->y());
+    row.resize(wide - 1, row.heightForWidth(wide - 1));
+    EXPECT_GT(second->y(), first->y());
+    EXPECT_LE(second->geometry().bottom(), row.rect().bottom());
 }
 
 } // namespace

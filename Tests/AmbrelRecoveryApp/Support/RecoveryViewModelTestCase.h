@@ -80,7 +80,7 @@ protected:
     void inspect(const std::string& document);
     /// Exports the selected snapshot to the end.
     void exportEverything();
-    /// Walks the whole road and inspects once more, so that everything that the model can hold is there.
+    /// Walks through the whole recovery and inspects once more, so that everything that the model can hold is there.
     void exportToTheEndAndInspectAgain();
     /// Lets the event loop run until `condition` holds; a condition that never does fails the test.
     void waitUntil(const std::function<bool()>& condition);

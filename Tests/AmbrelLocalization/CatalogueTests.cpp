@@ -245,7 +245,8 @@ TEST_P(TableTest, quotesNamesExactly) {
     EXPECT_TRUE(named("backup.status.restore-tested.title").endsWith(states[2], Qt::CaseInsensitive))
         << states[2].toStdString();
     // What else is quoted there is the name of the section, or again one of the states.
-    for (const QString& quoted : quotes("help.set-up-backup.body") + quotes("help.move-to-new-iphone.body") + states) {
+    for (const QString& quoted : quotes("help.set-up-backup.body") + quotes("help.move-to-new-iphone.body") +
+                                     quotes("help.rolling-verification.body") + states) {
         EXPECT_TRUE(quoted == states[2] || quoted == named("navigation.backup") ||
                     quoted == named("backup.setup.create.action") ||
                     quoted == named("recovery.restore-existing.action") ||

@@ -8,16 +8,27 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <utility>
+#include <vector>
 
 namespace {
 
 using Language = AmbrelInterfaceLanguage;
 
-constexpr auto everyCase = []<std::size_t... index>(std::index_sequence<index...>) {
-    return std::array{Language(static_cast<Language::Case>(index))...};
-}
-(std::make_index_sequence<Language::traditionalChinese + 1>());
+constexpr std::array everyCase = {Language(Language::Case::system),
+                                  Language(Language::Case::english),
+                                  Language(Language::Case::spanish),
+                                  Language(Language::Case::brazilianPortuguese),
+                                  Language(Language::Case::german),
+                                  Language(Language::Case::french),
+                                  Language(Language::Case::italian),
+                                  Language(Language::Case::japanese),
+                                  Language(Language::Case::korean),
+                                  Language(Language::Case::russian),
+                                  Language(Language::Case::polish),
+                                  Language(Language::Case::turkish),
+                                  Language(Language::Case::arabic),
+                                  Language(Language::Case::simplifiedChinese),
+                                  Language(Language::Case::traditionalChinese)};
 
 struct Description {
     QString rawValue;
@@ -42,7 +53,18 @@ const Description& description(Language language) {
         {QStringLiteral("zh-Hans"), QStringLiteral("简体中文")},
         {QStringLiteral("zh-Hant"), QStringLiteral("繁體中文")},
     }};
-    return descriptions[language.value()];
+    return descriptions[static_cast<std::size_t>(language.value())];
+}
+
+/// `locale` with the region of the system's conventions, if one is set.
+icu::Locale inSystemRegion(const icu::Locale& locale) {
+    const std::string region = SystemLocale::region();
+    if (region.empty()) {
+        return locale;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale regional = icu::LocaleBuilder().setLocale(locale).setRegion(region).build(status);
+    return U_SUCCESS(status) ? regional : locale;
 }
 
 } // namespace
@@ -74,14 +96,18 @@ AmbrelInterfaceLanguage AmbrelInterfaceLanguage::shown() const {
 }
 
 icu::Locale AmbrelInterfaceLanguage::locale() const {
-    const icu::Locale locale = icu::Locale::createFromName(shown().rawValue().toStdString().c_str());
-    const std::string region = *this == system ? SystemLocale::region() : std::string();
-    if (region.empty()) {
-        return locale;
+    if (*this == system) {
+        return inSystemRegion(shown().locale());
     }
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Locale regional = icu::LocaleBuilder().setLocale(locale).setRegion(region).build(status);
-    return U_SUCCESS(status) ? regional : locale;
+    static const std::vector<icu::Locale> locales = [] {
+        std::vector<icu::Locale> made;
+        for (const Language language : selectableLanguages()) {
+            made.push_back(icu::Locale::createFromName(language.rawValue().toStdString().c_str()));
+        }
+        return made;
+    }();
+    const std::size_t casesBeforeTheLanguages = everyCase.size() - locales.size();
+    return locales[static_cast<std::size_t>(value_) - casesBeforeTheLanguages];
 }
 
 QString AmbrelInterfaceLanguage::autonym() const {

@@ -2,8 +2,6 @@
 
 #include <chrono>
 
-#include <sys/stat.h>
-
 namespace {
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -12,11 +10,7 @@ std::int64_t nanoseconds(const timespec& time) {
 
 } // namespace
 
-std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
-    }
+FileStamp FileStamp::fromStatus(const struct stat& status) {
     FileStamp stamp;
     stamp.device_ = status.st_dev;
     stamp.inode_ = status.st_ino;
@@ -24,6 +18,22 @@ std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
     stamp.modifiedNanoseconds_ = nanoseconds(status.st_mtim);
     stamp.changedNanoseconds_ = nanoseconds(status.st_ctim);
     return stamp;
+}
+
+std::optional<FileStamp> FileStamp::ofFile(const std::filesystem::path& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    return fromStatus(status);
+}
+
+std::optional<FileStamp> FileStamp::ofDescriptor(int descriptor) {
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    return fromStatus(status);
 }
 
 bool FileStamp::isSettled() const {

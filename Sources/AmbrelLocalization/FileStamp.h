@@ -4,12 +4,17 @@
 #include <filesystem>
 #include <optional>
 
+#include <sys/stat.h>
+
 /// Identifies one state of a file without reading its contents. A value; may be used on any thread.
 class FileStamp {
 public:
     /// Returns the stamp of the regular file at `path`, or std::nullopt if there is none. Follows symbolic links; costs
     /// one `stat` call.
     static std::optional<FileStamp> ofFile(const std::filesystem::path& path);
+
+    /// Returns the stamp of the open regular file `descriptor`, or std::nullopt.
+    static std::optional<FileStamp> ofDescriptor(int descriptor);
 
     /// The file's size in bytes.
     std::uint64_t size() const { return size_; }
@@ -26,4 +31,6 @@ private:
     std::uint64_t size_ = 0;
     std::int64_t modifiedNanoseconds_ = 0;
     std::int64_t changedNanoseconds_ = 0;
+
+    static FileStamp fromStatus(const struct stat& status);
 };

@@ -22,7 +22,7 @@ public:
     std::shared_ptr<const StringTable> current() const;
 
 private:
-    void read(const FileStamp& stamp) const;
+    void read() const;
 
     const std::filesystem::path path_;
     /// Guards all following members.

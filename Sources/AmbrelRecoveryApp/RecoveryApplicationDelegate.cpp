@@ -37,6 +37,8 @@ RecoveryApplicationDelegate::RecoveryApplicationDelegate() = default;
 
 RecoveryApplicationDelegate::~RecoveryApplicationDelegate() {
     operationObserver_.reset();
+    // While the other parts are being destroyed, the request to remove the notification can be sent.
+    notifier_.reset();
     // The view uses the model as long as it exists.
     window_.reset();
 }

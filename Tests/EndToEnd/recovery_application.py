@@ -144,7 +144,7 @@ class RecoveryApplication(Application):
 
     def alert(self):
         """(title, body) of the alert that is shown, or None."""
-        for _, parts in self.inside(Role.ALERT, Role.DIALOG):
+        for _, parts in self.inside(Role.ALERT):
             texts = [shown.name for shown in parts if shown.role == Role.LABEL]
             if any(shown.name == OKAY for shown in parts) and len(texts) == 2:
                 return tuple(texts)

@@ -1,5 +1,6 @@
 #include "AmbrelRecoveryApp/Desktop/BusConnection.h"
 
+#include "AmbrelRecoveryApp/Desktop/BusListener.h"
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
@@ -43,25 +44,6 @@ QString addressOfSystemBus() {
     const QByteArray given = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
     return given.isEmpty() ? QStringLiteral("unix:path=/run/dbus/system_bus_socket") : QFile::decodeName(given);
 }
-
-/// Receives the signals of one kind.
-class Listener final : public QObject {
-    Q_OBJECT
-
-public:
-    Listener(std::function<void(const QDBusMessage&)> received, QObject* parent)
-        : QObject(parent), received_(std::move(received)) {}
-
-public slots:
-    void receive(const QDBusMessage& message) {
-        // Copied, because it may end the connection, and this object with it.
-        const auto received = received_;
-        received(message);
-    }
-
-private:
-    const std::function<void(const QDBusMessage&)> received_;
-};
 
 } // namespace
 
@@ -108,7 +90,7 @@ BusConnection::BusConnection(QString name, std::chrono::milliseconds limit)
 
 BusConnection::~BusConnection() {
     // Deleted first: a signal that is still queued for a listener notifies the connection if the listener is gone.
-    qDeleteAll(findChildren<Listener*>(Qt::FindDirectChildrenOnly));
+    qDeleteAll(findChildren<BusListener*>(Qt::FindDirectChildrenOnly));
     QDBusConnection::disconnectFromPeer(name_);
 }
 
@@ -148,7 +130,7 @@ void BusConnection::listen(const Signal& signal, const Heard& heard) {
     }
     // Qt treats the bus as a peer, on which services have no names. The sender is checked above instead.
     QDBusConnection(name_).connect(QString(), signal.path, signal.interface, signal.name, firstArgument,
-                                   signal.signature, new Listener(received, this), SLOT(receive(QDBusMessage)));
+                                   signal.signature, new BusListener(received, this), SLOT(receive(QDBusMessage)));
     call(callOfTheBus(QStringLiteral("AddMatch"), {rule}), this, [](const QDBusPendingCall&) {});
 }
 
@@ -170,5 +152,3 @@ void BusConnection::follow(const QString& service) {
              }
          });
 }
-
-#include "BusConnection.moc"

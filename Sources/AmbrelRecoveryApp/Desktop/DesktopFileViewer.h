@@ -13,9 +13,9 @@ class DesktopFileViewer final : public QObject, public RecoveryFileViewer {
     Q_OBJECT
 
 public:
-    /// `limit` applies to the connection to the bus and to the answer of a file manager, which may have to be started
-    /// first. After that, the folder that contains the item is opened.
-    explicit DesktopFileViewer(std::chrono::milliseconds limit = std::chrono::seconds(10)) : limit_(limit) {}
+    /// `limit` applies to the connection to the bus, and again to the answer of a file manager, which may have to be
+    /// started first. After that, the folder that contains the item is opened.
+    explicit DesktopFileViewer(std::chrono::milliseconds limit = std::chrono::seconds(5)) : limit_(limit) {}
 
     /// `folder` must be absolute. A repeated call for the same folder does nothing until the first is answered.
     void reveal(const std::filesystem::path& folder) override;

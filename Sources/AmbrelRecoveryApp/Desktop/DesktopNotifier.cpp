@@ -126,6 +126,8 @@ void DesktopNotifier::close(const std::shared_ptr<BusConnection>& bus, uint iden
 }
 
 void DesktopNotifier::forget() {
+    // It lives until the event loop runs, and would otherwise recognize another signal about it.
+    current_->identifier.reset();
     current_->bus.reset();
     std::exchange(current_, nullptr)->deleteLater();
 }

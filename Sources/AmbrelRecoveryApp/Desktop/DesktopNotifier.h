@@ -19,7 +19,7 @@ public:
     /// `limit` applies to the connection to the bus and to each answer of the service.
     explicit DesktopNotifier(std::chrono::milliseconds limit = std::chrono::seconds(10)) : limit_(limit) {}
 
-    /// Removes the notification.
+    /// Removes the notification if it is shown.
     ~DesktopNotifier() override;
 
     /// Shows `text` (plain text), replacing an earlier notification.

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <tuple>
+#include <unordered_map>
 
 namespace {
 
@@ -109,9 +110,16 @@ void FolderModel::rearrange(const std::function<void()>& change) {
     }
     change();
     arrange();
+    // Assistive technology may hold an index of every cell.
+    std::unordered_map<std::string_view, int> rowsByName;
+    for (int row = 0; !names.empty() && row < rowCount(); ++row) {
+        rowsByName.emplace(item(index(row, Column::name)).name, row);
+    }
     QModelIndexList after;
     for (std::size_t number = 0; number < names.size(); ++number) {
-        after.append(indexOf(names[number]).siblingAtColumn(before[static_cast<qsizetype>(number)].column()));
+        const auto found = rowsByName.find(names[number]);
+        const int column = before[static_cast<qsizetype>(number)].column();
+        after.append(found == rowsByName.end() ? QModelIndex() : index(found->second, column));
     }
     changePersistentIndexList(before, after);
     emit layoutChanged();
@@ -142,12 +150,6 @@ void FolderModel::arrange() {
 
 const Item& FolderModel::item(const QModelIndex& index) const {
     return contents_.items.at(rows_.at(static_cast<std::size_t>(index.row())));
-}
-
-QModelIndex FolderModel::indexOf(const std::string& itemName) const {
-    const auto found =
-        std::ranges::find_if(rows_, [&](std::size_t place) { return contents_.items[place].name == itemName; });
-    return found == rows_.end() ? QModelIndex() : index(static_cast<int>(found - rows_.begin()), Column::name);
 }
 
 int FolderModel::rowCount(const QModelIndex& parent) const {

@@ -36,8 +36,6 @@ public:
     /// The item of a valid index, and its path.
     const FolderContents::Item& item(const QModelIndex& index) const;
     std::filesystem::path path(const QModelIndex& index) const { return folder_ / item(index).name; }
-    /// The index of the item with this name in the first column; invalid if it is not shown.
-    QModelIndex indexOf(const std::string& itemName) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -83,6 +83,9 @@ NewFolderPanel::NewFolderPanel(std::filesystem::path folder, QWidget* panel)
 }
 
 void NewFolderPanel::accept() {
+    if (making_.isRunning() || !canBeName(name_->text())) {
+        return;
+    }
     const std::filesystem::path folder = folder_ / name_->text().toStdString();
     create_->setEnabled(false);
     const bool isStarted = making_.start([folder] { return makeFolder(folder); },
@@ -93,7 +96,8 @@ void NewFolderPanel::accept() {
 }
 
 void NewFolderPanel::finish(const std::filesystem::path& folder, const std::error_code& error) {
-    create_->setEnabled(true);
+    // The name may have been changed in the meantime.
+    create_->setEnabled(canBeName(name_->text()));
     if (!error) {
         emit made(folder);
         QDialog::accept();

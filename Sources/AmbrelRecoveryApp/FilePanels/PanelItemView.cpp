@@ -9,6 +9,7 @@
 
 #include <QAbstractItemView>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 #include <algorithm>

@@ -31,7 +31,7 @@ std::vector<std::filesystem::path> usualFolders() {
           QStandardPaths::MusicLocation, QStandardPaths::PicturesLocation, QStandardPaths::MoviesLocation}) {
         std::filesystem::path folder = QStandardPaths::writableLocation(location).toStdString();
         std::error_code error;
-        if (std::filesystem::is_directory(folder, error)) {
+        if (folder.has_filename() && std::filesystem::is_directory(folder, error)) {
             folders.push_back(std::move(folder));
         }
     }

@@ -25,7 +25,8 @@ enum class Text {
     chooseOrDrop,
     /// Shown instead of the snapshots if a backup contains none.
     noSnapshots,
-    /// The texts of the file panels.
+
+    // The texts of the file panels.
     locations,
     home,
     computer,
@@ -44,8 +45,8 @@ enum class Text {
 
 inline constexpr std::size_t textCount = static_cast<std::size_t>(Text::selectAll) + 1;
 
-/// The row for a locale: "zh-Hant" or "zh-Hans" if its identifier contains such a script, otherwise its language code,
-/// or "en" if it has none.
+/// The language of a locale: "zh-Hant" or "zh-Hans" if its identifier contains such a script, otherwise its language
+/// code, or "en" if it has none.
 QString languageIdentifier(const icu::Locale& locale);
 
 /// The text in the language of `locale`.

@@ -125,7 +125,7 @@ void RecoveryViewModel::inspectBackup() {
 
 void RecoveryViewModel::chooseDestinationAndExport() {
     MainThread::require();
-    if (!engine_ || !canExport()) {
+    if (!packageURL_ || !engine_ || !canExport()) {
         return;
     }
     desktop_.panels.chooseDestination({.title = AmbrelStrings::localized(AmbrelStrings::filesExportChooseDestination()),
@@ -148,7 +148,7 @@ std::optional<std::uint64_t> RecoveryViewModel::selectedByteCount() const {
 
 void RecoveryViewModel::exportTo(const Path& chosen) {
     // Assistive technology can activate controls behind the open panel.
-    if (!canExport()) {
+    if (!packageURL_ || !canExport()) {
         return;
     }
     checkChoice([chosen, package = *packageURL_] { return RecoveryChosenPath::destination(chosen, package); },

@@ -43,7 +43,7 @@ ErrorAlert::ErrorAlert(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(panel_, 0, Qt::AlignCenter);
     parent->installEventFilter(this);
-    connect(okay_, &PrimaryRecoveryButton::clicked, this, &ErrorAlert::dismiss);
+    connect(okay_, &PrimaryRecoveryButton::clicked, this, &ErrorAlert::dismissed);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepFocus(now); });
 }
 
@@ -78,11 +78,6 @@ void ErrorAlert::present() {
     QAccessible::updateAccessibility(&event);
 }
 
-void ErrorAlert::dismiss() {
-    hide();
-    emit dismissed();
-}
-
 void ErrorAlert::takeFocus() {
     okay_->setFocus();
 }
@@ -108,7 +103,7 @@ void ErrorAlert::keepFocus(QWidget* focused) {
 
 void ErrorAlert::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Cancel)) {
-        dismiss();
+        emit dismissed();
     } else {
         QWidget::keyPressEvent(event);
     }

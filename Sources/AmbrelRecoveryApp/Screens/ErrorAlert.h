@@ -10,8 +10,8 @@ class PrimaryRecoveryButton;
 class TextLabel;
 
 /// Dims the window and shows an error in its middle until the user dismisses it: title, body and one button, which
-/// Return and Escape press as well. While it is shown, nothing else in the window can be clicked or get the focus. It
-/// is part of the window, so that it looks the same on every desktop.
+/// Return and Escape press as well. While it is shown, the mouse and the keyboard reach nothing else in the
+/// window. It is part of the window, so that it looks the same on every desktop.
 class ErrorAlert final : public QWidget {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
     void takeFocus();
 
 signals:
-    /// The user dismissed the alert, which is hidden now.
+    /// The user dismissed the alert. It stays until apply() hides it, so that further input reaches nothing behind it.
     void dismissed();
 
 protected:
@@ -35,7 +35,6 @@ protected:
 
 private:
     void present();
-    void dismiss();
     void keepFocus(QWidget* focused);
 
     QWidget* const panel_;

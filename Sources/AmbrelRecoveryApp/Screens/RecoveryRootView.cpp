@@ -107,7 +107,14 @@ void RecoveryRootView::inspect() {
 
 void RecoveryRootView::scheduleRedraw() {
     if (!std::exchange(isRedrawScheduled_, true)) {
-        QMetaObject::invokeMethod(this, &RecoveryRootView::redraw, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isRedrawScheduled_) {
+                    redraw();
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 
@@ -214,9 +221,15 @@ QWidget* RecoveryRootView::widgetOf(FocusPlan::Target target) const {
 }
 
 void RecoveryRootView::moveFocus() {
-    QWidget* const next = nextFocus_;
-    nextFocus_ = nullptr;
-    if (next != nullptr && next->isVisible() && next->isEnabled()) {
+    const auto canHaveFocus = [](const QWidget* widget) {
+        return widget != nullptr && widget->isVisible() && widget->isEnabled();
+    };
+    QWidget* next = std::exchange(nextFocus_, nullptr);
+    if (!canHaveFocus(next) && alert_->isAncestorOf(focusWidget())) {
+        // The control that had the focus before the alert is disabled now.
+        next = widgetOf(FocusPlan::first(state_));
+    }
+    if (canHaveFocus(next)) {
         next->setFocus();
         content_->ensureWidgetVisible(next);
     }

@@ -48,6 +48,7 @@ protected:
         EXPECT_TRUE(isAlertShown());
         sendReturn(QEvent::KeyRelease, 1060);
         sendReturn(QEvent::KeyPress, 1061);
+        redraw();
         EXPECT_FALSE(isAlertShown());
     }
 };

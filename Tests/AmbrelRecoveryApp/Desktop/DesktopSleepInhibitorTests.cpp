@@ -118,7 +118,7 @@ TEST_F(DesktopSleepInhibitorTest, asksTheLoginManagerForTheSecondOfTwoThatThePor
     EXPECT_TRUE(silent->isCallerGone());
 }
 
-TEST_F(DesktopSleepInhibitorTest, nothingHappensWhereTheLoginManagerIsOfNoUse) {
+TEST_F(DesktopSleepInhibitorTest, nothingHappensIfTheLoginManagerIsOfNoUse) {
     system.start();
     DesktopSleepInhibitor impatient(200ms);
     for (const auto& answer : {FakeService::refuses, FakeService::talksNonsense, FakeService::isSilent}) {

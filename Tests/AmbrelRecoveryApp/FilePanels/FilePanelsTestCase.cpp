@@ -67,12 +67,22 @@ void FilePanelsTest::enterAndReturn(ItemPanel& panel, const Path& path) {
     enterAndReturn(panel, QString::fromStdString(path.native()));
 }
 
+QModelIndex FilePanelsTest::shownRow(const ItemPanel& panel, const std::string& name) {
+    const auto& files = *panel.findChild<FolderModel*>();
+    for (int row = 0; row < files.rowCount(); ++row) {
+        if (files.item(files.index(row, 0)).name == name) {
+            return files.index(row, 0);
+        }
+    }
+    return {};
+}
+
 QModelIndex FilePanelsTest::row(ItemPanel& panel, const Path& item) {
     const auto& files = *panel.findChild<FolderModel*>();
     QModelIndex found;
     const bool isShown = QTest::qWaitFor(
         [&] {
-            found = files.folder() == item.parent_path() ? files.indexOf(item.filename()) : QModelIndex();
+            found = files.folder() == item.parent_path() ? shownRow(panel, item.filename()) : QModelIndex();
             return found.isValid();
         },
         generousMilliseconds);

@@ -41,6 +41,8 @@ protected:
     static void enterAndReturn(ItemPanel& panel, const QString& text);
     static void enterAndReturn(ItemPanel& panel, const Path& path);
 
+    /// The row of the list that shows the item of this name; invalid if none does.
+    static QModelIndex shownRow(const ItemPanel& panel, const std::string& name);
     /// The row of the list that shows this item, once the list shows it.
     static QModelIndex row(ItemPanel& panel, const Path& item);
     static void select(ItemPanel& panel, const Path& item);

@@ -227,7 +227,7 @@ TEST_F(OpenPanelTest, showsHiddenItemsOnDemand) {
     std::filesystem::create_directory(home() / ".hidden.ambrel");
     ItemPanel& panel = openPanel();
     row(panel, home() / "file.txt");
-    EXPECT_FALSE(panel.findChild<FolderModel*>()->indexOf(".hidden.ambrel").isValid());
+    EXPECT_FALSE(shownRow(panel, ".hidden.ambrel").isValid());
     QTest::keyClick(&nameField(panel), Qt::Key_H, Qt::ControlModifier);
     EXPECT_TRUE(row(panel, home() / ".hidden.ambrel").isValid());
 }

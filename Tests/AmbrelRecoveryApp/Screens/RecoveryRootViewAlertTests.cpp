@@ -1,3 +1,4 @@
+#include "../Support/ThreadShortage.h"
 #include "AmbrelRecoveryApp/Controls/SecureField.h"
 #include "AmbrelRecoveryApp/Screens/ErrorAlert.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryRootView.h"
@@ -73,6 +74,22 @@ TEST_F(RecoveryRootViewAlertTest, theAlertIsDismissedByEscapeAndGivesTheFocusBac
     redraw();
     EXPECT_FALSE(isAlertShown());
     EXPECT_EQ(focused(), QStringLiteral("Choose backup package"));
+}
+
+TEST_F(RecoveryRootViewAlertTest, theFocusGoesToTheFieldIfTheControlBeforeTheAlertIsDisabled) {
+    open();
+    choosePackage();
+    type(QStringLiteral("secret"));
+    redraw();
+    button("Inspect backup")->setFocus();
+    {
+        const ThreadShortage shortage;
+        button("Inspect backup")->click();
+    }
+    redraw();
+    ASSERT_TRUE(isAlertShown());
+    EXPECT_FALSE(button("Inspect backup")->isEnabled());
+    dismissAlertIntoTheField();
 }
 
 TEST_F(RecoveryRootViewAlertTest, theSameErrorAgainIsAnotherAlert) {

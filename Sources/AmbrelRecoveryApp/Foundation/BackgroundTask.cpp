@@ -7,7 +7,6 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
-#include <thread>
 
 namespace {
 
@@ -26,59 +25,40 @@ Count& count() {
     return *count;
 }
 
-/// Counts as one running piece of work during its lifetime.
-class Running {
-public:
-    explicit Running(BackgroundTask::AtEnd atEnd) : atEnd_(atEnd) {
-        const std::lock_guard lock(count().mutex);
-        ++count().of(atEnd_);
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-    ~Running() {
-        const std::lock_guard lock(count().mutex);
-        --count().of(atEnd_);
-        count().changed.notify_all();
-    }
-
-private:
-    const BackgroundTask::AtEnd atEnd_;
+/// The functions waiting to be called on the main thread. They are kept in our own queue, and the Qt event only signals
+/// that there is one more, because the thread sanitizer sees this lock but not those inside Qt. Events that carried the
+/// functions would look like data races, and suppressing those reports would also hide real races.
+struct Posted {
+    std::mutex mutex;
+    std::deque<std::function<void()>> functions;
 };
 
-/// Calls functions on the main thread. They are kept in a queue of its own, and the Qt event only signals that there is
-/// one more, because the thread sanitizer sees this lock but not those inside Qt. Events that carried the functions
-/// would look like data races, and suppressing those reports would also hide real races.
-class MainThreadCaller final : public QObject {
-public:
-    void post(std::function<void()> function) {
-        {
-            const std::lock_guard lock(mutex_);
-            functions_.push_back(std::move(function));
-        }
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-    }
+Posted& posted() {
+    static auto* const posted = new Posted;
+    return *posted;
+}
 
+void callNextPosted() {
+    std::function<void()> function;
+    {
+        const std::lock_guard lock(posted().mutex);
+        function = std::move(posted().functions.front());
+        posted().functions.pop_front();
+    }
+    function();
+}
+
+/// Never reads the event: its hand-over between threads is synchronized inside Qt, where the thread sanitizer does not
+/// see it.
+class Caller final : public QObject {
 protected:
-    /// Never reads the event: its hand-over between threads is synchronized inside Qt as well.
-    void customEvent(QEvent*) override {
-        std::function<void()> function;
-        {
-            const std::lock_guard lock(mutex_);
-            function = std::move(functions_.front());
-            functions_.pop_front();
-        }
-        function();
-    }
-
-private:
-    std::mutex mutex_;
-    std::deque<std::function<void()>> functions_;
+    void customEvent(QEvent*) override { callNextPosted(); }
 };
 
 /// Lives on the main thread, whichever thread asks first. Never destroyed, because threads may post until the very end.
-MainThreadCaller& caller() {
+Caller& caller() {
     static auto* const caller = [] {
-        auto* const made = new MainThreadCaller;
+        auto* const made = new Caller;
         made->moveToThread(QCoreApplication::instance()->thread());
         return made;
     }();
@@ -88,7 +68,11 @@ MainThreadCaller& caller() {
 } // namespace
 
 void BackgroundTask::postToMainThread(std::function<void()> function) {
-    caller().post(std::move(function));
+    {
+        const std::lock_guard lock(posted().mutex);
+        posted().functions.push_back(std::move(function));
+    }
+    QCoreApplication::postEvent(&caller(), new QEvent(QEvent::User));
 }
 
 bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
@@ -97,6 +81,13 @@ bool BackgroundTask::waitForAll(std::chrono::milliseconds limit) {
     return isOver && count().abandoned == 0;
 }
 
-void BackgroundTask::start(std::function<void()> body, AtEnd atEnd) {
-    std::thread([body = std::move(body), running = std::make_unique<Running>(atEnd)] { body(); }).detach();
+BackgroundTask::Running::Running(AtEnd atEnd) : atEnd_(atEnd) {
+    const std::lock_guard lock(count().mutex);
+    ++count().of(atEnd_);
+}
+
+BackgroundTask::Running::~Running() {
+    const std::lock_guard lock(count().mutex);
+    --count().of(atEnd_);
+    count().changed.notify_all();
 }

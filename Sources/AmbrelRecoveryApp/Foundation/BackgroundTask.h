@@ -3,9 +3,11 @@
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <chrono>
+#include <exception>
 #include <functional>
 #include <future>
 #include <memory>
+#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -29,17 +31,33 @@ enum class AtEnd {
 /// Any thread.
 bool waitForAll(std::chrono::milliseconds limit);
 
-/// Calls `body` on a new thread; waitForAll() counts it until it has returned. Throws std::system_error if no thread
-/// can be created.
-void start(std::function<void()> body, AtEnd atEnd);
+/// Counts as one running piece of work for waitForAll() during its lifetime.
+class Running {
+public:
+    explicit Running(AtEnd atEnd);
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running();
+
+private:
+    const AtEnd atEnd_;
+};
 
 /// Returns the outcome of `work()`. Destroys `work`, with everything it captured, once it has returned or thrown.
 template<typename Work>
 std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
-    // The task only refers to the work: it would keep what it owns as long as the future exists.
-    std::packaged_task<std::invoke_result_t<Work>()> task(std::ref(work));
-    task();
-    return task.get_future();
+    std::promise<std::invoke_result_t<Work>> promise;
+    try {
+        if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
+            work();
+            promise.set_value();
+        } else {
+            promise.set_value(work());
+        }
+    } catch (...) {
+        promise.set_exception(std::current_exception());
+    }
+    return promise.get_future();
 }
 
 /// Calls `work()` on a new thread, then `completion(std::future<Outcome>&)` on the main thread. The future is ready and
@@ -47,13 +65,12 @@ std::future<std::invoke_result_t<Work>> outcomeOf(Work work) {
 template<typename Work, typename Completion>
 void run(Work work, Completion completion, AtEnd atEnd = AtEnd::awaited) {
     MainThread::require();
-    start(
-        [work = std::move(work), completion = std::move(completion)]() mutable {
-            // Shared because std::function requires a copyable callable.
-            const auto outcome = std::make_shared<std::future<std::invoke_result_t<Work>>>(outcomeOf(std::move(work)));
-            postToMainThread([outcome, completion = std::move(completion)] { completion(*outcome); });
-        },
-        atEnd);
+    auto running = std::make_unique<Running>(atEnd);
+    std::thread([work = std::move(work), completion = std::move(completion), running = std::move(running)]() mutable {
+        // Shared because std::function requires a copyable callable.
+        const auto outcome = std::make_shared<std::future<std::invoke_result_t<Work>>>(outcomeOf(std::move(work)));
+        postToMainThread([outcome, completion = std::move(completion)] { completion(*outcome); });
+    }).detach();
 }
 
 } // namespace BackgroundTask

@@ -27,6 +27,9 @@ constexpr std::array timeFields = {"", "jm", "jms", "jmsz"};
 constexpr std::array contexts = {
     UDISPCTX_CAPITALIZATION_NONE, UDISPCTX_CAPITALIZATION_FOR_STANDALONE, UDISPCTX_CAPITALIZATION_FOR_UI_LIST_OR_MENU,
     UDISPCTX_CAPITALIZATION_FOR_BEGINNING_OF_SENTENCE, UDISPCTX_CAPITALIZATION_FOR_MIDDLE_OF_SENTENCE};
+static_assert(dateFields.size() == static_cast<std::size_t>(AmbrelDateFormatStyle::Date::complete) + 1);
+static_assert(timeFields.size() == static_cast<std::size_t>(AmbrelDateFormatStyle::Time::complete) + 1);
+static_assert(contexts.size() == static_cast<std::size_t>(AmbrelDateFormatStyle::CapitalizationContext::middle) + 1);
 
 /// The fields of a style as a CLDR skeleton; the language determines their order and separators.
 std::string skeleton(const Style& style) {

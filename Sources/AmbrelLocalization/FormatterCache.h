@@ -13,7 +13,7 @@
 template<typename Formatter>
 class FormatterCache {
 public:
-    /// What tells the formatter from others: its locale and its further parameters, in a fixed order.
+    /// What identifies a formatter: its locale and its other parameters, in a fixed order.
     using Key = std::vector<std::string>;
 
     /// Returns the formatter for `key`, calling `make()` (which returns a unique or shared pointer) if there is none

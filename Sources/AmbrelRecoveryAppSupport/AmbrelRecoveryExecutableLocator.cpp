@@ -1,10 +1,7 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
 
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
-
-#include <system_error>
-
-#include <unistd.h>
+#include "AmbrelRecoveryAppSupport/ExecutableFile.h"
 
 std::filesystem::path AmbrelRecoveryExecutableLocator::bundledExecutable(const ApplicationBundle& bundle) {
     const auto resources = bundle.resourcePath();
@@ -16,9 +13,4 @@ std::filesystem::path AmbrelRecoveryExecutableLocator::bundledExecutable(const A
         throw AmbrelRecoveryProcessError::executableUnavailable;
     }
     return engine;
-}
-
-bool AmbrelRecoveryExecutableLocator::isExecutableFile(const std::filesystem::path& path) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
 }

@@ -11,7 +11,4 @@ namespace AmbrelRecoveryExecutableLocator {
 /// AmbrelRecoveryProcessError::executableUnavailable if the bundle has no resources or no executable engine.
 std::filesystem::path bundledExecutable(const ApplicationBundle& bundle);
 
-/// Whether `path`, after following symbolic links, is a file that the current user may execute. False for a directory.
-bool isExecutableFile(const std::filesystem::path& path);
-
 } // namespace AmbrelRecoveryExecutableLocator

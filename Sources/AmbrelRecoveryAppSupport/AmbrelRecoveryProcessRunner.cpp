@@ -1,9 +1,9 @@
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessRunner.h"
 
-#include "AmbrelRecoveryAppSupport/AmbrelRecoveryExecutableLocator.h"
 #include "AmbrelRecoveryAppSupport/AmbrelRecoveryProcessError.h"
 #include "AmbrelRecoveryAppSupport/CredentialPipe.h"
 #include "AmbrelRecoveryAppSupport/EngineProcess.h"
+#include "AmbrelRecoveryAppSupport/ExecutableFile.h"
 #include "AmbrelRecoveryAppSupport/PrivateOutputDirectory.h"
 
 #include <chrono>
@@ -88,7 +88,7 @@ AmbrelRecoveryProcessRunner::AmbrelRecoveryProcessRunner(const std::filesystem::
 AmbrelRecoveryProcessResult AmbrelRecoveryProcessRunner::run(const std::vector<std::string>& arguments,
                                                              std::optional<std::span<const std::byte>> credential,
                                                              double timeout, const std::stop_token& stopToken) {
-    if (!AmbrelRecoveryExecutableLocator::isExecutableFile(executableURL_)) {
+    if (!isExecutableFile(executableURL_)) {
         throw AmbrelRecoveryProcessError::executableUnavailable;
     }
     // Destroyed in reverse order on every path; each object releases its resource in its destructor.

@@ -45,6 +45,14 @@ TEST_F(StringTableFileTest, isNullWithoutAFile) {
     EXPECT_EQ(file_.current(), nullptr);
 }
 
+TEST_F(StringTableFileTest, isReadFromAPathThatIsNotUTF8) {
+    const std::filesystem::path path = folder_.path() / "caf\xE9";
+    writeInPlace(path, tableOf("one"));
+    const auto table = StringTableFile(path).current();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->text("key"), QStringLiteral("one"));
+}
+
 TEST_F(StringTableFileTest, isReadOnceWhileTheFileStaysTheSame) {
     waitUntilSettled(writeInPlace(folder_ / "file", tableOf("one")));
     const auto first = file_.current();

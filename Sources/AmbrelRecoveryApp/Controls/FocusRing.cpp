@@ -16,8 +16,8 @@ constexpr Qt::Key navigationKeys[] = {
     Qt::Key_Space, Qt::Key_Select,  Qt::Key_Backspace, Qt::Key_Escape,
 };
 
-/// Remembers whether the user last used the keyboard or a pointer, in any window of the application. What else points,
-/// such as a pen or a finger, also sends the events of a mouse.
+/// Remembers whether the user last used the keyboard or a pointer, in any window of the application. Qt also sends
+/// mouse events for a pen or a finger that no widget handles itself.
 class LastInput final : public QObject {
 public:
     explicit LastInput(QObject* application) : QObject(application) { application->installEventFilter(this); }

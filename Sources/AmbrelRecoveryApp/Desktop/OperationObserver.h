@@ -8,8 +8,8 @@
 #include <memory>
 #include <optional>
 
-/// Watches the workflow for the desktop: tells when the machine has to stay awake, and what the user should be notified
-/// of because the window is not active. Operations that the user cancelled are not reported. Main thread.
+/// Watches the workflow for the desktop: reports when the machine has to stay awake, and what the user should be
+/// notified of because the window is not active. Operations that the user cancelled are not reported. Main thread.
 class OperationObserver final : public QObject {
     Q_OBJECT
 
@@ -21,11 +21,11 @@ public:
     void bringWindowForward();
 
 signals:
-    /// A long operation has begun; `reason` tells the user which.
+    /// A long operation has begun; `reason` names it for the user.
     void operationBegan(const QString& reason);
     /// The operation has ended, in whatever way.
     void operationEnded();
-    /// The user should be notified of `text`, which tells how the operation ended.
+    /// The user should be notified of `text`, which states how the operation ended.
     void notificationWanted(const QString& text);
     /// The user has seen the window, or a new operation has begun.
     void notificationOutdated();

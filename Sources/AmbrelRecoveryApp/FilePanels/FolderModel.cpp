@@ -19,7 +19,7 @@ namespace {
 
 using Item = FolderContents::Item;
 
-/// Changes are collected for so long, so that a busy folder is not read continuously.
+/// How long changes are collected, so that a busy folder is not read continuously.
 constexpr std::chrono::milliseconds changeDelay(250);
 
 RecoverySymbol symbolOf(Item::Kind kind) {

@@ -163,6 +163,17 @@ TEST_F(DesktopNotifierTest, aNotificationThatTheUserClosedIsNotWithdrawn) {
     EXPECT_EQ(members(*shown), (QStringList{"GetCapabilities", "Notify"}));
 }
 
+TEST_F(DesktopNotifierTest, nothingMoreIsHeardOfANotificationThatWasClosed) {
+    session.start();
+    const auto shown = server(shows);
+    showAndWait(*shown);
+    shown->emitSignal(interface, "NotificationClosed", {identifier, 2U});
+    shown->emitSignal(interface, "NotificationClosed", {identifier, 2U});
+    shown->emitSignal(interface, "ActionInvoked", {identifier, "default"});
+    waitUntil([&] { return shown->isCallerGone(); });
+    EXPECT_EQ(activations, 0);
+}
+
 TEST_F(DesktopNotifierTest, whatIsShownIsTakenAwayWhenItGoesAway) {
     session.start();
     const auto shown = server(shows);

@@ -1,6 +1,7 @@
 // What the panels do while a folder does not answer.
 
 #include "../Support/HungFolder.h"
+#include "AmbrelRecoveryApp/Controls/PrimaryRecoveryButton.h"
 #include "AmbrelRecoveryApp/FilePanels/FolderView.h"
 #include "AmbrelRecoveryApp/FilePanels/NewFolderPanel.h"
 #include "AmbrelRecoveryApp/FilePanels/PanelNameField.h"
@@ -160,6 +161,28 @@ TEST_F(HungFolderPanelTest, canBeClosedWhileAFolderIsMade) {
     QTest::keyClick(asking, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return asking.isNull(); }));
     EXPECT_TRUE(panel.isVisible());
+    panel.reject();
+    expectOneChoice(std::nullopt);
+}
+
+TEST_F(HungFolderPanelTest, offersNoImpossibleNameAfterAFolderCouldNotBeMade) {
+    ItemPanel& panel = savePanel();
+    enterAndReturn(panel, QString("folder/"));
+    waitForFolder(panel, volume());
+    button(panel, "New folder")->click();
+    NewFolderPanel& asking = *panel.findChild<NewFolderPanel*>();
+    PanelNameField& name = *asking.findChild<PanelNameField*>();
+    {
+        const HungFolder hung(volume());
+        name.setText("photos");
+        QTest::keyClick(&name, Qt::Key_Return);
+        expectHungInBackground();
+        name.setText("../photos");
+    }
+    waitForBackground();
+    EXPECT_TRUE(asking.isVisible());
+    EXPECT_FALSE(asking.findChild<PrimaryRecoveryButton*>()->isEnabled());
+    asking.reject();
     panel.reject();
     expectOneChoice(std::nullopt);
 }

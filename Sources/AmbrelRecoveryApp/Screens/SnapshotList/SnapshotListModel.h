@@ -18,7 +18,7 @@ public:
     SnapshotRowContent content(const QModelIndex& index) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    /// None: whoever shows a row asks for its content.
+    /// Returns nothing: the view and assistive technology use content().
     QVariant data(const QModelIndex& /*index*/, int /*role*/) const override { return {}; }
 
 private:

@@ -1,6 +1,9 @@
 """Writes the desktop entry and the description for software centers, with the texts of the catalogue.
 
-Usage: desktop_files.py --catalogue FOLDER --version VERSION --date DATE --pictures-url URL --notice TEXT ENTRY METAINFO
+Usage: desktop_files.py --catalogue FOLDER --version VERSION --date DATE --homepage URL --pictures-url URL --notice TEXT
+                        ENTRY METAINFO
+
+An address or a notice that is empty is left out.
 """
 
 import argparse
@@ -86,6 +89,8 @@ def metainfo(texts, options):
         _add_translated(description, "p", texts.of(key))
     _add(component, "launchable", f"{_IDENTIFIER}.desktop", type="desktop-id")
     _add(_add(component, "provides"), "binary", _COMMAND)
+    if options.homepage:
+        _add(component, "url", options.homepage, type="homepage")
     # Only addresses on the web are allowed.
     if options.pictures_url:
         screenshots = _add(component, "screenshots")
@@ -101,7 +106,7 @@ def metainfo(texts, options):
 
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("catalogue", "version", "date", "pictures-url", "notice"):
+    for name in ("catalogue", "version", "date", "homepage", "pictures-url", "notice"):
         parser.add_argument(f"--{name}", required=True)
     parser.add_argument("entry", type=pathlib.Path)
     parser.add_argument("metainfo", type=pathlib.Path)

@@ -88,9 +88,12 @@ class Package(unittest.TestCase):
         self.assertEqual(len(files), listed)
 
     def test_follows_the_rules_of_debian(self):
-        result = subprocess.run(["lintian", "--fail-on", "error,warning", "--allow-root", "--tag-display-limit", "0",
-                                 self.package], stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
-        self.assertEqual((0, ""), (result.returncode, result.stdout + result.stderr))
+        result = subprocess.run(["lintian", "--fail-on", "none", "--allow-root", "--tag-display-limit", "0", self.package],
+                                stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+        self.assertEqual((0, ""), (result.returncode, result.stderr))
+        # Demands a homepage, which is not known. Not every version knows this tag, so the package cannot override it.
+        known = [] if self.control["Homepage"] else [f"W: {self.control['Package']}: appstream-metadata-validation-failed"]
+        self.assertEqual([], [line for line in result.stdout.splitlines() if not line.startswith(tuple(known))])
 
 
 if __name__ == "__main__":

@@ -35,6 +35,12 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "RelWithDebI
   endif()
 endif()
 
+if(AMBREL_BUILD_FOR_PACKAGE)
+  target_compile_options(AmbrelOptions INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
+# The first version of the format holds no times of files, so that the same files always give the same program.
+set(AMBREL_RESOURCE_OPTIONS --format-version 1)
+
 include(AmbrelHardening)
 target_link_libraries(AmbrelOptions INTERFACE AmbrelHardening)
 include(AmbrelPrecompiledHeaders)

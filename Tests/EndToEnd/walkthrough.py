@@ -63,6 +63,8 @@ class Walkthrough:
         application.wait_for_text(sample.package.name)
         application.type_credential(sample.passphrase, by_keyboard=True)
         wait_for("“inspect”", lambda: application.is_enabled(texts["recovery.inspect.action"]))
+        # Out of the field, where the caret blinks.
+        application.key("Tab")
         self._picture("filled")
         application.press_inspect()
         self._through_gate(texts["recovery.inspecting"], "inspecting")

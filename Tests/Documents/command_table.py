@@ -9,7 +9,7 @@ import dataclasses
 
 @dataclasses.dataclass(frozen=True)
 class Runs:
-    """The test runs it as it stands in the document, or `instead` something cheaper that would fail as well."""
+    """The test runs it as it stands, or `instead` a cheaper form that fails, too, if its names are wrong."""
 
     instead: str = ""
 

@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <QDBusPendingReply>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <optional>
@@ -88,9 +89,11 @@ void DesktopNotifier::notify(bool understandsMarkup) {
     constexpr uint replacingNone = 0;
     constexpr int theServicesOwnTime = -1;
     const QString text = understandsMarkup ? withoutMarkup(current_->text) : current_->text;
-    const auto call = callOfTheService(
-        QStringLiteral("Notify"), {applicationName, replacingNone, QString(), applicationName, text,
-                                   QStringList{defaultAction, applicationName}, QVariantMap(), theServicesOwnTime});
+    // From the desktop entry, the service takes the icon.
+    const QVariantMap hints = {{QStringLiteral("desktop-entry"), QGuiApplication::desktopFileName()}};
+    const auto call = callOfTheService(QStringLiteral("Notify"),
+                                       {applicationName, replacingNone, QString(), applicationName, text,
+                                        QStringList{defaultAction, applicationName}, hints, theServicesOwnTime});
     // Answered to this object: a notification that was withdrawn meanwhile has to be closed.
     const auto answered = [this, asking = QPointer(current_), bus = current_->bus](const QDBusPendingCall& answer) {
         const QDBusPendingReply<uint> identifier = answer;

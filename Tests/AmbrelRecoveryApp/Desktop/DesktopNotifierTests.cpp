@@ -5,7 +5,9 @@
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "FakeService.h"
 
+#include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
+#include <QGuiApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -84,6 +86,7 @@ private:
 };
 
 TEST_F(DesktopNotifierTest, showsTheTextUntilItIsWithdrawn) {
+    QGuiApplication::setDesktopFileName("com.example.program");
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown);
@@ -94,6 +97,7 @@ TEST_F(DesktopNotifierTest, showsTheTextUntilItIsWithdrawn) {
     EXPECT_EQ(call.arguments().at(3), "Ambrel Recovery");
     EXPECT_EQ(call.arguments().at(4), "Export complete");
     EXPECT_EQ(call.arguments().at(5).toStringList().first(), "default");
+    EXPECT_EQ(qdbus_cast<QVariantMap>(call.arguments().at(6)), (QVariantMap{{"desktop-entry", "com.example.program"}}));
     EXPECT_FALSE(shown->isCallerGone());
     notifications.withdraw();
     waitUntil([&] { return shown->isCallerGone(); });

@@ -89,10 +89,11 @@ void DesktopNotifier::notify(bool understandsMarkup) {
     constexpr uint replacingNone = 0;
     constexpr int theServicesOwnTime = -1;
     const QString text = understandsMarkup ? withoutMarkup(current_->text) : current_->text;
-    // From the desktop entry, the service takes the icon.
-    const QVariantMap hints = {{QStringLiteral("desktop-entry"), QGuiApplication::desktopFileName()}};
+    // Some services take the icon from the desktop entry, others by its name, which is the same.
+    const QString entry = QGuiApplication::desktopFileName();
+    const QVariantMap hints = {{QStringLiteral("desktop-entry"), entry}};
     const auto call = callOfTheService(QStringLiteral("Notify"),
-                                       {applicationName, replacingNone, QString(), applicationName, text,
+                                       {applicationName, replacingNone, entry, applicationName, text,
                                         QStringList{defaultAction, applicationName}, hints, theServicesOwnTime});
     // Answered to this object: a notification that was withdrawn meanwhile has to be closed.
     const auto answered = [this, asking = QPointer(current_), bus = current_->bus](const QDBusPendingCall& answer) {

@@ -94,6 +94,7 @@ TEST_F(DesktopNotifierTest, showsTheTextUntilItIsWithdrawn) {
     EXPECT_EQ(call.signature(), "susssasa{sv}i");
     EXPECT_EQ(call.arguments().at(0), "Ambrel Recovery");
     EXPECT_EQ(call.arguments().at(1), 0U);
+    EXPECT_EQ(call.arguments().at(2), "com.example.program");
     EXPECT_EQ(call.arguments().at(3), "Ambrel Recovery");
     EXPECT_EQ(call.arguments().at(4), "Export complete");
     EXPECT_EQ(call.arguments().at(5).toStringList().first(), "default");

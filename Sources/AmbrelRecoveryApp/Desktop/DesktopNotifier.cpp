@@ -67,6 +67,9 @@ void DesktopNotifier::withdraw() {
 }
 
 void DesktopNotifier::askForCapabilities() {
+    // Sent before the action. Wayland desktops bring a window forward only with such a token, which Qt takes from here.
+    listen(QStringLiteral("ActivationToken"), QStringLiteral("us"),
+           [](const QVariant& token) { qputenv("XDG_ACTIVATION_TOKEN", token.toString().toUtf8()); });
     listen(QStringLiteral("ActionInvoked"), QStringLiteral("us"), [this](const QVariant& action) {
         if (action == defaultAction) {
             emit activated();

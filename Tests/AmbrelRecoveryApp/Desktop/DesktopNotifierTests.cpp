@@ -8,6 +8,7 @@
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QGuiApplication>
+#include <QScopeGuard>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -154,6 +155,18 @@ TEST_F(DesktopNotifierTest, aSecondNotificationReplacesTheFirst) {
     waitUntil([&] { return members(*shown).contains("CloseNotification"); });
     waitUntil([&] { return shown->isCallerGone(); });
     EXPECT_EQ(members(*shown).count("CloseNotification"), 1);
+}
+
+TEST_F(DesktopNotifierTest, aClickBringsTheTokenThatBringsTheWindowForward) {
+    const auto forgotten = qScopeGuard([] { qunsetenv("XDG_ACTIVATION_TOKEN"); });
+    session.start();
+    const auto shown = server(shows);
+    showAndWait(*shown);
+    shown->emitSignal(interface, "ActivationToken", {identifier + 1, "of another"});
+    shown->emitSignal(interface, "ActivationToken", {identifier, "of this one"});
+    shown->emitSignal(interface, "ActionInvoked", {identifier, "default"});
+    waitUntil([&] { return activations == 1; });
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "of this one");
 }
 
 TEST_F(DesktopNotifierTest, aNotificationThatTheUserClosedIsNotWithdrawn) {

@@ -13,7 +13,7 @@ from accessibility import AccessibilityBus
 from file_manager import FileManager
 import processes
 
-_SCREEN = "1280x960x24"
+_SIZE = (1280, 960)
 _START_SECONDS = 60
 _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -21,7 +21,7 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bu
   <type>session</type>
   <listen>unix:path={directory}/{bus}</listen>
   <auth>EXTERNAL</auth>
-  <servicedir>{directory}/services</servicedir>
+  {services}
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
@@ -48,7 +48,12 @@ _FONTS = """<?xml version="1.0"?>
 class Desktop:
     """A context manager. Inside it, `environment` is what a program of this desktop is started with."""
 
-    def __init__(self):
+    # Where the session bus finds the services that it starts.
+    _services = "<servicedir>{directory}/services</servicedir>"
+
+    def __init__(self, size=_SIZE):
+        self.size = size
+        """(width, height) of the display."""
         self._directory = tempfile.mkdtemp(prefix="ambrel-desktop.")
         self._started = []
         self.environment = {}
@@ -60,8 +65,8 @@ class Desktop:
             processes.take_charge()
             self._start_display()
             self._start_session_bus()
+            self._start_session()
             self.accessibility = AccessibilityBus(self._bus_address)
-            self.file_manager = FileManager(self._bus_address)
             return self
         except BaseException:
             self.__exit__()
@@ -99,21 +104,27 @@ class Desktop:
             raise RuntimeError(f"{arguments[0]} did not start")
         return line
 
+    def _start_session(self):
+        """Starts what a session brings beside its display and its buses."""
+        self.file_manager = FileManager(self._bus_address)
+
     def _start_display(self):
+        screen = f"{self.size[0]}x{self.size[1]}x24"
         with open(os.path.join(self._directory, "display.log"), "wb") as log:
             number = self._start_announcing(
-                ["Xvfb", "-displayfd", "DESCRIPTOR", "-screen", "0", _SCREEN, "-nolisten", "tcp", "-noreset"],
+                ["Xvfb", "-displayfd", "DESCRIPTOR", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"],
                 "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         self._display = self._started[-1]
-        self.environment = {
-            "DISPLAY": f":{number}",
+        self.environment = self._environment_of_display(DISPLAY=f":{number}", QT_QPA_PLATFORM="xcb")
+
+    def _environment_of_display(self, **display):
+        return {
             "FONTCONFIG_FILE": self._write("fonts.conf", _FONTS),
             "LANG": "en_US.UTF-8",
             "LANGUAGE": "en_US",
             "PATH": os.environ.get("PATH", "/usr/bin:/bin"),
-            "QT_QPA_PLATFORM": "xcb",
             "TZ": "UTC",
-        }
+        } | display
 
     def _start_session_bus(self):
         self._write("services/org.a11y.Bus.service", _ACCESSIBILITY_SERVICE)
@@ -128,7 +139,8 @@ class Desktop:
 
     def _start_bus(self, name):
         environment = dict(self.environment, HOME=self._directory, GSETTINGS_BACKEND="memory")
-        configuration = self._write(f"{name}.conf", _BUS_CONFIGURATION, bus=name)
+        services = self._services.format(directory=self._directory)
+        configuration = self._write(f"{name}.conf", _BUS_CONFIGURATION, bus=name, services=services)
         return self._start_announcing(
             ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=DESCRIPTOR"],
             "DESCRIPTOR", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
@@ -151,11 +163,6 @@ class Desktop:
     def end_display(self):
         """Ends the display as at the end of a session. Nothing can be looked at or pressed on this desktop any more."""
         processes.stop(self._display)
-
-    @property
-    def size(self):
-        """(width, height) of the display."""
-        return tuple(int(part) for part in _SCREEN.split("x")[:2])
 
     @property
     def display(self):

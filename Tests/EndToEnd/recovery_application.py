@@ -52,14 +52,16 @@ class RecoveryApplication(Application):
         self.key("Return")
         self.wait_until_gone(title, Role.DIALOG)
 
-    def answer_open_panel_without_keyboard(self, title, path):
-        """Enters a path into an open panel and presses its button, which is named as the panel is."""
-        self._packages.watch(path)
+    def answer_panel_without_keyboard(self, title, path, button_name=None):
+        """Enters a path into a panel and presses its button, which in the open panel is named as the panel is."""
+        if button_name is None:
+            self._packages.watch(path)
         self.panel_name_field(title).set_text(str(path))
 
         def button():
             return next((shown.item for shown in self._in_panel(title)
-                         if (shown.role, shown.name) == (Role.PUSH_BUTTON, title) and "enabled" in shown.states), None)
+                         if (shown.role, shown.name) == (Role.PUSH_BUTTON, button_name or title)
+                         and "enabled" in shown.states), None)
 
         self.wait_for_shown(f"the button of “{title}”", button).do_action("press")
         self.wait_until_gone(title, Role.DIALOG)

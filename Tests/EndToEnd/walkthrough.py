@@ -102,7 +102,7 @@ class Walkthrough:
         title = self._texts["recovery.choose-package.action"]
         self._application.press(title)
         # The keyboard would need the window by its title, which xdotool reads in few languages only.
-        self._application.answer_open_panel_without_keyboard(title, sample.package)
+        self._application.answer_panel_without_keyboard(title, sample.package)
         self._application.inspect(sample.passphrase)
         self._application.wait_for_snapshots()
         self._picture(f"snapshots-{language}")

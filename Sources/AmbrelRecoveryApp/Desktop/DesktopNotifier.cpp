@@ -4,6 +4,7 @@
 #include "AmbrelRecoveryApp/Foundation/MainThread.h"
 
 #include <QDBusPendingReply>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <optional>
@@ -66,6 +67,9 @@ void DesktopNotifier::withdraw() {
 }
 
 void DesktopNotifier::askForCapabilities() {
+    // Sent before the action. Wayland desktops bring a window forward only with such a token, which Qt takes from here.
+    listen(QStringLiteral("ActivationToken"), QStringLiteral("us"),
+           [](const QVariant& token) { qputenv("XDG_ACTIVATION_TOKEN", token.toString().toUtf8()); });
     listen(QStringLiteral("ActionInvoked"), QStringLiteral("us"), [this](const QVariant& action) {
         if (action == defaultAction) {
             emit activated();
@@ -88,9 +92,12 @@ void DesktopNotifier::notify(bool understandsMarkup) {
     constexpr uint replacingNone = 0;
     constexpr int theServicesOwnTime = -1;
     const QString text = understandsMarkup ? withoutMarkup(current_->text) : current_->text;
-    const auto call = callOfTheService(
-        QStringLiteral("Notify"), {applicationName, replacingNone, QString(), applicationName, text,
-                                   QStringList{defaultAction, applicationName}, QVariantMap(), theServicesOwnTime});
+    // Some services take the icon from the desktop entry, others by its name, which is the same.
+    const QString entry = QGuiApplication::desktopFileName();
+    const QVariantMap hints = {{QStringLiteral("desktop-entry"), entry}};
+    const auto call = callOfTheService(QStringLiteral("Notify"),
+                                       {applicationName, replacingNone, entry, applicationName, text,
+                                        QStringList{defaultAction, applicationName}, hints, theServicesOwnTime});
     // Answered to this object: a notification that was withdrawn meanwhile has to be closed.
     const auto answered = [this, asking = QPointer(current_), bus = current_->bus](const QDBusPendingCall& answer) {
         const QDBusPendingReply<uint> identifier = answer;

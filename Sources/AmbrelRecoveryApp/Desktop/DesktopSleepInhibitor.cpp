@@ -71,7 +71,10 @@ void DesktopSleepInhibitor::begin(const QString& reason) {
     MainThread::require();
     if (current_ == nullptr) {
         current_ = new Inhibition(reason, this);
-        portal_ ? askPortal() : askLoginManager();
+        if (portal_) {
+            askPortal();
+        }
+        askLoginManager();
     }
 }
 
@@ -90,9 +93,7 @@ void DesktopSleepInhibitor::askPortal() {
                       const QDBusPendingReply<QDBusObjectPath> reply = answer;
                       if (reply.isError()) {
                           // Closing the connection releases whatever the portal has granted or may still grant.
-                          if (std::exchange(portal_, nullptr) && current_ != nullptr) {
-                              askLoginManager();
-                          }
+                          portal_ = nullptr;
                       } else if (asking) {
                           asking->portalRequest = reply.value().path();
                       } else {

@@ -7,9 +7,10 @@
 
 class BusConnection;
 
-/// Keeps the machine awake through the desktop's portal or, if that does not grant the request, through the system's
-/// login manager. Does nothing if neither exists, grants the request or answers. Each grant is tied to a connection or
-/// a descriptor of this process, so it never outlives the process. Never blocks. Main thread.
+/// Keeps the machine awake through the desktop's portal and through the system's login manager. Both are asked: some
+/// portals answer that they grant a request which their desktop then refuses. Does nothing if neither exists, grants
+/// the request or answers. Each grant is tied to a connection or a descriptor of this process, so it never outlives the
+/// process. Never blocks. Main thread.
 ///
 /// The portal grants nothing to a process that it cannot inspect, but it caches what it has learned about a connection.
 /// This object therefore introduces itself to the portal on construction and uses only that connection.

@@ -5,7 +5,10 @@
 #include "AmbrelRecoveryApp/Foundation/BackgroundTask.h"
 #include "FakeService.h"
 
+#include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
+#include <QGuiApplication>
+#include <QScopeGuard>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -84,6 +87,7 @@ private:
 };
 
 TEST_F(DesktopNotifierTest, showsTheTextUntilItIsWithdrawn) {
+    QGuiApplication::setDesktopFileName("com.example.program");
     session.start();
     const auto shown = server(shows);
     showAndWait(*shown);
@@ -91,9 +95,11 @@ TEST_F(DesktopNotifierTest, showsTheTextUntilItIsWithdrawn) {
     EXPECT_EQ(call.signature(), "susssasa{sv}i");
     EXPECT_EQ(call.arguments().at(0), "Ambrel Recovery");
     EXPECT_EQ(call.arguments().at(1), 0U);
+    EXPECT_EQ(call.arguments().at(2), "com.example.program");
     EXPECT_EQ(call.arguments().at(3), "Ambrel Recovery");
     EXPECT_EQ(call.arguments().at(4), "Export complete");
     EXPECT_EQ(call.arguments().at(5).toStringList().first(), "default");
+    EXPECT_EQ(qdbus_cast<QVariantMap>(call.arguments().at(6)), (QVariantMap{{"desktop-entry", "com.example.program"}}));
     EXPECT_FALSE(shown->isCallerGone());
     notifications.withdraw();
     waitUntil([&] { return shown->isCallerGone(); });
@@ -149,6 +155,18 @@ TEST_F(DesktopNotifierTest, aSecondNotificationReplacesTheFirst) {
     waitUntil([&] { return members(*shown).contains("CloseNotification"); });
     waitUntil([&] { return shown->isCallerGone(); });
     EXPECT_EQ(members(*shown).count("CloseNotification"), 1);
+}
+
+TEST_F(DesktopNotifierTest, aClickBringsTheTokenThatBringsTheWindowForward) {
+    const auto forgotten = qScopeGuard([] { qunsetenv("XDG_ACTIVATION_TOKEN"); });
+    session.start();
+    const auto shown = server(shows);
+    showAndWait(*shown);
+    shown->emitSignal(interface, "ActivationToken", {identifier + 1, "of another"});
+    shown->emitSignal(interface, "ActivationToken", {identifier, "of this one"});
+    shown->emitSignal(interface, "ActionInvoked", {identifier, "default"});
+    waitUntil([&] { return activations == 1; });
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "of this one");
 }
 
 TEST_F(DesktopNotifierTest, aNotificationThatTheUserClosedIsNotWithdrawn) {

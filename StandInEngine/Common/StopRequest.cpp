@@ -3,7 +3,7 @@
 #include "Common/Stopped.h"
 
 #include <atomic>
-#include <cstddef>
+#include <csignal>
 
 #include <unistd.h>
 
@@ -19,23 +19,18 @@ extern "C" void rememberSignal(int signal) {
 
 } // namespace
 
-StopRequest::StopRequest() {
-    for (std::size_t index = 0; index < signals.size(); ++index) {
-        ::sigaction(signals[index], nullptr, &previous_[index]);
-        if (previous_[index].sa_handler == SIG_IGN) {
+void StopRequest::record() {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction current = {};
+        ::sigaction(signal, nullptr, &current);
+        if (current.sa_handler == SIG_IGN) {
             continue;
         }
         struct sigaction action = {};
         action.sa_handler = rememberSignal;
         // Without SA_RESTART, so that a blocked write returns.
         ::sigemptyset(&action.sa_mask);
-        ::sigaction(signals[index], &action, nullptr);
-    }
-}
-
-StopRequest::~StopRequest() {
-    for (std::size_t index = 0; index < signals.size(); ++index) {
-        ::sigaction(signals[index], &previous_[index], nullptr);
+        ::sigaction(signal, &action, nullptr);
     }
 }
 

@@ -1,25 +1,17 @@
 #pragma once
 
-#include <array>
-#include <csignal>
+/// SIGTERM, SIGINT and SIGHUP, which ask the program to end. Only on the main thread.
+namespace StopRequest {
 
-/// While an instance exists, SIGTERM, SIGINT and SIGHUP do not end the program immediately but are recorded, so that
-/// work in progress can be undone first. Signals that were ignored when the program started stay ignored. May be
-/// nested; only on the main thread.
-class StopRequest {
-public:
-    StopRequest();
-    ~StopRequest();
-    StopRequest(const StopRequest&) = delete;
-    StopRequest& operator=(const StopRequest&) = delete;
+/// From now on these signals do not end the program immediately but are recorded, so that work in progress can be
+/// undone first. This lasts until the program ends: work that is complete is reported as complete. Signals that were
+/// ignored when the program started stay ignored. May be called more than once.
+void record();
 
-    /// Throws Stopped if such a signal has arrived.
-    static void throwIfRequested();
+/// Throws Stopped if such a signal has been recorded.
+void throwIfRequested();
 
-    /// Ends the program with the signal itself, as a waiting parent expects.
-    [[noreturn]] static void endBySignal(int signal);
+/// Ends the program with the signal itself, as a waiting parent expects.
+[[noreturn]] void endBySignal(int signal);
 
-private:
-    static constexpr std::array<int, 3> signals = {SIGTERM, SIGINT, SIGHUP};
-    std::array<struct sigaction, signals.size()> previous_{};
-};
+} // namespace StopRequest

@@ -41,7 +41,7 @@ void Engine::exportSnapshot(const CommandLine& line, const Credential& credentia
     const UnlockedPackage package = locked.unlock(credential);
     const CommitRecord snapshot = readSnapshot(package, line.snapshotCode);
     // Before this point there is nothing to undo, and a signal may end the program immediately.
-    const StopRequest stopRequest;
+    StopRequest::record();
     TemporarySibling folder(destination);
     const PayloadReader payloads = package.payloads();
     ExportReport report = Exporter(payloads, folder.descriptor()).write(snapshot);

@@ -87,7 +87,7 @@ void SampleBackup::make(const SampleOptions& options, const SecretBytes& passphr
                         const std::function<void()>& announce) {
     const std::vector<PictureFolder::Picture> pictures = PictureFolder::scan(options.picturesPath);
     const Destination destination(options.outputPath);
-    const StopRequest stopRequest;
+    StopRequest::record();
     TemporarySibling folder(destination);
     const bool isUnsupported = options.kind == SampleKind::unsupportedVersion;
     PackageWriter writer(folder.descriptor(), passphrase, recoveryKey,

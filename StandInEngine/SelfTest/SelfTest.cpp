@@ -47,7 +47,7 @@ void checkRoundTrip(Checks& checks) {
 } // namespace
 
 bool SelfTest::run(const Print& print) {
-    const StopRequest stopRequest;
+    StopRequest::record();
     Checks checks(print);
     print("This is the stand-in engine. It stands in for the product's recovery engine and cannot read its backups.\n");
     checks.check("Argon2id test vectors", CryptographyCheck::argon2id);

@@ -1,4 +1,6 @@
 #include "Common/DescriptorIO.h"
+#include "Engine/CommandLine.h"
+#include "Engine/Engine.h"
 #include "FolderWatch.h"
 #include "StandInEngineTest.h"
 #include "Support/ChildProcess.h"
@@ -126,6 +128,18 @@ TEST_F(StoppingTest, anEngineThatWaitsForItsCredentialStops) {
                     {.input = "correct", .keepsInputOpen = true});
     program.kill(SIGTERM);
     EXPECT_EQ(SIGTERM, program.wait().signal);
+}
+
+// The run would end by the signal, which means that nothing was exported.
+TEST_F(StoppingTest, aRequestAfterAnExportIsCompleteIsTooLate) {
+    const CommandLine line = CommandLine::parse(arguments_).value();
+    EXPECT_EQ("", ChildProcess::outcome([&] {
+                  const Credential credential = {line.factor, SecretBytes::copyOf(bytesOf(TestPackage::passphrase))};
+                  Engine::exportSnapshot(line, credential, [](std::string_view) {});
+                  std::raise(SIGTERM);
+                  return std::string();
+              }));
+    expectOnly({"P.ambrel", "Recovered"});
 }
 
 TEST_F(StoppingTest, anIgnoredSignalStaysIgnored) {

@@ -42,4 +42,4 @@ def section(data):
     yield from table(["", "processor time", "time"], rows)
     yield ""
     yield ("The engine is a copy of `/bin/true`. The executable is the one that opens the window, so the dynamic linker "
-           "loads and binds the toolkit's libraries before `main`; what the mode itself does is the rest.")
+           "loads and binds the toolkit's libraries before `main`. Most of the difference is that.")

@@ -4,6 +4,7 @@ import os
 import pathlib
 import platform
 import subprocess
+import textwrap
 
 from reporting.plots import growth
 from reporting.samples import BINARY_BYTES, TIME, table, with_unit
@@ -39,7 +40,11 @@ def write(path, results, subjects):
         for file, title, work, work_units, cost, cost_units, series in module.plots(result["data"]):
             growth(plots / file, title, work, work_units, cost, _UNITS[cost_units], series)
             lines += ["", f"![{title}: {cost} against {work}]({plots.name}/{file})"]
-    path.write_text("\n".join(lines) + "\n", encoding="utf-8")
+    path.write_text("\n".join(map(_wrapped, lines)) + "\n", encoding="utf-8")
+
+
+def _wrapped(line):
+    return line if line.startswith("|") else "\n".join(textwrap.fill(part, 120) for part in line.split("\n"))
 
 
 def _machine():

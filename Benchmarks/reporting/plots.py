@@ -32,6 +32,7 @@ def growth(path, title, work, work_units, cost, cost_units, lines):
     for axis, units in ((axes.xaxis, work_units), (axes.yaxis, cost_units)):
         axis.set_major_formatter(ticker.FuncFormatter(lambda value, _, units=units: _label(value, units)))
         axis.set_minor_formatter(ticker.NullFormatter())
+    axes.xaxis.set_major_locator(ticker.FixedLocator(sorted({amount for points in lines.values() for amount in points})))
     axes.grid(True, which="major", alpha=0.3)
     axes.legend(fontsize="small")
     pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)

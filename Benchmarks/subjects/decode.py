@@ -55,8 +55,8 @@ def section(data):
     yield ("The product decodes into its document; the others only parse. The kept parser has the memory of its last "
            "turn and is the limit. The others allocate theirs in each turn. Up to 1,000 snapshots, the C library still "
            "has it from the turn before; longer texts get it from the system, page by page, because the parser reserves "
-           "eight bytes for each byte of text. From then on, this is most of the product's time, and no part of it "
-           "decodes. The application decodes one document at a time, and hardly ever a second one.")
+           "eight bytes for each byte of text. From 100,000 on, this is most of the product's time. The application "
+           "decodes one document at a time, and hardly ever a second one.")
     yield ""
     memory_sizes = [size for size in _SIZES if f"memory/product/{size}" in data]
     rows = [[label, *(_memory_cell(data, name, size) for size in memory_sizes)]

@@ -35,6 +35,12 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_BUILD_TYPE STREQUAL "RelWithDebI
   endif()
 endif()
 
+if(AMBREL_BUILD_FOR_PACKAGE)
+  target_compile_options(AmbrelOptions INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
+# The first version of the format holds no times of files, so that the same files always give the same program.
+set(AMBREL_RESOURCE_OPTIONS --format-version 1)
+
 include(AmbrelHardening)
 target_link_libraries(AmbrelOptions INTERFACE AmbrelHardening)
 include(AmbrelPrecompiledHeaders)
@@ -75,14 +81,18 @@ function(ambrel_add_test name)
     ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;${AMBREL_TSAN_OPTIONS}")
 endfunction()
 
-# ambrel_add_python_test(NAME FILE [VARIABLE=VALUE...]): a file of Python's unittest, which is one test of CTest and leaves
-# the result of each of its cases in TestResults/NAME.json. Debian's own Python runs it.
+# ambrel_add_python_test(NAME FILE [VARIABLE=VALUE...] [READS path...]): a file of Python's unittest, which is one test of
+# CTest and leaves the result of each of its cases in TestResults/NAME.json. Debian's own Python runs it. READS names the
+# files and folders of the source tree on which the test depends: while they are unchanged, ./test --quick leaves it out.
 function(ambrel_add_python_test name file)
+  cmake_parse_arguments(PARSE_ARGV 2 test "" "" "READS")
   find_program(AMBREL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
   add_test(NAME ${name}
     COMMAND ${AMBREL_PYTHON} -B ${CMAKE_SOURCE_DIR}/Tests/EndToEnd/case_results.py
             ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+  list(TRANSFORM test_READS PREPEND ${CMAKE_SOURCE_DIR}/)
   set_tests_properties(${name} PROPERTIES
     LABELS lint
-    ENVIRONMENT "AMBREL_TEST_RESULTS=${CMAKE_BINARY_DIR}/TestResults/${name}.json;${ARGN}")
+    REQUIRED_FILES "${test_READS}"
+    ENVIRONMENT "AMBREL_TEST_RESULTS=${CMAKE_BINARY_DIR}/TestResults/${name}.json;${test_UNPARSED_ARGUMENTS}")
 endfunction()

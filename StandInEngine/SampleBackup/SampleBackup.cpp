@@ -17,10 +17,11 @@
 
 namespace {
 
-std::int64_t daysAgo(int days) {
+using Time = std::chrono::system_clock::time_point;
+
+std::int64_t daysBefore(Time now, int days) {
     using namespace std::chrono;
-    const auto time = system_clock::now() - hours(24 * days);
-    return duration_cast<milliseconds>(time.time_since_epoch()).count();
+    return duration_cast<milliseconds>((now - hours(24 * days)).time_since_epoch()).count();
 }
 
 std::vector<std::size_t> itemsBetween(std::size_t first, std::size_t end) {
@@ -31,26 +32,26 @@ std::vector<std::size_t> itemsBetween(std::size_t first, std::size_t end) {
 
 // The library grows, the first item is removed and restored, and a new phone writes the last snapshot. Only that
 // snapshot contains the last item; it contains all others, too.
-void writeLine(SampleHistory& history, std::size_t itemCount) {
+void writeLine(SampleHistory& history, std::size_t itemCount, Time now) {
     const std::size_t half = (itemCount + 1) / 2;
     const std::size_t allButLast = itemCount > 1 ? itemCount - 1 : 1;
     const std::size_t removed = half > 1 ? 1 : 0;
-    const auto first = history.add(itemsBetween(0, half), std::nullopt, daysAgo(120), 1);
-    const auto second = history.add(itemsBetween(removed, (half + itemCount) / 2), first, daysAgo(45), 1);
-    const auto third = history.add(itemsBetween(0, allButLast), second, daysAgo(12), 1);
+    const auto first = history.add(itemsBetween(0, half), std::nullopt, daysBefore(now, 120), 1);
+    const auto second = history.add(itemsBetween(removed, (half + itemCount) / 2), first, daysBefore(now, 45), 1);
+    const auto third = history.add(itemsBetween(0, allButLast), second, daysBefore(now, 12), 1);
     history.publish(third);
-    const auto last = history.add(itemsBetween(0, itemCount), third, daysAgo(1), 2);
+    const auto last = history.add(itemsBetween(0, itemCount), third, daysBefore(now, 1), 2);
     history.publish(last);
     history.withdraw(third);
 }
 
 // Two phones continued from the same snapshot independently.
-void writeFork(SampleHistory& history, std::size_t itemCount) {
+void writeFork(SampleHistory& history, std::size_t itemCount, Time now) {
     const std::size_t half = (itemCount + 1) / 2;
-    const auto first = history.add(itemsBetween(0, half), std::nullopt, daysAgo(90), 1);
-    const auto shared = history.add(itemsBetween(0, (half + itemCount) / 2), first, daysAgo(30), 1);
-    const auto oldPhone = history.add(itemsBetween(0, half), shared, daysAgo(3), 1);
-    const auto newPhone = history.add(itemsBetween(0, itemCount), shared, daysAgo(2), 2);
+    const auto first = history.add(itemsBetween(0, half), std::nullopt, daysBefore(now, 90), 1);
+    const auto shared = history.add(itemsBetween(0, (half + itemCount) / 2), first, daysBefore(now, 30), 1);
+    const auto oldPhone = history.add(itemsBetween(0, half), shared, daysBefore(now, 3), 1);
+    const auto newPhone = history.add(itemsBetween(0, itemCount), shared, daysBefore(now, 2), 2);
     history.publish(oldPhone);
     history.publish(newPhone);
 }
@@ -94,10 +95,11 @@ void SampleBackup::make(const SampleOptions& options, const SecretBytes& passphr
                          PackageHeader::supportedVersion + (isUnsupported ? 1 : 0));
     const SampleLibrary library(pictures, writer);
     SampleHistory history(writer, library);
+    const Time now = options.now.value_or(std::chrono::system_clock::now());
     if (options.kind == SampleKind::forked) {
-        writeFork(history, library.itemCount());
+        writeFork(history, library.itemCount(), now);
     } else {
-        writeLine(history, library.itemCount());
+        writeLine(history, library.itemCount(), now);
     }
     if (options.kind == SampleKind::missingPayload) {
         removePayload(folder.descriptor(), library);

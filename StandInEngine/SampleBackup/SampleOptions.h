@@ -2,6 +2,7 @@
 
 #include "SampleBackup/SampleKind.h"
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ struct SampleOptions {
     bool readsPassphrase = false;
     /// Uses the fast key derivation, for tests.
     bool isFast = false;
+    /// The time from which the snapshots count back; the present if there is none.
+    std::optional<std::chrono::system_clock::time_point> now;
 
     /// `arguments` are those after the program's name. Returns std::nullopt if anything is missing, unknown or given
     /// twice.

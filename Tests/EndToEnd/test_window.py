@@ -1,5 +1,8 @@
 """The window: its size, its place, and that it comes to the front."""
 
+import os
+import pathlib
+
 from accessibility_events import Activations
 from recovery_test_case import RecoveryTestCase
 from role import Role
@@ -39,6 +42,17 @@ class Window(RecoveryTestCase):
                 application.focus_window()
                 application.key(key)
                 self.assertEqual(0, application.wait_for_end())
+
+    def test_has_the_class_by_which_desktops_find_its_entry(self):
+        command = self.scratch / "ambrel-recovery-app"
+        command.symlink_to(self.installation.executable)
+        self.installation.executable = command
+        entry = pathlib.Path(os.environ["AMBREL_BUILD"]) / "Packaging/com.ambrel.recovery.desktop"
+        self.assertIn(f"\nExec={command.name}\n", entry.read_text(encoding="utf-8"))
+        self.assertIn(f"\nStartupWMClass={command.name}\n", entry.read_text(encoding="utf-8"))
+        application = self.start()
+        self.assertIn(application.window_identifier,
+                      window_manager.windows_of_class(self.desktop.environment, command.name))
 
     def test_has_an_icon(self):
         application = self.start()

@@ -1,6 +1,9 @@
 """A whole recovery of the sample backup, with a picture of every screen.
 
-Usage: walkthrough.py SAMPLE-FOLDER PICTURE-FOLDER
+Usage: walkthrough.py SAMPLE-FOLDER PICTURE-FOLDER [FORKED-SAMPLE-FOLDER]
+
+The backup with two histories is made by the way where none is given. The desktop wants no motion, so that the same
+samples give the same pictures.
 
 Needs AMBREL_APPLICATION, the folder of the built application, and AMBREL_BUILD, the folder of the build.
 """
@@ -11,6 +14,9 @@ import shutil
 import sys
 import tempfile
 
+from gi.repository import GLib
+
+from desktop_settings import DesktopSettings
 from display import Desktop
 from engines import gated
 from installation import Installation, environment_of
@@ -57,6 +63,8 @@ class Walkthrough:
         application.wait_for_text(sample.package.name)
         application.type_credential(sample.passphrase, by_keyboard=True)
         wait_for("“inspect”", lambda: application.is_enabled(texts["recovery.inspect.action"]))
+        # Out of the field, where the caret blinks.
+        application.key("Tab")
         self._picture("filled")
         application.press_inspect()
         self._through_gate(texts["recovery.inspecting"], "inspecting")
@@ -136,16 +144,21 @@ def walk(desktop, application_directory, ordinary, forked, pictures, scratch):
 
 
 def main(arguments):
-    if len(arguments) != 2:
+    if len(arguments) not in (2, 3):
         print(__doc__, file=sys.stderr)
         return 2
-    sample_folder, pictures = (pathlib.Path(argument).resolve() for argument in arguments)
+    sample_folder, pictures, *forked = (pathlib.Path(argument).resolve() for argument in arguments)
     shutil.rmtree(pictures, ignore_errors=True)
     pictures.mkdir(parents=True)
     print("Running through a whole recovery on a virtual display…")
     with tempfile.TemporaryDirectory(prefix="ambrel-walk.") as scratch, Desktop() as desktop:
-        count = walk(desktop, os.environ["AMBREL_APPLICATION"], Sample.read(sample_folder), sample("forked"), pictures,
-                     pathlib.Path(scratch))
+        settings = DesktopSettings(desktop.environment["DBUS_SESSION_BUS_ADDRESS"],
+                                   enable_animations=GLib.Variant("b", False))
+        try:
+            count = walk(desktop, os.environ["AMBREL_APPLICATION"], Sample.read(sample_folder),
+                         Sample.read(forked[0]) if forked else sample("forked"), pictures, pathlib.Path(scratch))
+        finally:
+            settings.close()
     print(f"A picture of every screen is in {pictures}:")
     for path in sorted(pictures.iterdir()):
         print(f"  {path.name}")

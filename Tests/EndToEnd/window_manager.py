@@ -84,6 +84,13 @@ def window_of(environment, pid, title):
     return int(found.stdout.split()[0]) if found.stdout else None
 
 
+def windows_of_class(environment, name):
+    """The windows that are shown and have this class; `environment` names the display."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", f"^{re.escape(name)}$"], env=environment,
+                           capture_output=True, text=True, timeout=60, check=False)
+    return [int(window) for window in found.stdout.split()]
+
+
 def minimum_size(display, window):
     """The least (width, height) that a window asks its window manager for."""
     with connection(display) as (x11, client):

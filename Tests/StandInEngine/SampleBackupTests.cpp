@@ -165,6 +165,19 @@ TEST_F(SampleBackupTest, leavesNothingBehindWhenStopped) {
     expectOnly({"pictures"});
 }
 
+TEST_F(SampleBackupTest, countsBackFromTheGivenTime) {
+    const ProgramResult result = Program::run(
+        MAKE_SAMPLE_BACKUP,
+        {"--pictures", pictures(), "--output", package(), "--passphrase-stdin", "--fast", "--now", "1767225600"},
+        {.input = "correct horse\n"});
+    ASSERT_EQ(0, result.status) << result.error;
+    guard(package());
+    const auto document = inspection(package());
+    constexpr std::int64_t day = 86'400'000;
+    EXPECT_EQ(1'767'225'600'000 - 1 * day, std::int64_t(document["snapshots"].at(3)["createdAtUTCMilliseconds"]));
+    EXPECT_EQ(1'767'225'600'000 - 120 * day, std::int64_t(document["snapshots"].at(0)["createdAtUTCMilliseconds"]));
+}
+
 TEST_F(SampleBackupTest, anInvalidCommandLineEndsWithTheUsage) {
     const std::string input = pictures();
     const std::string output = package();
@@ -178,6 +191,10 @@ TEST_F(SampleBackupTest, anInvalidCommandLineEndsWithTheUsage) {
              {"--pictures", input, "--output", output, "--kind"},
              {"--pictures", input, "--output", output, "--fast", "--fast"},
              {"--pictures", input, "--output", output, "more"},
+             {"--pictures", input, "--output", output, "--now"},
+             {"--pictures", input, "--output", output, "--now", "-1"},
+             {"--pictures", input, "--output", output, "--now", "1x"},
+             {"--pictures", input, "--output", output, "--now", "12345678901"},
          }) {
         const ProgramResult result = Program::run(MAKE_SAMPLE_BACKUP, arguments, {});
         EXPECT_EQ(64, result.status) << testing::PrintToString(arguments);

@@ -1,7 +1,5 @@
 #include "AmbrelRecoveryApp/Screens/RecoveryWindow.h"
 
-#include "AmbrelRecoveryApp/Controls/RecoveryPalette.h"
-#include "AmbrelRecoveryApp/Controls/SymbolPainter.h"
 #include "AmbrelRecoveryApp/Screens/RecoveryAccessibility.h"
 
 #include <QGuiApplication>
@@ -10,37 +8,36 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QShortcut>
+#include <QSvgRenderer>
 #include <QVBoxLayout>
 
 #include <memory>
+
+// Not in a namespace, because the macro declares a function that the resource compiler generates.
+static void loadIcon() {
+    Q_INIT_RESOURCE(Icon);
+}
 
 namespace {
 
 constexpr QSize initialSize(980, 720);
 constexpr QSize smallestSize(880, 660);
 
-/// The application's symbol on its accent color.
-QPixmap drawnIcon(int size) {
-    constexpr qreal cornerShare = 0.25;
-    constexpr qreal symbolShare = 0.75;
+QPixmap drawnIcon(QSvgRenderer& source, int size) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(RecoveryPalette::copper());
-    painter.drawRoundedRect(pixmap.rect(), size * cornerShare, size * cornerShare);
-    QRectF symbol(0, 0, size * symbolShare, size * symbolShare);
-    symbol.moveCenter(QRectF(pixmap.rect()).center());
-    SymbolPainter::paint(painter, RecoverySymbol::photoStackFill, symbol, RecoveryPalette::onCopper());
+    source.render(&painter);
     return pixmap;
 }
 
 /// In every size that desktops usually request.
 QIcon icon() {
+    loadIcon();
+    QSvgRenderer source(QStringLiteral(":/icon/com.ambrel.recovery.svg"));
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128}) {
-        icon.addPixmap(drawnIcon(size));
+        icon.addPixmap(drawnIcon(source, size));
     }
     return icon;
 }
@@ -54,7 +51,7 @@ RecoveryWindow::RecoveryWindow() {
     setMinimumSize(smallestSize);
     resize(initialSize);
     setWindowIcon(icon());
-    // Some desktops use this name to find the desktop entry of a window, if one is installed, and with it the icon.
+    // Desktops find the desktop entry of the window by this name, and with it the icon. Packaging installs it.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ambrel.recovery"));
     // Spelled out, because Qt's standard shortcuts for them have no keys on some desktops.
     for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {

@@ -3,7 +3,7 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
 AmbrelRecoveryExportDocument AmbrelRecoveryExportDocument::decode(std::string_view json) {
-    return DocumentObject::parse(json, [](const DocumentObject& object) {
+    return DocumentObject::parse(json, [](DocumentObject object) {
         return AmbrelRecoveryExportDocument{
             .schemaIdentifier = object.string("schemaIdentifier"),
             .status = object.string("status"),

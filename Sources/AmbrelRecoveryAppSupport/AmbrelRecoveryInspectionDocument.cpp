@@ -3,17 +3,16 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
 using Document = AmbrelRecoveryInspectionDocument;
 
-Document::Branch branch(const DocumentObject& object) {
+Document::Branch branch(DocumentObject object) {
     return {object.string("tipSelectionCode"), object.strings("snapshotSelectionCodes")};
 }
 
-Document::Counts counts(const DocumentObject& object) {
+Document::Counts counts(DocumentObject object) {
     return {
         .items = object.unsignedInteger("items"),
         .resources = object.unsignedInteger("resources"),
@@ -24,7 +23,7 @@ Document::Counts counts(const DocumentObject& object) {
     };
 }
 
-Document::PayloadFileEvidence payloadFileEvidence(const DocumentObject& object) {
+Document::PayloadFileEvidence payloadFileEvidence(DocumentObject object) {
     return {
         .complete = object.boolean("complete"),
         .requiredFileCount = object.signedInteger("requiredFileCount"),
@@ -35,7 +34,7 @@ Document::PayloadFileEvidence payloadFileEvidence(const DocumentObject& object) 
     };
 }
 
-Document::Snapshot snapshot(const DocumentObject& object) {
+Document::Snapshot snapshot(DocumentObject object) {
     return {
         .selectionCode = object.string("selectionCode"),
         .createdAtUTCMilliseconds = object.signedInteger("createdAtUTCMilliseconds"),
@@ -49,18 +48,10 @@ Document::Snapshot snapshot(const DocumentObject& object) {
     };
 }
 
-template<typename Value>
-std::vector<Value> each(const std::vector<DocumentObject>& objects, Value (*decode)(const DocumentObject&)) {
-    std::vector<Value> values;
-    values.reserve(objects.size());
-    std::ranges::transform(objects, std::back_inserter(values), decode);
-    return values;
-}
-
 } // namespace
 
 AmbrelRecoveryInspectionDocument AmbrelRecoveryInspectionDocument::decode(std::string_view json) {
-    return DocumentObject::parse(json, [](const DocumentObject& object) {
+    return DocumentObject::parse(json, [](DocumentObject object) {
         return Document{
             .schemaIdentifier = object.string("schemaIdentifier"),
             .formatIdentifier = object.string("formatIdentifier"),
@@ -71,8 +62,8 @@ AmbrelRecoveryInspectionDocument AmbrelRecoveryInspectionDocument::decode(std::s
             .authenticatedCommitCount = object.signedInteger("authenticatedCommitCount"),
             .authenticatedHeadCount = object.signedInteger("authenticatedHeadCount"),
             .maximumWriterEpoch = object.unsignedInteger("maximumWriterEpoch"),
-            .preservedBranches = each(object.objects("preservedBranches"), branch),
-            .snapshots = each(object.objects("snapshots"), snapshot),
+            .preservedBranches = object.objects("preservedBranches", branch),
+            .snapshots = object.objects("snapshots", snapshot),
         };
     });
 }

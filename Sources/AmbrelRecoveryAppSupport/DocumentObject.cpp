@@ -1,19 +1,5 @@
 #include "AmbrelRecoveryAppSupport/DocumentObject.h"
 
-namespace {
-
-/// Returns the value of a simdjson result, or throws if it is not a `Value`.
-template<typename Value, typename Result>
-Value required(Result result) {
-    Value value;
-    if (result.get(value) != simdjson::SUCCESS) {
-        throw DocumentDecodingError();
-    }
-    return value;
-}
-
-} // namespace
-
 DocumentObject DocumentObject::top(simdjson::dom::parser& parser, std::string_view json) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (json.starts_with(byteOrderMark)) {
@@ -27,46 +13,46 @@ DocumentObject DocumentObject::top(simdjson::dom::parser& parser, std::string_vi
     return DocumentObject(required<simdjson::dom::object>(parser.parse(json.data(), json.size())));
 }
 
-std::string DocumentObject::string(std::string_view key) const {
-    return std::string(required<std::string_view>(object_.at_key(key)));
+std::string DocumentObject::string(std::string_view key) {
+    return std::string(required<std::string_view>(at(key)));
 }
 
-std::optional<std::string> DocumentObject::optionalString(std::string_view key) const {
+std::optional<std::string> DocumentObject::optionalString(std::string_view key) {
     simdjson::dom::element element;
-    if (object_.at_key(key).get(element) != simdjson::SUCCESS || element.is_null()) {
+    if (at(key).get(element) != simdjson::SUCCESS || element.is_null()) {
         return std::nullopt;
     }
     return std::string(required<std::string_view>(element));
 }
 
-bool DocumentObject::boolean(std::string_view key) const {
-    return required<bool>(object_.at_key(key));
+bool DocumentObject::boolean(std::string_view key) {
+    return required<bool>(at(key));
 }
 
-std::int64_t DocumentObject::signedInteger(std::string_view key) const {
-    return required<std::int64_t>(object_.at_key(key));
+std::int64_t DocumentObject::signedInteger(std::string_view key) {
+    return required<std::int64_t>(at(key));
 }
 
-std::uint64_t DocumentObject::unsignedInteger(std::string_view key) const {
-    return required<std::uint64_t>(object_.at_key(key));
+std::uint64_t DocumentObject::unsignedInteger(std::string_view key) {
+    return required<std::uint64_t>(at(key));
 }
 
-DocumentObject DocumentObject::object(std::string_view key) const {
-    return DocumentObject(required<simdjson::dom::object>(object_.at_key(key)));
+DocumentObject DocumentObject::object(std::string_view key) {
+    return DocumentObject(required<simdjson::dom::object>(at(key)));
 }
 
-std::vector<DocumentObject> DocumentObject::objects(std::string_view key) const {
-    std::vector<DocumentObject> objects;
-    for (const simdjson::dom::element element : required<simdjson::dom::array>(object_.at_key(key))) {
-        objects.push_back(DocumentObject(required<simdjson::dom::object>(element)));
-    }
-    return objects;
-}
-
-std::vector<std::string> DocumentObject::strings(std::string_view key) const {
+std::vector<std::string> DocumentObject::strings(std::string_view key) {
     std::vector<std::string> strings;
-    for (const simdjson::dom::element element : required<simdjson::dom::array>(object_.at_key(key))) {
+    for (const simdjson::dom::element element : required<simdjson::dom::array>(at(key))) {
         strings.emplace_back(required<std::string_view>(element));
     }
     return strings;
+}
+
+simdjson::simdjson_result<simdjson::dom::element> DocumentObject::at(std::string_view key) {
+    // A key that has not been requested is not among those before next_, so this is the first of its name.
+    if (next_ != end_ && next_.key_equals(key)) {
+        return (next_++).value();
+    }
+    return object_.at_key(key);
 }

@@ -234,6 +234,16 @@ TEST(AmbrelRecoveryInspectionDocumentTest, ignoresUnknownKeysAtEveryLevel) {
     }
 }
 
+TEST(AmbrelRecoveryInspectionDocumentTest, usesTheFirstOfTwoEqualKeysInAnyOrder) {
+    for (const DocumentText& text : {valid, valid.reversed()}) {
+        for (const DocumentField& field : DocumentField::inspection()) {
+            const std::string name = std::string(field.level) + "." + std::string(field.key);
+            EXPECT_TRUE(decoded(text.withLast(field.level, field.key, "{}")) == expected) << name;
+            EXPECT_TRUE(isRefused(text.withFirst(field.level, field.key, "{}"))) << name;
+        }
+    }
+}
+
 TEST(AmbrelRecoveryInspectionDocumentTest, identifiesASnapshotByItsSelectionCode) {
     EXPECT_EQ(decoded(valid).snapshots[0].id(), "code-1");
 }

@@ -95,6 +95,14 @@ DocumentText DocumentText::withLast(std::string_view level, std::string_view key
     return changed;
 }
 
+DocumentText DocumentText::reversed() const {
+    DocumentText changed = *this;
+    for (Level& level : changed.levels_) {
+        std::ranges::reverse(level.members);
+    }
+    return changed;
+}
+
 std::string DocumentText::text() const {
     return text("document");
 }

@@ -20,6 +20,9 @@ public:
     DocumentText withFirst(std::string_view level, std::string_view key, std::string_view value) const;
     DocumentText withLast(std::string_view level, std::string_view key, std::string_view value) const;
 
+    /// The same document with the keys of every object in the opposite order.
+    DocumentText reversed() const;
+
     std::string text() const;
 
 private:

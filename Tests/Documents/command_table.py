@@ -32,7 +32,7 @@ class OnlyChecked:
 
 
 def _benchmark(check):
-    return OnlyChecked("a benchmark, on which no test depends; ./test --thorough builds it", check)
+    return OnlyChecked("measures for minutes; ./test --thorough runs the quick form", check)
 
 
 _NEEDS_ANOTHER_SYSTEM = "makes another system, with root's rights"
@@ -98,24 +98,11 @@ HOW = {
         "name=$(Tools/mutate --list model | grep --only-matching -E '^[0-9a-f]{8} ' | tail -n 1) && "
         "Tools/mutate --list $name | grep '^1 mutants$'"),
     # Benchmarks
-    "Tools/install-dependencies build virtual benchmark": Runs(
-        "Tools/install-dependencies --check build virtual benchmark || [ $? -eq 1 ]"),
-    "cmake --preset release -DAMBREL_BUILD_BENCHMARKS=ON": RunsIn(
-        "test", "build release AmbrelBenchmarks --preset release -DAMBREL_BUILD_BENCHMARKS=ON"),
-    "cmake --build --preset release --target AmbrelBenchmarks": RunsIn(
-        "test", "build release AmbrelBenchmarks --preset release -DAMBREL_BUILD_BENCHMARKS=ON"),
-    "build/release/Benchmarks/AmbrelLocalizationBenchmarks": _benchmark(
-        "grep 'add_executable(AmbrelLocalizationBenchmarks ' Benchmarks/CMakeLists.txt"),
-    "DISPLAY=:9 build/release/Benchmarks/AmbrelScreenBenchmarks": _benchmark(
-        "grep 'foreach(program AmbrelScreenBenchmarks ' Benchmarks/CMakeLists.txt"),
-    "DISPLAY=:9 build/release/Benchmarks/AmbrelScreenBenchmarksUnwiped": _benchmark(
-        "grep 'foreach(program .*AmbrelScreenBenchmarksUnwiped)' Benchmarks/CMakeLists.txt"),
-    "dbus-run-session -- python3 Benchmarks/first_pictures.py build/release": _benchmark(
-        "dbus-run-session -- python3 Benchmarks/first_pictures.py --help"),
+    "Tools/benchmark": _benchmark("Tools/benchmark --help | grep 'else all'"),
+    "Tools/benchmark decode list": _benchmark("Tools/benchmark --help | grep 'decode, list'"),
+    "Tools/benchmark --quick": RunsIn("test", "Tools/benchmark --quick\n"),
     "DISPLAY=:9 dbus-run-session -- python3 Benchmarks/opened_files.py build/release": _benchmark(
         "ls Benchmarks/opened_files.py"),
-    "Xvfb :9 -screen 0 1280x900x24 -nolisten tcp -noreset &": RunsIn(
-        "Tests/EndToEnd/display.py", '"-nolisten", "tcp", "-noreset"'),
     # The misbehaving engine
     'AMBREL_TEST_MISBEHAVIOUR="exit 3" misbehaving-engine inspect …': Runs(
         'AMBREL_TEST_MISBEHAVIOUR="exit 3" misbehaving-engine inspect </dev/null || [ $? -eq 3 ]'),

@@ -37,11 +37,14 @@ def _benchmark(check):
 
 _NEEDS_ANOTHER_SYSTEM = "makes another system, with root's rights"
 _TAKES_MINUTES = "takes minutes or more"
+_CHANGES_THE_SYSTEM = "changes the system, with root's rights"
+_INSTALL_CHECK = "apt --help | grep --word-regexp install"
+_DESKTOP = OnlyChecked("needs more than 600 packages", "Tools/try-desktop --help | grep -e '--scale .*--data .*gnome|kde'")
 
 HOW = {
     # README
     "sudo apt install ./ambrel-recovery_*.deb": OnlyChecked(
-        "changes the system, with root's rights", "apt --help | grep --word-regexp install"),
+        _CHANGES_THE_SYSTEM, _INSTALL_CHECK),
     "ambrel-recovery-app": Runs("ambrel-recovery-app --self-test"),
     "./run": RunsIn("test", "env --unset=DISPLAY --unset=WAYLAND_DISPLAY ./run\n"),
     "./test": RunsIn(".ci/run", "./test --thorough\n"),
@@ -81,6 +84,12 @@ HOW = {
     "sudo Tools/try-distribution 13 ./test --quick": OnlyChecked(
         _NEEDS_ANOTHER_SYSTEM,
         r"Tools/try-distribution --help | grep '\[command\.\.\.\]' && ./test --help | grep -e --quick"),
+    "sudo Tools/try-package 12": OnlyChecked(
+        _NEEDS_ANOTHER_SYSTEM, "Tools/try-package --help | grep '^release  *12 or bookworm, 13'"),
+    'cmake --install build/release --prefix "$PWD/build/installed"': RunsIn(
+        "Tests/Packaging/installed_tree_test.py", "--install"),
+    "Tools/try-desktop --data build/installed/share kde wayland": _DESKTOP,
+    "Tools/try-desktop --data build/installed/share --scale 1.5 gnome x11": _DESKTOP,
     "gdb -s build/release/DebugInformation/AmbrelRecoveryApp.debug -e build/release/AmbrelRecovery/AmbrelRecoveryApp":
         OnlyChecked("no test needs gdb, and it may be missing; addr2line reads the same file",
                     "grep --quiet 'DebugInformation/TARGET.debug' CMake/AmbrelTargets.cmake"),
@@ -97,6 +106,18 @@ HOW = {
     "Tools/mutate MUTANT": Runs(
         "name=$(Tools/mutate --list model | grep --only-matching -E '^[0-9a-f]{8} ' | tail -n 1) && "
         "Tools/mutate --list $name | grep '^1 mutants$'"),
+    # The package
+    "Tools/package build/packages": RunsIn("Tools/package-twice", "\nTools/package build/packages\n"),
+    "sudo apt install ./build/packages/ambrel-recovery-stand-in_0.1.0_amd64.deb": OnlyChecked(
+        _CHANGES_THE_SYSTEM, _INSTALL_CHECK),
+    'Tools/package -DAMBREL_RECOVERY_ENGINE=/path/to/ambrel-recovery "-DAMBREL_PACKAGE_MAINTAINER=Name <name@address>" '
+    "-DAMBREL_PICTURES_URL=https://address/pictures build/packages": OnlyChecked(
+        _TAKES_MINUTES, "for name in RECOVERY_ENGINE PACKAGE_MAINTAINER PICTURES_URL; do "
+                        'Tools/package --help | grep -e "-DAMBREL_$name="; done'),
+    # The engine contract
+    "Tools/check-engine path/to/ambrel-recovery path/to/Photos.ambrel --passphrase-file passphrase.txt "
+    "--recovery-key-file recovery-key.txt --json results.json": RunsIn(
+        "Tests/EngineCheck/check_engine_test.py", "--passphrase-file"),
     # Benchmarks
     "Tools/benchmark": _benchmark("Tools/benchmark --help | grep 'else all'"),
     "Tools/benchmark decode list": _benchmark("Tools/benchmark --help | grep 'decode, list'"),

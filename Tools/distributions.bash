@@ -50,11 +50,12 @@ make_system() {
     mv "$root.new" "$root"
 }
 
-# Puts the tree of the commit into the user's home folder, instead of an earlier one.
+# Puts the tree of the commit into the user's home folder, instead of an earlier one, and sets `commit` to its name.
 copy_tree() {
+    commit=$(git rev-parse --short HEAD)
     rm -rf --one-file-system "${root:?}$tree"
     mkdir "$root$tree"
-    git archive HEAD | tar -x -C "$root$tree"
+    git archive "$commit" | tar -x -C "$root$tree"
     chroot "$root" chown -R tester: "$tree"
     cp --dereference /etc/resolv.conf "$root/etc/resolv.conf"
 }

@@ -39,7 +39,7 @@ _NEEDS_ANOTHER_SYSTEM = "makes another system, with root's rights"
 _TAKES_MINUTES = "takes minutes or more"
 _CHANGES_THE_SYSTEM = "changes the system, with root's rights"
 _INSTALL_CHECK = "apt --help | grep --word-regexp install"
-_DESKTOP = OnlyChecked("needs more than 600 packages", "Tools/try-desktop --help | grep -e '--scale .*--data .*gnome|kde'")
+_DESKTOP = OnlyChecked("needs more than 600 packages", "Tools/try-desktop --help | grep -e '--scale .*gnome|kde wayland|x11'")
 
 HOW = {
     # README
@@ -86,10 +86,8 @@ HOW = {
         r"Tools/try-distribution --help | grep '\[command\.\.\.\]' && ./test --help | grep -e --quick"),
     "sudo Tools/try-package 12": OnlyChecked(
         _NEEDS_ANOTHER_SYSTEM, "Tools/try-package --help | grep '^release  *12 or bookworm, 13'"),
-    'cmake --install build/release --prefix "$PWD/build/installed"': RunsIn(
-        "Tests/Packaging/installed_tree_test.py", "--install"),
-    "Tools/try-desktop --data build/installed/share kde wayland": _DESKTOP,
-    "Tools/try-desktop --data build/installed/share --scale 1.5 gnome x11": _DESKTOP,
+    "Tools/try-desktop kde wayland": _DESKTOP,
+    "Tools/try-desktop --scale 1.5 gnome x11": _DESKTOP,
     "gdb -s build/release/DebugInformation/AmbrelRecoveryApp.debug -e build/release/AmbrelRecovery/AmbrelRecoveryApp":
         OnlyChecked("no test needs gdb, and it may be missing; addr2line reads the same file",
                     "grep --quiet 'DebugInformation/TARGET.debug' CMake/AmbrelTargets.cmake"),

@@ -1,9 +1,9 @@
 """A whole recovery on a real desktop, with pictures, and what the desktop knows about the window.
 
-Usage: desktop_walk.py gnome|kde wayland|x11 SCALE DATA-FOLDER SAMPLE-FOLDER PICTURE-FOLDER
+Usage: desktop_walk.py gnome|kde wayland|x11 SCALE PREFIX SAMPLE-FOLDER PICTURE-FOLDER
 
-Needs AMBREL_APPLICATION, the folder of the built application. DATA-FOLDER is like /usr/share and holds its desktop
-entry; it may be empty.
+Needs AMBREL_APPLICATION, the folder of the built application. Below PREFIX, its desktop entry, icons and command are
+installed.
 """
 
 import os
@@ -92,15 +92,19 @@ def main(arguments):
     if len(arguments) != 6:
         print(__doc__, file=sys.stderr)
         return 2
-    name, display, scale, data, sample_folder, pictures = arguments
+    name, display, scale, prefix, sample_folder, pictures = arguments
     pictures = pathlib.Path(pictures).resolve()
     pictures.mkdir(parents=True, exist_ok=True)
     sample = Sample.read(sample_folder)
     packages = PackageGuard()
     with tempfile.TemporaryDirectory(prefix="ambrel-walk.") as scratch, \
-            _DESKTOPS[name](display == "wayland", float(scale), data, pictures) as desktop:
+            _DESKTOPS[name](display == "wayland", float(scale), prefix, pictures) as desktop:
         scratch = pathlib.Path(scratch)
         installation = Installation(os.environ["AMBREL_APPLICATION"], scratch / "AmbrelRecovery")
+        # X11's desktops find the entry by the name of the command, with which the entry starts the application.
+        command = scratch / "ambrel-recovery-app"
+        command.symlink_to(installation.executable)
+        installation.executable = command
         application = RecoveryApplication(desktop, installation, environment_of(desktop, scratch), scratch, packages)
         try:
             exported = DesktopWalk(desktop, application, installation, scratch, pictures).recover(sample)

@@ -21,8 +21,8 @@ Exec={command}
 class RealDesktop(Desktop):
     """With services of its own, on Wayland or on an X11 server in memory, with everything enlarged by `scale`.
 
-    `data` is a folder like /usr/share that holds a desktop entry and icons for the application, or empty. What the
-    programs of the desktop print is kept in the folder `logs`.
+    The application's desktop entry, icons and command are installed below `prefix`. What the programs of the desktop
+    print is kept in the folder `logs`.
     """
 
     # The first of several services of a name counts.
@@ -32,11 +32,11 @@ class RealDesktop(Desktop):
     # How its windows name their title.
     _title = "title"
 
-    def __init__(self, is_wayland, scale, data, logs):
+    def __init__(self, is_wayland, scale, prefix, logs):
         super().__init__(tuple(int(length * scale) for length in _SIZE))
         self.is_wayland = is_wayland
         self.scale = scale
-        self._data = data
+        self._prefix = prefix
         self._logs = pathlib.Path(logs)
         self._bus = None
         self._login_manager = None
@@ -53,7 +53,9 @@ class RealDesktop(Desktop):
             "GSETTINGS_BACKEND": "keyfile",
             "XDG_CONFIG_HOME": os.path.join(self._directory, "config"),
             "XDG_CURRENT_DESKTOP": self.name,
-            "XDG_DATA_DIRS": ":".join(filter(None, [self._data, "/usr/local/share", "/usr/share"])),
+            # An entry whose command cannot be found is ignored.
+            "PATH": f"{self._prefix}/bin:{os.environ['PATH']}",
+            "XDG_DATA_DIRS": f"{self._prefix}/share:/usr/local/share:/usr/share",
             "XDG_SESSION_TYPE": "wayland" if self.is_wayland else "x11",
         }
 

@@ -1,5 +1,6 @@
 """A real desktop without a display card: what is common to all of them."""
 
+import abc
 import os
 import pathlib
 import subprocess
@@ -18,7 +19,7 @@ Exec={command}
 """
 
 
-class RealDesktop(Desktop):
+class RealDesktop(Desktop, abc.ABC):
     """With services of its own, on Wayland or on an X11 server in memory, with everything enlarged by `scale`.
 
     The application's desktop entry, icons and command are installed below `prefix`. What the programs of the desktop
@@ -111,21 +112,21 @@ class RealDesktop(Desktop):
                 break
             before = picture
 
+    @abc.abstractmethod
     def _grab(self, path):
         """Writes what the display of a Wayland desktop shows now."""
-        raise NotImplementedError
 
+    @abc.abstractmethod
     def windows(self):
         """What the desktop knows about each window in its list of tasks, as dictionaries."""
-        raise NotImplementedError
 
     def titles(self):
         """The titles of these windows."""
         return [window[self._title] for window in self.windows()]
 
+    @abc.abstractmethod
     def inhibitions(self):
         """What keeps the machine awake, as the desktop tells it: (program, reason) each."""
-        raise NotImplementedError
 
     @property
     def locks(self):

@@ -23,7 +23,7 @@
 namespace {
 
 std::filesystem::path temporaryDirectory() {
-    // The application never changes its environment.
+    // While an operation runs, nothing changes the environment.
     const char* const configured = std::getenv("TMPDIR"); // NOLINT(concurrency-mt-unsafe)
     return configured != nullptr && *configured != '\0' ? configured : "/tmp";
 }

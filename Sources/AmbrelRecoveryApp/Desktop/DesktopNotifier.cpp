@@ -17,6 +17,8 @@ const QString object = QStringLiteral("/org/freedesktop/Notifications");
 const QString applicationName = QStringLiteral("Ambrel Recovery");
 /// The action for a click on the notification itself.
 const QString defaultAction = QStringLiteral("default");
+/// The variable from which Qt takes the permission to bring a window forward.
+constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 
 QString withoutMarkup(QString text) {
     return text.replace(QLatin1Char('&'), QLatin1String("&amp;"))
@@ -67,12 +69,14 @@ void DesktopNotifier::withdraw() {
 }
 
 void DesktopNotifier::askForCapabilities() {
-    // Sent before the action. Wayland desktops bring a window forward only with such a token, which Qt takes from here.
+    // Sent before the action. Wayland desktops bring a window forward only with such a token.
     listen(QStringLiteral("ActivationToken"), QStringLiteral("us"),
-           [](const QVariant& token) { qputenv("XDG_ACTIVATION_TOKEN", token.toString().toUtf8()); });
+           [](const QVariant& token) { qputenv(activationToken, token.toString().toUtf8()); });
     listen(QStringLiteral("ActionInvoked"), QStringLiteral("us"), [this](const QVariant& action) {
         if (action == defaultAction) {
             emit activated();
+            // Only Wayland has used it up. It is not for the engine.
+            qunsetenv(activationToken);
         }
     });
     listen(QStringLiteral("NotificationClosed"), QStringLiteral("uu"),

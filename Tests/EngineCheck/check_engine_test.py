@@ -101,6 +101,17 @@ class CheckEngine(unittest.TestCase):
         self.assertFalse(pathlib.Path(f"/proc/{(self.folder / 'pid').read_text().strip()}").exists())
         self.assertEqual([], os.listdir(environment["TMPDIR"]))
 
+    def test_it_ends_with_an_engine_that_it_is_just_starting(self):
+        def yield_to_what_it_starts():
+            os.sched_setaffinity(0, [min(os.sched_getaffinity(0))])
+            os.sched_setscheduler(0, os.SCHED_IDLE | os.SCHED_RESET_ON_FORK, os.sched_param(0))
+
+        engine = self.engine(f"echo $$ >{self.folder}/pid; kill -TERM $PPID; exec sleep 600")
+        ended = subprocess.run([CHECK_ENGINE, engine, self.backup.package], stdout=subprocess.DEVNULL,
+                               preexec_fn=yield_to_what_it_starts, check=False)
+        self.assertEqual(2, ended.returncode)
+        self.assertFalse(pathlib.Path(f"/proc/{(self.folder / 'pid').read_text().strip()}").exists())
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -63,7 +63,7 @@ class Observation:
 
 
 def end_orphans(seconds):
-    """Ends what an engine left running, after it had time to end by itself. Returns the names of what was ended."""
+    """Ends this process's children after they had time to end by themselves. Returns the names of what was ended."""
     deadline = time.monotonic() + seconds
     while _living_children() and time.monotonic() < deadline:
         time.sleep(0.005)

@@ -60,7 +60,7 @@ function(ambrel_split_debug_information target)
 endfunction()
 
 # ambrel_add_test(NAME SOURCES file... [LIBRARIES target...] [LABELS label...] [HEADERS CORE|WIDGETS])
-# Adds a GoogleTest program as one CTest test. The result of each test case is written to TestResults/NAME.json.
+# Adds a GoogleTest program as one CTest test. The result of each test case is written to TestResults/NAME.xml.
 # HEADERS selects the precompiled headers. The ConcurrencyTests target builds the programs with the label "concurrency".
 add_custom_target(ConcurrencyTests)
 function(ambrel_add_test name)
@@ -78,7 +78,7 @@ function(ambrel_add_test name)
   set_tests_properties(${name} PROPERTIES
     LABELS "${test_LABELS}"
     TIMEOUT 900
-    ENVIRONMENT "GTEST_OUTPUT=json:${CMAKE_BINARY_DIR}/TestResults/${name}.json;${AMBREL_TSAN_OPTIONS}")
+    ENVIRONMENT "GTEST_OUTPUT=xml:${CMAKE_BINARY_DIR}/TestResults/${name}.xml;${AMBREL_TSAN_OPTIONS}")
 endfunction()
 
 # ambrel_add_python_test(NAME FILE [VARIABLE=VALUE...] [READS path...]): a file of Python's unittest, which is one test of

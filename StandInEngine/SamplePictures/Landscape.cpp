@@ -8,13 +8,13 @@
 
 namespace {
 
-struct Colour {
+struct Color {
     float red = 0;
     float green = 0;
     float blue = 0;
 };
 
-Colour mix(const Colour& from, const Colour& to, float part) {
+Color mix(const Color& from, const Color& to, float part) {
     return {from.red + (to.red - from.red) * part, from.green + (to.green - from.green) * part,
             from.blue + (to.blue - from.blue) * part};
 }
@@ -47,11 +47,11 @@ public:
         for (unsigned y = 0; y < bitmap_.height; ++y) {
             std::uint8_t* point = bitmap_.row(y);
             for (unsigned x = 0; x < bitmap_.width; ++x, point += 3) {
-                const Colour colour = colourAt(x, y);
+                const Color color = colorAt(x, y);
                 const std::uint32_t grain = scramble(random_ ^ (y * bitmap_.width + x));
-                point[0] = grainy(colour.red, grain);
-                point[1] = grainy(colour.green, grain >> 8);
-                point[2] = grainy(colour.blue, grain >> 16);
+                point[0] = grainy(color.red, grain);
+                point[1] = grainy(color.green, grain >> 8);
+                point[2] = grainy(color.blue, grain >> 16);
             }
         }
         return std::move(bitmap_);
@@ -59,7 +59,7 @@ public:
 
 private:
     struct Range {
-        Colour colour;
+        Color color;
         std::vector<float> outline;
     };
 
@@ -69,7 +69,7 @@ private:
     }
 
     void drawOutline(Range& range, float level) {
-        range.colour = {between(20, 120), between(70, 150), between(40, 110)};
+        range.color = {between(20, 120), between(70, 150), between(40, 110)};
         const float bend = between(2, 5);
         const float detail = between(9, 23);
         const float start = between(0, 6);
@@ -81,15 +81,15 @@ private:
         }
     }
 
-    Colour colourAt(unsigned x, unsigned y) const {
+    Color colorAt(unsigned x, unsigned y) const {
         const auto row = static_cast<float>(y);
         for (std::size_t index = ranges_.size(); index-- > 0;) {
             const float depth = row - ranges_[index].outline[x];
             if (depth > 0) {
-                return mix(ranges_[index].colour, {20, 40, 30}, std::min(1.0F, depth / height_ * 2));
+                return mix(ranges_[index].color, {20, 40, 30}, std::min(1.0F, depth / height_ * 2));
             }
         }
-        const Colour sky = mix(skyTop_, skyBottom_, row / height_);
+        const Color sky = mix(skyTop_, skyBottom_, row / height_);
         const float away = std::hypot(static_cast<float>(x) - sunX_, row - sunY_) / sunRadius_;
         return away < 4 ? mix({255, 244, 214}, sky, std::clamp((away - 1) / 3, 0.0F, 1.0F)) : sky;
     }
@@ -103,8 +103,8 @@ private:
     float width_;
     float height_;
     std::uint32_t random_;
-    Colour skyTop_;
-    Colour skyBottom_;
+    Color skyTop_;
+    Color skyBottom_;
     float sunX_ = 0;
     float sunY_ = 0;
     float sunRadius_ = 0;

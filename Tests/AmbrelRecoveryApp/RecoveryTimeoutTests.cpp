@@ -63,7 +63,7 @@ private:
     const TemporaryDirectory directory_;
     NamedPipe gate_{directory_.path() / "gate"};
     const ScopedEnvironment gateVariable_{"AMBREL_TEST_ENGINE_GATE", gate_.path().string()};
-    const ScopedEnvironment misbehaviourVariable_{"AMBREL_TEST_MISBEHAVIOUR", "exit 3"};
+    const ScopedEnvironment misbehaviorVariable_{"AMBREL_TEST_MISBEHAVIOR", "exit 3"};
     const ScopedEnvironment temporaryVariable_{"TMPDIR", directory_.path().string()};
     RecoveryEngineProgram engine_{misbehavingEngine()};
 };

@@ -116,14 +116,14 @@ TEST_F(ProcessRunnerContractTest, returnsOutputsFarBeyondAnyBuffer) {
 }
 
 TEST_F(ProcessRunnerContractTest, returnsTheOutputOfAnEngineThatFails) {
-    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "did-not-unlock");
+    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOR", "did-not-unlock");
     const Result result = run({"inspect", "/a package", "--recovery-key", "--credential-stdin"}, "key");
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.standardError, "The credential did not unlock this backup.\n");
 }
 
 TEST_F(ProcessRunnerContractTest, passesTheArgumentsVerbatim) {
-    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "print-arguments");
+    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOR", "print-arguments");
     const Result result = run({"export", "", "/a path/with  blanks", "\"'`$HOME;&|*?[]{}~\\", "tab\tline\nfeed", "--",
                                "-", "caf\xC3\xA9", "not UTF-8: \xFF\xFE", "%s%n"});
     EXPECT_THAT(valuesOf(result.standardOutput, "argument"),
@@ -132,12 +132,12 @@ TEST_F(ProcessRunnerContractTest, passesTheArgumentsVerbatim) {
 }
 
 TEST_F(ProcessRunnerContractTest, passesNoArgumentIfThereIsNone) {
-    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "print-arguments");
+    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOR", "print-arguments");
     EXPECT_EQ(run({}).standardOutput, "");
 }
 
 TEST_F(ProcessRunnerContractTest, passesManyAndLongArguments) {
-    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOUR", "print-arguments");
+    const ScopedEnvironment choice("AMBREL_TEST_MISBEHAVIOR", "print-arguments");
     std::vector<std::string> arguments(3000, "argument");
     arguments.push_back(std::string(100000, 'x'));
     EXPECT_EQ(valuesOf(run(arguments).standardOutput, "argument"), arguments);

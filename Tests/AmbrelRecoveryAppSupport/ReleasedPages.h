@@ -4,7 +4,7 @@
 #include <vector>
 
 /// What the pages of secrets held at the very moment they were given back to the system. The test program is linked so
-/// that the code under test gives them back through here (see CMakeLists.txt). Not synchronised.
+/// that the code under test gives them back through here (see CMakeLists.txt). Not synchronized.
 namespace ReleasedPages {
 
 struct Record {

@@ -123,10 +123,10 @@ HOW = {
     "DISPLAY=:9 dbus-run-session -- python3 Benchmarks/opened_files.py build/release": _benchmark(
         "ls Benchmarks/opened_files.py"),
     # The misbehaving engine
-    'AMBREL_TEST_MISBEHAVIOUR="exit 3" misbehaving-engine inspect …': Runs(
-        'AMBREL_TEST_MISBEHAVIOUR="exit 3" misbehaving-engine inspect </dev/null || [ $? -eq 3 ]'),
-    "AMBREL_TEST_MISBEHAVIOUR_EXPORT=destination-exists AMBREL_TEST_MISBEHAVIOUR=valid AmbrelRecoveryApp": Runs(
-        "export AMBREL_TEST_MISBEHAVIOUR_EXPORT=destination-exists AMBREL_TEST_MISBEHAVIOUR=valid; "
+    'AMBREL_TEST_MISBEHAVIOR="exit 3" misbehaving-engine inspect …': Runs(
+        'AMBREL_TEST_MISBEHAVIOR="exit 3" misbehaving-engine inspect </dev/null || [ $? -eq 3 ]'),
+    "AMBREL_TEST_MISBEHAVIOR_EXPORT=destination-exists AMBREL_TEST_MISBEHAVIOR=valid AmbrelRecoveryApp": Runs(
+        "export AMBREL_TEST_MISBEHAVIOR_EXPORT=destination-exists AMBREL_TEST_MISBEHAVIOR=valid; "
         "misbehaving-engine inspect P --recovery-key --credential-stdin <<<secret | grep schemaIdentifier && "
         "(misbehaving-engine export P --snapshot S --destination D --recovery-key --credential-stdin <<<secret 2>&1 || "
         "[ $? -eq 7 ]) | grep 'destination already exists'"),

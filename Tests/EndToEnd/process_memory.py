@@ -14,7 +14,7 @@ ENCODINGS = ("utf-8", "utf-16-le", "utf-32-le")
 # As many consecutive characters of a secret are a fragment of it.
 FRAGMENT_LENGTH = 8
 SECRET_LENGTH = 48
-# A fragment holds a whole probe wherever it begins: among any five neighbouring characters one probe begins.
+# A fragment holds a whole probe wherever it begins: among any five neighboring characters one probe begins.
 _PROBE_LENGTH = 4
 _PROBE_DISTANCE = FRAGMENT_LENGTH - _PROBE_LENGTH + 1
 # Pages of the kernel that can be mapped but not be read from outside; no program can write them.

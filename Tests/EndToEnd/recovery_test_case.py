@@ -67,10 +67,10 @@ class RecoveryTestCase(unittest.TestCase):
         names = [str(path.relative_to(home)) for path in sorted(home.rglob("*")) if not path.is_dir()]
         return [name for name in names if not name.startswith(expected)]
 
-    def scripted_engine(self, **behaviour):
+    def scripted_engine(self, **behavior):
         """Puts a scripted engine into the application's place for it."""
         engine = ScriptedEngine(self.installation.engine, self.scratch / "engine runs")
-        engine.behave(**behaviour)
+        engine.behave(**behavior)
         return engine
 
     def empty_package(self, name="Family Photos.ambrel"):

@@ -25,7 +25,7 @@ ERROR_TEXTS = [
 ]
 FACTORS = ["passphrase", "recovery-key"]
 
-# Behaviour of an inspection, and the failure.
+# Behavior of an inspection, and the failure.
 OUTCOMES = {
     "a status above 128": (fails("The package is unavailable.", 200), "unavailable"),
     "status 15 whatever the text": (fails("Integrity verification failed.", 15), "cancelled"),
@@ -92,9 +92,9 @@ class EngineFailures(RecoveryTestCase):
 
     def test_every_other_outcome_of_an_inspection(self):
         application = self.start_with_package()
-        for name, (behaviour, kind) in OUTCOMES.items():
+        for name, (behavior, kind) in OUTCOMES.items():
             with self.subTest(name):
-                self.engine.behave(inspect=behaviour)
+                self.engine.behave(inspect=behavior)
                 application.inspect("secret")
                 self.assert_alert(application, kind)
         self.engine.behave()
@@ -105,7 +105,7 @@ class EngineFailures(RecoveryTestCase):
         application = self.start_with_package()
         application.inspect("secret")
         application.wait_for_snapshots()
-        for name, behaviour in {
+        for name, behavior in {
                 "no document": "exit 0",
                 "the other document": prints(inspection()),
                 "the other document's identifier": prints(
@@ -114,7 +114,7 @@ class EngineFailures(RecoveryTestCase):
                 "a fraction": prints(export_report(recoveredItemCount=1.5)),
                 "a crash": dies(signal.SIGBUS)}.items():
             with self.subTest(name):
-                self.engine.behave(export=behaviour)
+                self.engine.behave(export=behavior)
                 application.choose_destination(self.scratch / "Recovered")
                 self.assert_alert(application, "generic")
         self.engine.behave()

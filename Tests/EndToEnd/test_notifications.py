@@ -42,9 +42,9 @@ class Notifications(RecoveryTestCase):
         self.addCleanup(self.server.close)
         self.gate = self.scratch / "gate"
 
-    def inspect_elsewhere(self, **behaviour):
+    def inspect_elsewhere(self, **behavior):
         """Starts an inspection, and lets it end while no window has the keyboard."""
-        self.scripted_engine(**behaviour)
+        self.scripted_engine(**behavior)
         gated(self.installation.engine, self.gate)
         application = self.start()
         application.choose_package(self.empty_package())

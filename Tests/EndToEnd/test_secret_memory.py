@@ -32,8 +32,8 @@ class SecretMemory(RecoveryTestCase):
         super().setUp()
         self.engine = self.scripted_engine(read_input=_NOTE_DIGEST)
 
-    def behave(self, **behaviour):
-        self.engine.behave(read_input=_NOTE_DIGEST, **behaviour)
+    def behave(self, **behavior):
+        self.engine.behave(read_input=_NOTE_DIGEST, **behavior)
 
     # Entering a secret
 

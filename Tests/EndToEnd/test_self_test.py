@@ -41,9 +41,9 @@ class SelfTest(unittest.TestCase):
         self.assertEqual([], os.listdir(self.temporary))
         return result.returncode, result.stdout, result.stderr
 
-    def scripted(self, behaviour):
+    def scripted(self, behavior):
         engine = ScriptedEngine(self.installation.engine, self.scratch / "engine runs")
-        engine.behave(self_test=behaviour)
+        engine.behave(self_test=behavior)
         return engine
 
     def test_the_built_in_engine_passes(self):

@@ -106,11 +106,11 @@ def checks_sizes(path):
 def missing_in_command(command):
     """What is missing in the command line that compiled a file, as a list of texts."""
     options = shlex.split(command)
-    optimisation = [option for option in options if re.fullmatch(r"-O\w*", option)]
+    optimization = [option for option in options if re.fullmatch(r"-O\w*", option)]
     missing = [f"compiled without {option}" for option in _OPTIONS if option not in options]
     undone = [option for option in options if option.startswith(("-fno-stack-", "-U_GLIBCXX"))]
-    if not optimisation or optimisation[-1] == "-O0":
-        missing.append("compiled without optimisation, without which no size is checked")
+    if not optimization or optimization[-1] == "-O0":
+        missing.append("compiled without optimization, without which no size is checked")
     return missing + [f"compiled with {option}" for option in undone]
 
 

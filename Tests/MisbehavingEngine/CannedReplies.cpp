@@ -1,6 +1,6 @@
 #include "CannedDocuments.h"
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <cerrno>
@@ -145,7 +145,7 @@ int failReading(const Engine& engine, std::string_view text) {
 
 } // namespace
 
-std::vector<Misbehaviour> cannedReplies() {
+std::vector<Misbehavior> cannedReplies() {
     return {
         {"valid", "three snapshots with one retained tip; an export that succeeds",
          [](Engine& engine) { return reply(engine, {}, {}); }},

@@ -63,7 +63,7 @@ void waitForFile(const std::string& path) {
 } // namespace
 
 Engine::Engine(int argumentCount, char** arguments) : arguments_(arguments + 1, arguments + argumentCount) {
-    const std::string variable = "AMBREL_TEST_MISBEHAVIOUR";
+    const std::string variable = "AMBREL_TEST_MISBEHAVIOR";
     std::string chosen;
     if (!arguments_.empty()) {
         chosen = environment(variable + commandSuffix(arguments_.front()));
@@ -74,7 +74,7 @@ Engine::Engine(int argumentCount, char** arguments) : arguments_(arguments + 1, 
     if (!chosen.empty()) {
         choose(resolved(chosen));
     } else if (!arguments_.empty()) {
-        misbehaviour_ = arguments_.front();
+        misbehavior_ = arguments_.front();
         parameters_.assign(arguments_.begin() + 1, arguments_.end());
     }
     const std::string logPath = environment("AMBREL_TEST_ENGINE_LOG");
@@ -134,7 +134,7 @@ void Engine::waitForSignal() const {
 
 void Engine::choose(std::string text) {
     std::istringstream words(text);
-    words >> misbehaviour_;
+    words >> misbehavior_;
     for (std::string word; words >> word;) {
         parameters_.push_back(word);
     }

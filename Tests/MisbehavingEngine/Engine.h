@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-/// What a misbehaviour knows about its run: what it was started with, and how it tells the test what it does.
+/// What a misbehavior knows about its run: what it was started with, and how it tells the test what it does.
 class Engine {
 public:
     /// The exit status for a run that makes no sense.
@@ -13,10 +13,10 @@ public:
 
     Engine(int argumentCount, char** arguments);
 
-    /// The chosen misbehaviour's name, empty where none was chosen.
-    const std::string& misbehaviour() const { return misbehaviour_; }
+    /// The chosen misbehavior's name, empty where none was chosen.
+    const std::string& misbehavior() const { return misbehavior_; }
 
-    /// What stands behind the name of the misbehaviour.
+    /// What stands behind the name of the misbehavior.
     const std::vector<std::string>& parameters() const { return parameters_; }
 
     /// The parameter, or `otherwise` where there are not so many.
@@ -48,7 +48,7 @@ private:
     void choose(std::string text);
 
     std::vector<std::string> arguments_;
-    std::string misbehaviour_;
+    std::string misbehavior_;
     std::vector<std::string> parameters_;
     std::string input_;
     int log_ = -1;

@@ -1,5 +1,5 @@
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <string>
@@ -8,18 +8,18 @@
 
 namespace {
 
-std::vector<Misbehaviour> allMisbehaviours() {
-    std::vector<Misbehaviour> all;
-    for (const auto& some : {reportingMisbehaviours(), inputMisbehaviours(), outputMisbehaviours(),
-                             endingMisbehaviours(), cannedReplies()}) {
+std::vector<Misbehavior> allMisbehaviors() {
+    std::vector<Misbehavior> all;
+    for (const auto& some :
+         {reportingMisbehaviors(), inputMisbehaviors(), outputMisbehaviors(), endingMisbehaviors(), cannedReplies()}) {
         all.insert(all.end(), some.begin(), some.end());
     }
     return all;
 }
 
 void list(int descriptor) {
-    for (const Misbehaviour& misbehaviour : allMisbehaviours()) {
-        writeAll(descriptor, std::string(misbehaviour.name) + ": " + std::string(misbehaviour.description) + "\n");
+    for (const Misbehavior& misbehavior : allMisbehaviors()) {
+        writeAll(descriptor, std::string(misbehavior.name) + ": " + std::string(misbehavior.description) + "\n");
     }
 }
 
@@ -27,22 +27,22 @@ void list(int descriptor) {
 
 int main(int argumentCount, char** arguments) {
     Engine engine(argumentCount, arguments);
-    if (engine.misbehaviour() == "list") {
+    if (engine.misbehavior() == "list") {
         list(STDOUT_FILENO);
         return 0;
     }
-    for (const Misbehaviour& misbehaviour : allMisbehaviours()) {
-        if (misbehaviour.name == engine.misbehaviour()) {
-            if (misbehaviour.input == Misbehaviour::Input::readFirst) {
+    for (const Misbehavior& misbehavior : allMisbehaviors()) {
+        if (misbehavior.name == engine.misbehavior()) {
+            if (misbehavior.input == Misbehavior::Input::readFirst) {
                 engine.readInput();
             }
-            const int status = misbehaviour.run(engine);
+            const int status = misbehavior.run(engine);
             engine.waitForGate();
             engine.log("finished " + std::to_string(status));
             return status;
         }
     }
-    writeAll(STDERR_FILENO, "no such misbehaviour; there are:\n");
+    writeAll(STDERR_FILENO, "no such misbehavior; there are:\n");
     list(STDERR_FILENO);
     return Engine::usageError;
 }

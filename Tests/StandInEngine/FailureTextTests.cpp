@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 8> needles = {
     "output could not be written",
 };
 
-const std::vector<std::pair<FailureReason, std::string_view>> recognised = {
+const std::vector<std::pair<FailureReason, std::string_view>> recognized = {
     {FailureReason::passphraseDidNotUnlock, needles[0]}, {FailureReason::recoveryKeyDidNotUnlock, needles[0]},
     {FailureReason::credentialInvalid, needles[1]},      {FailureReason::packageInvalid, needles[2]},
     {FailureReason::packageUnavailable, needles[3]},     {FailureReason::integrity, needles[4]},
@@ -48,7 +48,7 @@ std::vector<std::string_view> needlesIn(FailureReason reason) {
 } // namespace
 
 TEST(FailureTextTest, containsOnlyTheWordsOfItsOwnFailure) {
-    for (const auto& [reason, needle] : recognised) {
+    for (const auto& [reason, needle] : recognized) {
         EXPECT_EQ(std::vector{needle}, needlesIn(reason)) << FailureText::sentence(reason);
     }
 }
@@ -60,7 +60,7 @@ TEST(FailureTextTest, ofOtherFailuresContainsNoneOfTheWords) {
 }
 
 TEST(FailureTextTest, noStatusMeansSuccessOrASignal) {
-    for (const auto& [reason, needle] : recognised) {
+    for (const auto& [reason, needle] : recognized) {
         EXPECT_GE(FailureText::exitStatus(reason), 1);
         EXPECT_LT(FailureText::exitStatus(reason), 15);
     }

@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// A named pipe that the test holds open, so that neither side ever waits for the other to open it. It carries the
-/// signals between a test and an engine: lines of the engine's log, bytes for a gate. Not synchronised.
+/// signals between a test and an engine: lines of the engine's log, bytes for a gate. Not synchronized.
 class NamedPipe {
 public:
     /// Makes the pipe at `path`, where nothing may be. Throws std::system_error.

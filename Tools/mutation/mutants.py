@@ -159,7 +159,7 @@ def _blocks(source):
 
 
 def _changed_statements(source, block):
-    """Statements of one block: each that is an expression or a jump taken out, neighbouring expressions exchanged."""
+    """Statements of one block: each that is an expression or a jump taken out, neighboring expressions exchanged."""
     place, previous = block + 1, None
     while place < source.partner[block]:
         if source.word(place) in {"case", "default"}:

@@ -25,7 +25,7 @@ std::optional<std::uint64_t> availableByteCount(const std::filesystem::path& fol
     return error || space.capacity == 0 ? std::nullopt : std::optional<std::uint64_t>(space.available);
 }
 
-QString labelled(const LocalizedStringResource& label, std::uint64_t byteCount) {
+QString labeled(const LocalizedStringResource& label, std::uint64_t byteCount) {
     constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
     const auto shown = static_cast<std::int64_t>(std::min(byteCount, largest));
     return localized(label) + QStringLiteral(": ") + formattedFileSize(shown, currentFormattingLocale());
@@ -44,13 +44,13 @@ SpaceView::SpaceView(std::optional<std::uint64_t> requiredByteCount, QWidget* pa
     layout->addWidget(available_);
     required_->setVisible(requiredByteCount_.has_value());
     if (requiredByteCount_) {
-        required_->setText(labelled(filesExportRequiredSpace(), *requiredByteCount_));
+        required_->setText(labeled(filesExportRequiredSpace(), *requiredByteCount_));
     }
     // The hidden line keeps its space, so that nothing moves when the size arrives.
     QSizePolicy policy = available_->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     available_->setSizePolicy(policy);
-    available_->setText(labelled(filesExportAvailableSpace(), 0));
+    available_->setText(labeled(filesExportAvailableSpace(), 0));
     available_->hide();
 }
 
@@ -79,7 +79,7 @@ void SpaceView::setAvailable(std::optional<std::uint64_t> byteCount) {
     available_->setVisible(byteCount.has_value());
     if (byteCount) {
         const bool isEnough = *byteCount >= requiredByteCount_.value_or(0);
-        available_->setText(labelled(filesExportAvailableSpace(), *byteCount));
+        available_->setText(labeled(filesExportAvailableSpace(), *byteCount));
         available_->setColor(isEnough ? RecoveryPalette::secondary() : RecoveryPalette::warning());
     }
 }

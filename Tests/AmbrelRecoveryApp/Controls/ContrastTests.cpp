@@ -12,7 +12,7 @@ namespace {
 
 using namespace RecoveryPalette;
 
-/// The share of light that a colour sends back, as the Web Content Accessibility Guidelines have it.
+/// The share of light that a color sends back, as the Web Content Accessibility Guidelines have it.
 double luminance(const QColor& color) {
     const auto linear = [](double value) {
         return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int generousMilliseconds = 60'000;
 
-/// A widget of one colour.
+/// A widget of one color.
 class Plain : public QWidget {
 public:
     explicit Plain(const QColor& ground) : color(ground) { resize(200, 100); }

@@ -35,7 +35,7 @@ protected:
         return QTest::qWaitFor([&] { return available(panel).isVisible(); });
     }
 
-    /// Whether a text is drawn in this colour.
+    /// Whether a text is drawn in this color.
     static bool isDrawnIn(TextLabel& text, const QColor& color) {
         QImage picture(text.size(), QImage::Format_RGB32);
         picture.fill(RecoveryPalette::background());

@@ -28,7 +28,7 @@ namespace {
 
 using Kind = AmbrelRecoveryFailureKind;
 
-/// The errors that misbehaviours end in. All others end in none.
+/// The errors that misbehaviors end in. All others end in none.
 const std::map<std::string, Kind> errorsOfEngines = {
     {"wrong-schema", Kind::generic},
     {"garbage", Kind::generic},
@@ -40,10 +40,10 @@ const std::map<std::string, Kind> errorsOfEngines = {
     {"litter-output-directory", Kind::generic},
 };
 
-/// A model on misbehaving-engine, whose misbehaviours a file names.
+/// A model on misbehaving-engine, whose misbehaviors a file names.
 class RecoveryViewModelStormTest : public RecoveryViewModelTestCase {
 protected:
-    RecoveryViewModelStormTest() : choice_("AMBREL_TEST_MISBEHAVIOUR", "@" + path("misbehaviour").string()) {
+    RecoveryViewModelStormTest() : choice_("AMBREL_TEST_MISBEHAVIOR", "@" + path("misbehavior").string()) {
         std::filesystem::remove(path("engine"));
         std::filesystem::create_symlink(misbehavingEngine(), path("engine"));
         misbehave("valid");
@@ -57,7 +57,7 @@ protected:
         }
         inForce_.insert(text.substr(0, text.find(' ')));
         TestFiles::write(path("next"), text);
-        std::filesystem::rename(path("next"), path("misbehaviour"));
+        std::filesystem::rename(path("next"), path("misbehavior"));
     }
 
     static void deliverEvents() {
@@ -95,8 +95,8 @@ protected:
         if (!model || !model->presentedError()) {
             return;
         }
-        const auto fits = [this](const std::string& misbehaviour) {
-            const auto kind = errorsOfEngines.find(misbehaviour);
+        const auto fits = [this](const std::string& misbehavior) {
+            const auto kind = errorsOfEngines.find(misbehavior);
             return kind != errorsOfEngines.end() &&
                    RecoveryErrorPresentation::errorPresentation(kind->second).title == model->presentedError()->title;
         };
@@ -167,17 +167,17 @@ private:
     std::set<std::string> inForce_;
 };
 
-constexpr std::array<const char*, 11> misbehaviours = {"fork",
-                                                       "wrong-schema",
-                                                       "garbage",
-                                                       "did-not-unlock",
-                                                       "no-output",
-                                                       "crash",
-                                                       "wait",
-                                                       "close-input",
-                                                       "silent-failure",
-                                                       "write-both 30000",
-                                                       "litter-output-directory /nowhere"};
+constexpr std::array<const char*, 11> misbehaviors = {"fork",
+                                                      "wrong-schema",
+                                                      "garbage",
+                                                      "did-not-unlock",
+                                                      "no-output",
+                                                      "crash",
+                                                      "wait",
+                                                      "close-input",
+                                                      "silent-failure",
+                                                      "write-both 30000",
+                                                      "litter-output-directory /nowhere"};
 
 } // namespace
 
@@ -189,7 +189,7 @@ TEST_F(RecoveryViewModelStormTest, leavesNothingBehind) {
     int completed = 0;
     for (int round = 0; runs < storm.runs() && !HasFailure(); ++round) {
         misbehave(storm.oneIn(2) ? "valid"
-                                 : misbehaviours.at(static_cast<std::size_t>(storm.below(misbehaviours.size()))));
+                                 : misbehaviors.at(static_cast<std::size_t>(storm.below(misbehaviors.size()))));
         for (int step = 0; step < 8; ++step) {
             switch (storm.below(10)) {
             case 0:

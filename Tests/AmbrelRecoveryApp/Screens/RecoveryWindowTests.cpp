@@ -13,7 +13,7 @@
 
 namespace {
 
-/// How many pixels of the icon in this size are of the colour, give or take what smoothing does.
+/// How many pixels of the icon in this size are of the color, give or take what smoothing does.
 int pixelsOf(const QIcon& icon, int size, const QColor& color) {
     const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
     int count = 0;

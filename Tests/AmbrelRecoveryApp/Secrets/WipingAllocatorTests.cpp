@@ -103,12 +103,12 @@ TEST(WipingAllocatorTest, wipesTheOldPlaceOfABlockThatMoves) {
     for (const std::size_t size : blockSizes) {
         void* const old = markedBlock(size);
         // Keeps the block from growing where it is.
-        void* const neighbour = std::malloc(size);
+        void* const neighbor = std::malloc(size);
         void* const larger = std::realloc(old, 4 * size);
         EXPECT_EQ(std::ranges::count(wholeBlock(larger).first(size), mark), static_cast<std::ptrdiff_t>(size));
         EXPECT_EQ(marksInNextBlock(size), 0) << size;
         std::free(larger);
-        std::free(neighbour);
+        std::free(neighbor);
     }
 }
 

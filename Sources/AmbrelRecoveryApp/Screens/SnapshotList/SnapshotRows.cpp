@@ -9,7 +9,7 @@
 
 namespace {
 
-QString labelled(const QString& label, const QString& value) {
+QString labeled(const QString& label, const QString& value) {
     return label + QStringLiteral(": ") + value;
 }
 
@@ -22,8 +22,8 @@ SnapshotRowContent SnapshotRows::row(std::size_t row) const {
     const auto size = static_cast<std::int64_t>(std::min(snapshot.logicalPlaintextByteCount, largestSize));
     return {
         .date = RecoveryViewModel::formattedDate(snapshot.createdAtUTCMilliseconds),
-        .facts = {labelled(itemsLabel, AmbrelStrings::formattedNumber(snapshot.counts.items, locale)),
-                  labelled(filesLabel, AmbrelStrings::formattedNumber(snapshot.counts.resources, locale)),
+        .facts = {labeled(itemsLabel, AmbrelStrings::formattedNumber(snapshot.counts.items, locale)),
+                  labeled(filesLabel, AmbrelStrings::formattedNumber(snapshot.counts.resources, locale)),
                   AmbrelStrings::formattedFileSize(size, locale)},
         .payload = isComplete ? completeLabel : incompleteLabel,
         .isComplete = isComplete,

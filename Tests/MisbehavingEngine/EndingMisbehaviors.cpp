@@ -1,5 +1,5 @@
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <csignal>
@@ -96,17 +96,17 @@ int leaveGrandchild(Engine& engine) {
 
 } // namespace
 
-std::vector<Misbehaviour> endingMisbehaviours() {
+std::vector<Misbehavior> endingMisbehaviors() {
     return {
         {"exit", "STATUS: exits", exitWithStatus},
         {"die", "SIGNAL: dies of a signal", dieBySignal},
         {"crash", "writes through a null pointer", crash},
-        {"wait", "reads nothing and waits for a signal", waitForSignal, Misbehaviour::Input::untouched},
-        {"stop", "stops itself like a process that a shell has suspended", stopItself, Misbehaviour::Input::untouched},
+        {"wait", "reads nothing and waits for a signal", waitForSignal, Misbehavior::Input::untouched},
+        {"stop", "stops itself like a process that a shell has suspended", stopItself, Misbehavior::Input::untouched},
         {"ignore-termination", "STATUS: reads its input, notes requests to end and exits only when the gate opens",
-         ignoreTermination, Misbehaviour::Input::untouched},
+         ignoreTermination, Misbehavior::Input::untouched},
         {"exit-when-asked", "STATUS: reads its input, waits for a request to end and exits then", exitWhenAskedToEnd,
-         Misbehaviour::Input::untouched},
+         Misbehavior::Input::untouched},
         {"leave-grandchild", "STATUS: exits and leaves a process that holds its outputs until the gate opens",
          leaveGrandchild},
     };

@@ -6,7 +6,7 @@
 class Engine;
 
 /// One thing that an engine may do to its caller.
-struct Misbehaviour {
+struct Misbehavior {
     /// Whether the engine takes its whole standard input, as a good one would, before it does anything else.
     enum class Input { readFirst, untouched };
 
@@ -18,8 +18,8 @@ struct Misbehaviour {
     Input input = Input::readFirst;
 };
 
-std::vector<Misbehaviour> reportingMisbehaviours();
-std::vector<Misbehaviour> inputMisbehaviours();
-std::vector<Misbehaviour> outputMisbehaviours();
-std::vector<Misbehaviour> endingMisbehaviours();
-std::vector<Misbehaviour> cannedReplies();
+std::vector<Misbehavior> reportingMisbehaviors();
+std::vector<Misbehavior> inputMisbehaviors();
+std::vector<Misbehavior> outputMisbehaviors();
+std::vector<Misbehavior> endingMisbehaviors();
+std::vector<Misbehavior> cannedReplies();

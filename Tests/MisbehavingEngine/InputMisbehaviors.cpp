@@ -1,5 +1,5 @@
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <cstddef>
@@ -67,20 +67,20 @@ int leaveReaderAndWait(Engine& engine) {
 
 } // namespace
 
-std::vector<Misbehaviour> inputMisbehaviours() {
+std::vector<Misbehavior> inputMisbehaviors() {
     return {
         {"echo-input", "prints the length of its standard input and its bytes in hexadecimal digits", echoInput},
-        {"echo-input-slowly", "the same, read one byte at a time", echoInputSlowly, Misbehaviour::Input::untouched},
+        {"echo-input-slowly", "the same, read one byte at a time", echoInputSlowly, Misbehavior::Input::untouched},
         {"read-part", "COUNT: reads so many bytes of its standard input and exits with status 0", readPart,
-         Misbehaviour::Input::untouched},
+         Misbehavior::Input::untouched},
         {"close-input", "closes its standard input at once and waits for a signal", closeInput,
-         Misbehaviour::Input::untouched},
+         Misbehavior::Input::untouched},
         {"leave-reader",
          "STATUS: exits and leaves a process that holds its standard input, unread, until the gate opens",
-         leaveReaderAndExit, Misbehaviour::Input::untouched},
+         leaveReaderAndExit, Misbehavior::Input::untouched},
         {"leave-reader-and-wait", "leaves such a process and waits for a signal", leaveReaderAndWait,
-         Misbehaviour::Input::untouched},
+         Misbehavior::Input::untouched},
         {"close-input-and-exit", "STATUS: closes its standard input at once and exits", closeInputAndExit,
-         Misbehaviour::Input::untouched},
+         Misbehavior::Input::untouched},
     };
 }

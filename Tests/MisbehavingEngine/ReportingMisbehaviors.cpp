@@ -1,5 +1,5 @@
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -146,7 +146,7 @@ int printEverything(Engine& engine) {
 
 } // namespace
 
-std::vector<Misbehaviour> reportingMisbehaviours() {
+std::vector<Misbehavior> reportingMisbehaviors() {
     return {
         {"print-arguments", "prints its arguments, one a line", printArguments},
         {"print-program-name", "prints the name that it was started under", printProgramName},

@@ -1,5 +1,5 @@
 #include "Engine.h"
-#include "Misbehaviour.h"
+#include "Misbehavior.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -153,7 +153,7 @@ int lockOutputDirectory(Engine&) {
 
 } // namespace
 
-std::vector<Misbehaviour> outputMisbehaviours() {
+std::vector<Misbehavior> outputMisbehaviors() {
     return {
         {"write-output", "COUNT: writes so many bytes of the repeated alphabet to standard output", writeOutput},
         {"write-error", "COUNT: the same to standard error", writeError},

@@ -36,11 +36,10 @@ class AccessibilityBus:
     def __init__(self, session_bus_address):
         self._session = _connect(session_bus_address)
         # A screen reader announces itself so; toolkits then publish their trees.
-        for name in ("IsEnabled", "ScreenReaderEnabled"):
-            self._session.call_sync(
-                "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
-                GLib.Variant("(ssv)", ("org.a11y.Status", name, GLib.Variant("b", True))),
-                None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None)
+        self._session.call_sync(
+            "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
+            GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True))),
+            None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None)
         address = self._session.call_sync(
             "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None,
             None, Gio.DBusCallFlags.NONE, _CALL_MILLISECONDS, None).unpack()[0]

@@ -2,11 +2,13 @@
 
 import contextlib
 import dataclasses
+import mmap
 import os
 import random
 import re
 import signal
 import string
+import sys
 
 from waiting import wait_for
 
@@ -123,41 +125,56 @@ def _extended(contents, whole, width, index, offset):
 def traces(pid, secret):
     """Every trace of the secret in all readable mappings of a process, which stands still meanwhile.
 
-    Raises MemoryNotReadable where this process lacks the right to look; an empty list always means that everything was
+    Guard pages, which no program can read or write, are left out. Raises MemoryNotReadable where this process lacks the right to look; an empty list always means that everything was
     searched.
     """
     found = []
-    with _standing_still(pid), _memory(pid) as memory:
+    with _standing_still(pid), _opened(pid, "mem") as memory, _opened(pid, "pagemap") as pagemap:
         for mapping in mappings(pid):
             if "r" not in mapping.permissions or _OF_THE_KERNEL.fullmatch(mapping.name):
                 continue
-            contents = os.pread(memory, mapping.end - mapping.start, mapping.start)
-            while len(contents) < mapping.end - mapping.start:
-                contents += _more(memory, mapping, len(contents))
-            found += [Trace(encoding, mapping.start + offset, text, mapping)
-                      for encoding, offset, text in fragments(contents, secret)]
+            for address, contents in _parts(memory, pagemap, mapping):
+                found += [Trace(encoding, address + offset, text, mapping)
+                          for encoding, offset, text in fragments(contents, secret)]
     return found
 
 
-def _more(memory, mapping, already):
-    more = os.pread(memory, mapping.end - mapping.start - already, mapping.start + already)
+def _parts(memory, pagemap, mapping):
+    """(address, contents) of what lies before, between and after the guard pages of a mapping."""
+    address, contents = mapping.start, b""
+    while (end := address + len(contents)) < mapping.end:
+        if _is_guard_page(pagemap, end):
+            yield address, contents
+            address, contents = end + mmap.PAGESIZE, b""
+        else:
+            contents += _more(memory, mapping, end)
+    yield address, contents
+
+
+def _is_guard_page(pagemap, address):
+    entry = os.pread(pagemap, 8, address // mmap.PAGESIZE * 8)
+    return int.from_bytes(entry, sys.byteorder) >> 58 & 1 == 1
+
+
+def _more(memory, mapping, address):
+    more = os.pread(memory, mapping.end - address, address)
     if not more:
-        raise MemoryNotReadable(f"only {already} bytes can be read of {mapping}")
+        raise MemoryNotReadable(f"nothing can be read from {address:x} of {mapping}")
     return more
 
 
 @contextlib.contextmanager
-def _memory(pid):
+def _opened(pid, name):
     try:
-        memory = os.open(f"/proc/{pid}/mem", os.O_RDONLY)
+        file = os.open(f"/proc/{pid}/{name}", os.O_RDONLY)
     except PermissionError as error:
         raise MemoryNotReadable(
             "The application's memory can only be searched with the capability CAP_SYS_PTRACE, as root has it: the "
             "application keeps its own user out.") from error
     try:
-        yield memory
+        yield file
     finally:
-        os.close(memory)
+        os.close(file)
 
 
 @contextlib.contextmanager

@@ -45,16 +45,20 @@ int copiesIn(const std::vector<unsigned char>& memory, std::size_t length) {
 /// Through a copy in a buffer that is overwritten, so that the scan leaves nothing to find.
 int copiesBetween(std::uintptr_t start, std::uintptr_t end) {
     static std::vector<unsigned char> buffer(std::size_t{1} << 20U);
+    static const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     int copies = 0;
     while (start + secretSize <= end) {
         const iovec here{buffer.data(), std::min(buffer.size(), end - start)};
         const iovec there{reinterpret_cast<void*>(start), here.iov_len}; // NOLINT(performance-no-int-to-ptr)
-        const ssize_t length = process_vm_readv(getpid(), &here, 1, &there, 1, 0);
-        if (length < static_cast<ssize_t>(secretSize)) {
-            break;
+        const auto length =
+            static_cast<std::size_t>(std::max<ssize_t>(0, process_vm_readv(getpid(), &here, 1, &there, 1, 0)));
+        if (length < secretSize) {
+            // A guard page, as at the end of a stack: nothing can be written to it or read from it.
+            start = ((start + length) / pageSize + 1) * pageSize;
+            continue;
         }
-        copies += copiesIn(buffer, static_cast<std::size_t>(length));
-        start += static_cast<std::size_t>(length) - secretSize + 1;
+        copies += copiesIn(buffer, length);
+        start += length - secretSize + 1;
     }
     std::memset(buffer.data(), 0, buffer.size());
     return copies;

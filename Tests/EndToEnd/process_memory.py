@@ -125,8 +125,8 @@ def _extended(contents, whole, width, index, offset):
 def traces(pid, secret):
     """Every trace of the secret in all readable mappings of a process, which stands still meanwhile.
 
-    Guard pages, which no program can read or write, are left out. Raises MemoryNotReadable where this process lacks the right to look; an empty list always means that everything was
-    searched.
+    Guard pages, which no program can read or write, are left out. Raises MemoryNotReadable where this process lacks the
+    right to look; an empty list always means that everything else was searched.
     """
     found = []
     with _standing_still(pid), _opened(pid, "mem") as memory, _opened(pid, "pagemap") as pagemap:
@@ -153,6 +153,7 @@ def _parts(memory, pagemap, mapping):
 
 def _is_guard_page(pagemap, address):
     entry = os.pread(pagemap, 8, address // mmap.PAGESIZE * 8)
+    # Bit 58, since Linux 6.15; 0 before.
     return int.from_bytes(entry, sys.byteorder) >> 58 & 1 == 1
 
 

@@ -8,7 +8,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// The C library makes such pages at the end of every thread's stack.
+// Recent C libraries put such a page at the end of a thread's stack, within its mapping.
 TEST(MemoryScanTest, findsWhatLiesBehindAGuardPage) {
     constexpr int installGuard = 102; // MADV_GUARD_INSTALL, which the headers of older releases lack
     const auto pageSize = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
